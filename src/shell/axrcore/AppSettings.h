@@ -1,0 +1,51 @@
+#ifndef APPSETTINGS_H
+#define APPSETTINGS_H
+
+#include "AXRCoreExport.h"
+
+#include <QMap>
+#include <QSettings>
+#include <QString>
+#include <QVariant>
+
+class QComboBox;
+class QWidget;
+
+/// The application's one settings store. Built on the stack for each access; all instances open
+/// the same store. GUI thread only.
+///
+/// The store is QSettings' default format in user scope, under QCoreApplication's organisation
+/// ("AXR" when empty) and application name ("AXRGui" when empty), both read at construction. A
+/// host redirects it through the two names, QSettings::setDefaultFormat() or QSettings::setPath().
+/// A format that stores text gives numbers and flags back as text: read with toInt(), toBool().
+class AXRCORE_EXPORT AppSettings : public QSettings
+{
+    Q_OBJECT
+public:
+    AppSettings();
+
+    /// Moves the widget to the stored point if it lies on a present screen; else leaves it.
+    void restorePos(QWidget* widget, const QString& key);
+    /// Stores the widget's pos() as a QPoint under exactly `key`, inside the current group.
+    void savePos(QWidget* widget, const QString& key);
+
+    /// The colour map stored under `name`, empty if none. Keys are made by Prefix::add().
+    QMap<QString, QVariant> getColorCustomMap(const QString& name);
+    /// Replaces the map stored under `name`, whole. Stored as one value under
+    /// "ColorMap/Maps/<name>", with "/" in the name replaced so that it stays one level.
+    void saveColorCustomMap(const QMap<QString, QVariant>& map, const QString& name);
+
+    /// Replaces the value stored under `key` by the map; an empty map removes it. Keys below
+    /// `key` are other settings and stay. An empty key is ignored.
+    void saveParaMapVariant(const QMap<QString, QMap<QString, QVariant>>& map, const QString& key);
+    /// What saveParaMapVariant() stored under `key`, empty if none. For the host.
+    QMap<QString, QMap<QString, QVariant>> getParaMapVariant(const QString& key);
+
+    /// Stores the box's current text under a key that its object name and its named ancestors
+    /// determine (class name and place among its siblings where names are missing or equal).
+    void saveComboxCurrentText(QComboBox* box);
+    /// The text stored for this box, empty if none. Does not touch the box.
+    QString restoreComboBoxCurrentText(QComboBox* box);
+};
+
+#endif

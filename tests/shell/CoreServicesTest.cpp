@@ -1,0 +1,218 @@
+#include "AppSettings.h"
+#include "BasicTools.h"
+#include "Global.h"
+#include "Prefix.h"
+#include "SysInfo.h"
+#include "SysInfoObject.h"
+#include "TestCase.h"
+
+#include <QComboBox>
+#include <QPushButton>
+#include <QThread>
+
+#include <cmath>
+
+class CoreServicesTest : public TestCase
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void numberText_data()
+    {
+        QTest::addColumn<double>("value");
+        QTest::addColumn<int>("decimals");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("groups") << 1234567.0 << 0 << "1,234,567";
+        QTest::newRow("negative group") << -123.0 << 0 << "-123";
+        QTest::newRow("negative groups") << -1234.5 << 2 << "-1,234.50";
+        QTest::newRow("int bound") << -2147483647.0 << 0 << "-2,147,483,647";
+        QTest::newRow("negative zero") << -0.0001 << 2 << "0.00";
+        QTest::newRow("negative decimals") << 12.6 << -3 << "13";
+        QTest::newRow("infinite") << HUGE_VAL << 1 << "inf";
+    }
+    void numberText()
+    {
+        QFETCH(double, value);
+        QFETCH(int, decimals);
+        QTEST(BasicTools::intInsertDot(value, decimals), "text");
+    }
+
+    void paddedDigits()
+    {
+        QCOMPARE(BasicTools::iToInt(5, 2, "", '0'), QString("05"));
+        QCOMPARE(BasicTools::iToInt(12345, 4, "", '0'), QString("12345"));
+        QCOMPARE(BasicTools::iToInt(7, 3, "n%1 ", ' '), QString("n%1   7"));
+    }
+
+    void axisLimits_data()
+    {
+        QTest::addColumn<int>("min");
+        QTest::addColumn<int>("max");
+        QTest::addColumn<int>("niceMin");
+        QTest::addColumn<int>("niceMax");
+        const int low = std::numeric_limits<int>::min();
+        const int high = std::numeric_limits<int>::max();
+        QTest::newRow("default") << -100 << 100 << -100 << 100;
+        QTest::newRow("widened") << 0 << 57 << 0 << 60;
+        QTest::newRow("equal") << 50 << 50 << 49 << 51;
+        QTest::newRow("inverted") << 57 << 0 << 0 << 60;
+        QTest::newRow("whole range") << low << high << low << high;
+        QTest::newRow("upper end") << high << high << high - 1 << high;
+        QTest::newRow("negative") << -1234 << -1001 << -1250 << -1000;
+    }
+    void axisLimits()
+    {
+        QFETCH(int, min);
+        QFETCH(int, max);
+        for (int pass = 0; pass < 2; ++pass) {
+            BasicTools::adjustLinearAxis(min, max);
+            QTEST(min, "niceMin");
+            QTEST(max, "niceMax");
+        }
+    }
+
+    void symbolColour()
+    {
+        QPixmap symbol(4, 4);
+        symbol.fill(Qt::transparent);
+        {
+            QPainter painter(&symbol);
+            painter.fillRect(0, 0, 2, 4, QColor(255, 0, 0, 128));
+        }
+        BasicTools::setSymbolColor(&symbol, Qt::blue, true, QColor());
+        QCOMPARE(qAlpha(symbol.toImage().pixel(0, 0)), 128);
+        QCOMPARE(symbol.toImage().pixelColor(0, 0).blue(), 255);
+        QCOMPARE(qAlpha(symbol.toImage().pixel(3, 0)), 0);
+
+        QPixmap opaque(2, 1);
+        opaque.fill(Qt::white);
+        {
+            QPainter painter(&opaque);
+            painter.fillRect(0, 0, 1, 1, Qt::black);
+        }
+        BasicTools::setSymbolColor(&opaque, Qt::green, false, QColor());
+        QCOMPARE(opaque.toImage().pixelColor(0, 0), QColor(Qt::green));
+        QCOMPARE(qAlpha(opaque.toImage().pixel(1, 0)), 0);
+
+        QPixmap unchanged = symbol;
+        BasicTools::setSymbolColor(&unchanged, QColor(), true, QColor());
+        QCOMPARE(unchanged.toImage(), symbol.toImage());
+        BasicTools::setSymbolColor(nullptr, Qt::red, true, QColor());
+    }
+
+    void buttonIconColours()
+    {
+        QPixmap symbol(16, 16);
+        symbol.fill(Qt::black);
+        QPushButton button;
+        button.setIcon(symbol);
+        BasicTools::setButtonIconsColor(&button, Qt::red, Qt::gray, Qt::green);
+        const auto colour = [&](QIcon::Mode mode, QIcon::State state) {
+            return button.icon().pixmap(16, mode, state).toImage().pixelColor(8, 8);
+        };
+        QCOMPARE(colour(QIcon::Normal, QIcon::Off), QColor(Qt::red));
+        QCOMPARE(colour(QIcon::Normal, QIcon::On), QColor(Qt::green));
+        QCOMPARE(colour(QIcon::Disabled, QIcon::Off), QColor(Qt::gray));
+
+        QPushButton bare;
+        BasicTools::setButtonIconsColor(&bare, Qt::red, Qt::gray, Qt::green);
+        BasicTools::setButtonIconsColor(nullptr, Qt::red, Qt::gray, Qt::green);
+        QVERIFY(bare.icon().isNull());
+    }
+
+    void prefixKeepsOrderAndName()
+    {
+        for (const QString& name : {QString("red"), QString("12:34"), QString(), QString("%1")})
+            QCOMPARE(Prefix::x(Prefix::add(name, 7)), name);
+        QVERIFY(Prefix::add("z", 2) < Prefix::add("a", 10));
+        QVERIFY(Prefix::add("z", 99) < Prefix::add("a", 100));
+        QCOMPARE(Prefix::x("plain"), QString("plain"));
+    }
+
+    void parameterMapsLeaveNeighboursAlone()
+    {
+        using Map = QMap<QString, QMap<QString, QVariant>>;
+        const Map map{{"1-6-3-0", {{"ba", QByteArray("\0x", 2)}, {"col", QColor(Qt::red)}}}};
+        AppSettings().setValue("graph/checkedId", 3);
+        AppSettings().saveParaMapVariant(map, "graph");
+        QCOMPARE(AppSettings().getParaMapVariant("graph"), map);
+        AppSettings().saveParaMapVariant(Map(), "graph");
+        QVERIFY(!AppSettings().contains("graph"));
+        QCOMPARE(AppSettings().value("graph/checkedId", 0).toInt(), 3);
+        AppSettings().saveParaMapVariant(map, "");
+        QCOMPARE(AppSettings().allKeys(), QStringList("graph/checkedId"));
+    }
+
+    void colourMaps()
+    {
+        QVERIFY(AppSettings().getColorCustomMap("Default").isEmpty());
+        AppSettings().saveColorCustomMap({{Prefix::add("a", 0), QColor(Qt::red)}}, "Default");
+        AppSettings().saveColorCustomMap({{Prefix::add("b", 0), QColor(Qt::blue)}}, "Default");
+        const auto map = AppSettings().getColorCustomMap("Default");
+        QCOMPARE(map.keys(), QStringList(Prefix::add("b", 0)));
+        QCOMPARE(map.first().value<QColor>(), QColor(Qt::blue));
+    }
+
+    void comboBoxesDoNotCollide()
+    {
+        QWidget window;
+        window.setObjectName("window");
+        QComboBox one(&window), two(&window), named(&window);
+        named.setObjectName("a/b");
+        int i = 0;
+        for (QComboBox* box : {&one, &two, &named}) {
+            QCOMPARE(AppSettings().restoreComboBoxCurrentText(box), QString());
+            box->addItem(QString("text %1").arg(i++));
+            AppSettings().saveComboxCurrentText(box);
+        }
+        QCOMPARE(AppSettings().restoreComboBoxCurrentText(&one), QString("text 0"));
+        QCOMPARE(AppSettings().restoreComboBoxCurrentText(&two), QString("text 1"));
+        QCOMPARE(AppSettings().restoreComboBoxCurrentText(&named), QString("text 2"));
+    }
+
+    void positionsStayOnScreen()
+    {
+        QWidget widget;
+        widget.move(10, 10);
+        AppSettings().restorePos(&widget, "pos");
+        QCOMPARE(widget.pos(), QPoint(10, 10));
+        widget.move(40, 50);
+        AppSettings().savePos(&widget, "pos");
+        widget.move(10, 10);
+        AppSettings().restorePos(&widget, "pos");
+        QCOMPARE(widget.pos(), QPoint(40, 50));
+        AppSettings().setValue("pos", QPoint(-9000, 50));
+        AppSettings().restorePos(&widget, "pos");
+        QCOMPARE(widget.pos(), QPoint(40, 50));
+        AppSettings().setValue("pos", "nonsense");
+        AppSettings().restorePos(&widget, "pos");
+        QCOMPARE(widget.pos(), QPoint(40, 50));
+    }
+
+    void registries()
+    {
+        QVERIFY(Global::instance(nullptr) == Global::instance(nullptr));
+        {
+            QObject object;
+            object.setObjectName("one");
+            Global::instance()->addSelf(&object);
+            QCOMPARE(Global::instance()->getSelf("one"), &object);
+        }
+        QVERIFY(!Global::instance()->getSelf("one"));
+        Global::instance()->addSelf(nullptr);
+
+        QScopedPointer<QThread> worker(QThread::create([] {
+            Global::instance()->registerThread(42, "worker");
+            Global::instance()->unregisterThread(43);
+        }));
+        worker->start();
+        worker->wait();
+        QCOMPARE(Global::instance()->registeredThreads().value(42).name, QString("worker"));
+        Global::instance()->unregisterThread(42);
+        QVERIFY(Global::instance()->registeredThreads().isEmpty());
+        QVERIFY(SysInfoObject::instance() == SysInfoObject::instance());
+        QVERIFY(!SysInfo::keyCentralProcessorVendorIdentifier().isEmpty());
+    }
+};
+
+AXR_TEST_MAIN(CoreServicesTest)
+#include "CoreServicesTest.moc"

@@ -1,0 +1,74 @@
+#include "TestCase.h"
+
+#include <QMutex>
+#include <QSettings>
+
+namespace
+{
+
+// The message handler is a plain function that any thread may enter.
+QMutex mutex;
+QtMessageHandler qtTestHandler = nullptr;
+QStringList debugMessages;
+QStringList unexpected;
+QList<QRegularExpression> expected;
+
+} // namespace
+
+TestCase::TestCase()
+{
+    for (QSettings::Format format : {QSettings::NativeFormat, QSettings::IniFormat})
+        QSettings::setPath(format, QSettings::UserScope, m_settingsFolder.path());
+}
+
+TestCase::~TestCase() = default;
+
+void TestCase::expectWarning(const QString& pattern)
+{
+    QMutexLocker lock(&mutex);
+    expected << QRegularExpression(pattern);
+}
+
+QStringList TestCase::debugLines() const
+{
+    QMutexLocker lock(&mutex);
+    return debugMessages;
+}
+
+void TestCase::init()
+{
+    const QDir folder(m_settingsFolder.path());
+    for (const QString& entry : folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+        QDir(folder.filePath(entry)).removeRecursively();
+    debugMessages.clear();
+    unexpected.clear();
+    expected.clear();
+    qtTestHandler = qInstallMessageHandler(&TestCase::handle);
+}
+
+void TestCase::cleanup()
+{
+    qInstallMessageHandler(qtTestHandler);
+    QVERIFY2(unexpected.isEmpty(), qPrintable("warnings: " + unexpected.join('\n')));
+    QVERIFY2(expected.isEmpty(), "an announced warning did not come");
+}
+
+void TestCase::handle(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    QMutexLocker lock(&mutex);
+    if (type == QtDebugMsg) {
+        debugMessages << text;
+        return; // thousands of them would hide the report
+    }
+    if (type == QtWarningMsg || type == QtCriticalMsg) {
+        for (int i = 0; i < expected.size(); ++i) {
+            if (expected.at(i).match(text).hasMatch()) {
+                expected.removeAt(i);
+                return;
+            }
+        }
+        unexpected << text;
+    }
+    lock.unlock();
+    qtTestHandler(type, context, text);
+}
