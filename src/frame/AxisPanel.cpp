@@ -1,0 +1,63 @@
+#include "AxisPanel.h"
+
+#include "Bytes.h"
+#include "Command.h"
+
+#include <QGroupBox>
+#include <QPointer>
+
+AxisPanel::AxisPanel(QWidget* parent) : QWidget(parent) {}
+
+AxisPanel::~AxisPanel() = default;
+
+void AxisPanel::setUpPanel(QGroupBox* frame, std::initializer_list<AxisParameter*> readBack)
+{
+    m_frame = frame;
+    m_readBack = readBack;
+}
+
+void AxisPanel::setTitle(const QString& title) { m_frame->setTitle(title); }
+
+void AxisPanel::updateValues()
+{
+    const QVector<AxisParameter*> parameters = m_readBack;
+    for (const AxisParameter* parameter : parameters) {
+        if (isRead(*parameter) && !send(Instruction::GAP, parameter->number(), 0))
+            return;
+    }
+}
+
+void AxisPanel::IN_replyValue(Command* reply)
+{
+    if (!reply || !carries(reply->getCommand(), Instruction::GAP) ||
+        u8(reply->getAddress()) != u8(getAddress()) ||
+        u8(reply->getMotorBank()) != u8(getMotorBank()))
+        return;
+    const QPointer<AxisPanel> self(this);
+    const char type = reply->getType();
+    const int value = reply->getValue();
+    for (int i = 0; self && i < m_readBack.size(); ++i) {
+        const AxisParameter& parameter = *m_readBack.at(i);
+        if (u8(parameter.number()) == u8(type) && isRead(parameter))
+            parameter.show(value);
+    }
+}
+
+bool AxisPanel::isRead(const AxisParameter& parameter) const
+{
+    Q_UNUSED(parameter)
+    return true;
+}
+
+bool AxisPanel::send(Instruction instruction, char type, int value)
+{
+    const QPointer<AxisPanel> self(this);
+    Command command(getAddress(), toByte(instruction), type, getMotorBank(), value);
+    emit OUT_requestValue(&command);
+    return self;
+}
+
+bool AxisPanel::change(const AxisParameter& parameter, int value)
+{
+    return send(Instruction::SAP, parameter.number(), value);
+}

@@ -1,0 +1,64 @@
+#ifndef AXISPANEL_H
+#define AXISPANEL_H
+
+#include "AXRGuiExport.h"
+#include "AxisParameter.h"
+#include "Instruction.h"
+#include "MotorController.h"
+
+#include <QVector>
+#include <QWidget>
+
+class Command;
+class QGroupBox;
+
+/// Base of the panels that send and take whole commands. A panel adds its form, its parameters and
+/// the instructions behind its buttons.
+///
+/// A panel reads nothing by itself: the host calls updateValues() and delivers every reply that it
+/// wants applied to IN_replyValue(). No status is looked at.
+class AXRGUI_EXPORT AxisPanel : public QWidget, public MotorController
+{
+    Q_OBJECT
+public:
+    ~AxisPanel() override;
+
+    /// Title of the panel's group box.
+    void setTitle(const QString& title);
+
+    /// Asks for each value that the panel shows: one GAP with value 0 for each.
+    void updateValues();
+
+Q_SIGNALS:
+    /// The one way out: a GAP, a SAP or a motion command. The command lives on the panel's stack
+    /// and only during the emission, so connect directly and copy what is needed longer.
+    void OUT_requestValue(Command* request);
+
+public Q_SLOTS:
+    /// The one way in. Takes a GAP reply with the panel's address and motor bank; its value goes to
+    /// every parameter that has the reply's type. Anything else, and null, is ignored. A check box
+    /// or group box that really changes sends its value back once.
+    void IN_replyValue(Command* reply);
+
+protected:
+    explicit AxisPanel(QWidget* parent);
+
+    /// To be called once the form is built: its outer group box, and the parameters that are read
+    /// back, in the order in which updateValues() asks for them.
+    void setUpPanel(QGroupBox* frame, std::initializer_list<AxisParameter*> readBack);
+
+    /// Whether a parameter takes part in reading just now. Default: always.
+    virtual bool isRead(const AxisParameter& parameter) const;
+
+    /// Emits a command with the panel's address and motor bank. Returns false when the panel was
+    /// destroyed meanwhile: a host may do that inside the emission.
+    bool send(Instruction instruction, char type, int value);
+    /// Sends SAP for the parameter.
+    bool change(const AxisParameter& parameter, int value);
+
+private:
+    QGroupBox* m_frame = nullptr;
+    QVector<AxisParameter*> m_readBack;
+};
+
+#endif

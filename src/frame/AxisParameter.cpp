@@ -1,0 +1,62 @@
+#include "AxisParameter.h"
+
+#include "ParameterToolTip.h"
+#include "SpinBox.h"
+
+#include <QAbstractButton>
+#include <QGroupBox>
+#include <QSpinBox>
+
+template <class Box>
+void AxisParameter::bindBox(Box* box)
+{
+    m_widget = box;
+    m_toolTip = [box](char number) { return parameterToolTip(number, *box); };
+    m_setRange = [box](int minimum, int maximum) { box->setRange(minimum, maximum); };
+    m_show = [box](int value) { box->setValue(value); };
+}
+
+template <class Checkable>
+void AxisParameter::bindCheckable(Checkable* widget)
+{
+    m_widget = widget;
+    m_toolTip = [](char number) { return parameterToolTip(number); };
+    m_show = [widget](int value) { widget->setChecked(value != 0); };
+}
+
+void AxisParameter::bind(QSpinBox* field) { bindBox(field); }
+
+void AxisParameter::bind(SpinBox* field, Excess excess)
+{
+    bindBox(field);
+    if (excess == Drop) {
+        m_show = [field](int value) {
+            if (value <= field->maximum())
+                field->setValue(value);
+        };
+    }
+}
+
+void AxisParameter::bind(QAbstractButton* button) { bindCheckable(button); }
+
+void AxisParameter::bind(QGroupBox* box) { bindCheckable(box); }
+
+void AxisParameter::setNumber(char number)
+{
+    m_number = number;
+    if (m_widget)
+        m_widget->setToolTip(m_toolTip(number));
+}
+
+void AxisParameter::setNumberAndRange(char number, int minimum, int maximum)
+{
+    if (m_setRange && minimum != maximum)
+        m_setRange(minimum, maximum);
+    setNumber(number);
+}
+
+void AxisParameter::show(int value) const
+{
+    if (m_show)
+        m_show(value);
+}

@@ -1,0 +1,57 @@
+#ifndef AXISPARAMETER_H
+#define AXISPARAMETER_H
+
+#include "AXRGuiExport.h"
+
+#include <QString>
+
+#include <functional>
+
+class QAbstractButton;
+class QGroupBox;
+class QSpinBox;
+class SpinBox;
+
+/// One axis parameter of a panel: its number, the widget that shows it, and the way of a reply into
+/// that widget. The number starts as 0. The widget belongs to the panel's form and outlives this.
+class AXRGUI_EXPORT AxisParameter
+{
+public:
+    /// What a reply above the field's maximum does.
+    enum Excess { Clip, Drop };
+
+    AxisParameter() = default;
+    AxisParameter(const AxisParameter&) = delete;
+    AxisParameter& operator=(const AxisParameter&) = delete;
+
+    void bind(QSpinBox* field);
+    void bind(SpinBox* field, Excess excess = Clip);
+    /// Checked when the value is not 0.
+    void bind(QAbstractButton* button);
+    void bind(QGroupBox* box);
+
+    /// Stores the number and rebuilds the widget's tool tip.
+    void setNumber(char number);
+    /// Applies the range only when the bounds differ, then sets the number.
+    void setNumberAndRange(char number, int minimum, int maximum);
+    char number() const { return m_number; }
+
+    QWidget* widget() const { return m_widget; }
+
+    /// Shows a value that the module reported.
+    void show(int value) const;
+
+private:
+    template <class Box>
+    void bindBox(Box* box);
+    template <class Checkable>
+    void bindCheckable(Checkable* widget);
+
+    char m_number = 0;
+    QWidget* m_widget = nullptr;
+    std::function<QString(char)> m_toolTip;
+    std::function<void(int, int)> m_setRange;
+    std::function<void(int)> m_show;
+};
+
+#endif

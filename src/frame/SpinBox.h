@@ -1,0 +1,134 @@
+#ifndef SPINBOX_H
+#define SPINBOX_H
+
+#include "AXRGuiExport.h"
+#include "Parameter.h"
+
+#include <QDoubleSpinBox>
+
+/// The numeric field of the panels: shows a device value in device units, can show it in real units
+/// behind, is typed in with a fixed decimal point, and can hold a change back until Return.
+///
+/// A change that waits for Return shows gold, an entry out of range crimson. Range at the start
+/// -2147483647..2147483647, no decimals, right-aligned, keyboard tracking off. The box always uses
+/// the C locale: in another one, digit groups and decimal point would read back as a wrong value.
+///
+/// setMaximum(), setValue() and the valueChanged signals hide those of the base class; a caller
+/// that holds a QDoubleSpinBox* gets no validation.
+class AXRGUI_EXPORT SpinBox : public QDoubleSpinBox
+{
+    Q_OBJECT
+public:
+    enum Option {
+        ReadOnly = 1,        ///< Read-only, without step buttons.
+        Result = 2,          ///< Read-only with "result: " in front; maximum 9.99e99.
+        Slider = 4,          ///< A strip under the field shows the value and takes drags.
+        NoDots = 8,          ///< The text stays as typed, without digit groups.
+        ChangedOnEnter = 16, ///< Signals stay blocked; only sendValue() lets a change out.
+        ResetOnEscape = 32   ///< Escape puts the last value back.
+    };
+    Q_DECLARE_FLAGS(Options, Option)
+
+    explicit SpinBox(QWidget* parent = nullptr, QFlags<SpinBox::Option> options = {});
+    ~SpinBox() override;
+
+    /// Adds options; none is ever taken away. Blocks the signals when ChangedOnEnter is then set,
+    /// and installs a new validator.
+    void setFlags(QFlags<SpinBox::Option> options);
+
+    /// With Result the maximum becomes 9.99e99 whatever is given.
+    void setMaximum(double maximum);
+
+    /// The value in real units, value / (factor x pulse factor); the value itself when that
+    /// product is 0.
+    double valueReal() const;
+
+    /// The value last confirmed or received, with which a pending entry is compared.
+    double lastValue() const { return m_lastValue; }
+
+    /// Configures the box from a device parameter. An invalid parameter disables the box and shows
+    /// "---"; a later valid one does not enable it again.
+    /// \param rawDisplay true: no real units, the value stays; false: `value` is shown
+    /// \param value in device units
+    /// \param decimals above 0 also sets the single step to decimals / 10
+    /// \return the caption: the parameter's name, with a capital when longer than one letter;
+    /// empty for an invalid parameter
+    QString setUnitParameter(Parameter parameter, bool rawDisplay, double value, int decimals);
+
+    /// Gives the box the inset look with wide text. The next colour change of an entry wipes it.
+    void updateStyleSheet();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    QSize sizeHint() const override;
+
+public Q_SLOTS:
+    /// Shows a value without taking it as confirmed: with ChangedOnEnter it may show as pending.
+    /// Emits nothing then.
+    void setValue(double value);
+    /// Applies a reply: the value counts as confirmed. Emits nothing with ChangedOnEnter.
+    void setValue(int value);
+    /// Runs the line edit's validator on the present text for its colours and width.
+    void doValidation();
+    /// Pulse factor = 2^-pulseDivisor x 16000000 / 65536; the real-unit display follows at the next
+    /// valueHasChanged().
+    void setPulseDivisorFactor(int pulseDivisor);
+    /// Real units per device unit, default 1. Shows at the next valueHasChanged().
+    void setFactor(double factor);
+    /// Emits valueChanged(int) with the rounded value, as a dial does that moved the box silently.
+    void externItemMouseReleased();
+    /// Rebuilds the suffix for a value in device units.
+    void valueHasChanged(double value);
+    /// Emits both forms of valueChanged, rounded by qRound, then takes the value as confirmed.
+    void valueToInt(double value);
+    /// Confirms the entry: takes typed text, and when the value differs from the last one, emits
+    /// valueChanged(double, double), valueChanged(int) with the value cut toward zero, and the
+    /// base's valueChanged(QString). The signals are afterwards blocked or not as before.
+    void sendValue();
+
+Q_SIGNALS:
+    /// The value as a whole number; what panels connect to.
+    void valueChanged(int);
+    /// The new value, then the last one.
+    void valueChanged(double, double);
+    /// Forwards hover and focus events; the event is valid during the emission.
+    void hoverFocusEvent(QEvent*);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    /// Keeps the caret at its digit while the validator moves point and digit groups.
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    friend class DoubleValidator; // which colours the entry and shows its tool tip
+
+    enum class Entry { Clean, Pending, Invalid };
+
+    bool has(Option option) const { return m_options.testFlag(option); }
+    void installValidator();
+    void setLastValue(double value);
+    void setValueSilently(double value);
+    void showEntry(Entry entry);
+    void showOutOfRangeTip();
+    void hideOutOfRangeTip();
+    void growWith(const QString& text);
+    void clearWhenConfirmed();
+    QString boundText(double bound) const;
+    QRect sliderStrip() const;
+
+    double m_factor = 1.0;
+    double m_pulseFactor = 1.0;
+    double m_lastValue = 0.0;
+    QString m_unitText;
+    Options m_options;
+    int m_apNumber = -1;
+    QPoint m_lastCursorPos;
+    bool m_tipShown = false;
+    int m_confirmations = 0; // tells an emitter that a reply came inside its emission
+};
+
+Q_DECLARE_OPERATORS_FOR_FLAGS(SpinBox::Options)
+
+#endif

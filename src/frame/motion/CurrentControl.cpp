@@ -1,0 +1,49 @@
+#include "CurrentControl.h"
+
+#include "Numbers.h"
+#include "ui_CurrentControl.h"
+
+CurrentControl::CurrentControl(QWidget* parent)
+    : TurnPanel(parent), m_ui(std::make_unique<Ui::CurrentControl>())
+{
+    m_ui->setupUi(this);
+    m_targetCurrent.bind(m_ui->sbTargetCurrent);
+    m_actualCurrent.bind(m_ui->sbActualCurrent);
+    setUpPanel(m_ui->gbCurrentControl, {&m_actualCurrent});
+}
+
+CurrentControl::~CurrentControl() { endJog(); }
+
+void CurrentControl::setTargetCurrentCommand(char type) { m_targetCurrent.setNumber(type); }
+
+void CurrentControl::setTargetCurrentCommandAndRange(char type, int minimum, int maximum)
+{
+    m_targetCurrent.setNumberAndRange(type, minimum, maximum);
+}
+
+void CurrentControl::setActualCurrentCommand(char type) { m_actualCurrent.setNumber(type); }
+
+void CurrentControl::setActualCurrentCommandAndRange(char type, int minimum, int maximum)
+{
+    m_actualCurrent.setNumberAndRange(type, minimum, maximum);
+}
+
+void CurrentControl::setActualText(const QString& text) { m_ui->lblActualCurrent->setText(text); }
+
+void CurrentControl::setTargetText(const QString& text) { m_ui->lblTargetCurrent->setText(text); }
+
+void CurrentControl::setUseMSTForStop(bool use) { m_useMSTForStop = use; }
+
+void CurrentControl::turn(Direction direction)
+{
+    const qint64 target = m_ui->sbTargetCurrent->value();
+    change(m_targetCurrent, toInt(direction == Direction::Left ? -target : target));
+}
+
+void CurrentControl::halt()
+{
+    if (m_useMSTForStop)
+        send(Instruction::MST, 0, 0);
+    else
+        change(m_targetCurrent, 0);
+}

@@ -1,0 +1,46 @@
+#include "VelocityControl.h"
+
+#include "ParameterToolTip.h"
+#include "ui_VelocityControl.h"
+
+VelocityControl::VelocityControl(QWidget* parent)
+    : TurnPanel(parent), m_ui(std::make_unique<Ui::VelocityControl>())
+{
+    m_ui->setupUi(this);
+    m_actualVelocity.bind(m_ui->sbActualVelocity);
+    setUpPanel(m_ui->gbVelocityControl, {&m_actualVelocity});
+}
+
+VelocityControl::~VelocityControl() { endJog(); }
+
+void VelocityControl::setActualVelocityCommand(char type) { m_actualVelocity.setNumber(type); }
+
+void VelocityControl::setActualVelocityCommandAndRange(char type, int minimum, int maximum)
+{
+    m_actualVelocity.setNumberAndRange(type, minimum, maximum);
+}
+
+void VelocityControl::setTargetVelocityRange(int minimum, int maximum)
+{
+    if (minimum != maximum)
+        m_ui->sbTargetVelocity->setRange(minimum, maximum);
+    m_ui->sbTargetVelocity->setToolTip(
+        rangeToolTip(QStringLiteral("MST/ROR/ROL"), *m_ui->sbTargetVelocity));
+}
+
+void VelocityControl::setTargetVelocitySingleStep(int step)
+{
+    m_ui->sbTargetVelocity->setSingleStep(step);
+}
+
+void VelocityControl::setActualText(const QString& text) { m_ui->lblActualVelocity->setText(text); }
+
+void VelocityControl::setTargetText(const QString& text) { m_ui->lblTargetVelocity->setText(text); }
+
+void VelocityControl::turn(Direction direction)
+{
+    send(direction == Direction::Left ? Instruction::ROL : Instruction::ROR, 0,
+         m_ui->sbTargetVelocity->value());
+}
+
+void VelocityControl::halt() { send(Instruction::MST, 0, 0); }

@@ -1,0 +1,9 @@
+#ifndef LOGGING_H
+#define LOGGING_H
+
+#include <QLoggingCategory>
+
+/// One category for each folder, "axr.<folder>", so that a host switches them in one rule.
+Q_DECLARE_LOGGING_CATEGORY(axrShell)
+
+#endif
