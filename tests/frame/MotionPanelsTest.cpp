@@ -1,0 +1,302 @@
+#include "CommandRecorder.h"
+#include "CurrentControl.h"
+#include "PositionControl.h"
+#include "SpinBox.h"
+#include "TestCase.h"
+#include "User.h"
+#include "VelocityControl.h"
+#include "VelocityRampControl.h"
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRandomGenerator>
+#include <QSpinBox>
+
+namespace
+{
+
+template <class Panel>
+QString toolTip(const Panel& panel, const char* name)
+{
+    return User::find<QWidget>(&panel, name)->toolTip();
+}
+
+void set(const QWidget& panel, const char* name, int value)
+{
+    User::find<QSpinBox>(&panel, name)->setValue(value);
+}
+
+int shown(const QWidget& panel, const char* name)
+{
+    return User::find<QSpinBox>(&panel, name)->value();
+}
+
+void click(const QWidget& panel, const char* name)
+{
+    User::click(User::find<QPushButton>(&panel, name));
+}
+
+void deliver(AxisPanel& panel, Command command) { panel.IN_replyValue(&command); }
+
+} // namespace
+
+class MotionPanelsTest : public TestCase
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void slotsNameExistingObjects()
+    {
+        // A slot without its object would warn, and a warning fails; one click must emit once.
+        VelocityControl velocity;
+        CurrentControl current;
+        PositionControl position;
+        VelocityRampControl ramp;
+        for (AxisPanel* panel :
+             std::initializer_list<AxisPanel*>{&velocity, &current, &position, &ramp}) {
+            const auto* frame = panel->findChild<QGroupBox*>();
+            panel->setTitle("Axis 2");
+            QCOMPARE(frame->title(), QString("Axis 2"));
+        }
+    }
+
+    void velocityButtons()
+    {
+        VelocityControl panel;
+        panel.setAddress(2);
+        panel.setMotorBank(1);
+        set(panel, "sbTargetVelocity", 500);
+        CommandRecorder sent(&panel);
+        click(panel, "btnRight");
+        click(panel, "btnLeft");
+        click(panel, "btnStop");
+        QCOMPARE(sent.takeLines(), QStringList({"2 1 0 1 500", "2 2 0 1 500", "2 3 0 1 0"}));
+        click(panel, "btnJogLeft");
+        click(panel, "btnJogRight");
+        QCOMPARE(sent.takeLines(),
+                 QStringList({"2 2 0 1 500", "2 3 0 1 0", "2 1 0 1 500", "2 3 0 1 0"}));
+        panel.setActualVelocityCommand(3);
+        panel.updateValues();
+        QCOMPARE(sent.takeLines(), QStringList("2 6 3 1 0"));
+    }
+
+    void velocityTexts()
+    {
+        VelocityControl panel;
+        QCOMPARE(User::find<QLabel>(&panel, "lblActualVelocity")->text(),
+                 QString("Actual vel. [rpm] "));
+        panel.setActualVelocityCommandAndRange(toByte(200), -100, 100);
+        QCOMPARE(toolTip(panel, "sbActualVelocity"), QString("AP 200 (-100..100)"));
+        panel.setActualVelocityCommandAndRange(3, 7, 7);
+        QCOMPARE(toolTip(panel, "sbActualVelocity"), QString("AP 3 (-100..100)"));
+        panel.setTargetVelocityRange(5, 5);
+        QCOMPARE(toolTip(panel, "sbTargetVelocity"), QString("MST/ROR/ROL (0..100000)"));
+        panel.setTargetVelocityRange(-3000, 3000);
+        QCOMPARE(toolTip(panel, "sbTargetVelocity"), QString("MST/ROR/ROL (-3000..3000)"));
+    }
+
+    void repliesAreFiltered_data()
+    {
+        QTest::addColumn<int>("address");
+        QTest::addColumn<int>("command");
+        QTest::addColumn<int>("type");
+        QTest::addColumn<int>("bank");
+        QTest::addColumn<bool>("taken");
+        QTest::newRow("match") << 130 << 6 << 200 << 129 << true;
+        QTest::newRow("echo of a change") << 130 << 5 << 200 << 129 << false;
+        QTest::newRow("other address") << 131 << 6 << 200 << 129 << false;
+        QTest::newRow("other bank") << 130 << 6 << 200 << 0 << false;
+        QTest::newRow("other type") << 130 << 6 << 201 << 129 << false;
+    }
+    void repliesAreFiltered()
+    {
+        QFETCH(int, address);
+        QFETCH(int, command);
+        QFETCH(int, type);
+        QFETCH(int, bank);
+        VelocityControl panel;
+        panel.setAddress(toByte(130));
+        panel.setMotorBank(toByte(129));
+        panel.setActualVelocityCommand(toByte(200));
+        CommandRecorder sent(&panel);
+        Command answer = reply(address, command, type, bank, 77);
+        answer.setStatus(3); // the host delivers only what it wants applied
+        deliver(panel, answer);
+        QFETCH(bool, taken);
+        QCOMPARE(shown(panel, "sbActualVelocity"), taken ? 77 : 0);
+        panel.IN_replyValue(nullptr);
+        QCOMPARE(sent.takeLines(), QStringList());
+    }
+
+    void currentButtons()
+    {
+        CurrentControl panel;
+        panel.setTargetCurrentCommandAndRange(155 - 256, 0, 5000);
+        QCOMPARE(toolTip(panel, "sbTargetCurrent"), QString("AP 155 (0..5000)"));
+        panel.setActualCurrentCommand(8);
+        set(panel, "sbTargetCurrent", 500);
+        CommandRecorder sent(&panel);
+        click(panel, "btnRight");
+        click(panel, "btnLeft");
+        click(panel, "btnStop");
+        QCOMPARE(sent.takeLines(), QStringList({"1 5 155 0 500", "1 5 155 0 -500", "1 5 155 0 0"}));
+        panel.setUseMSTForStop(true);
+        click(panel, "btnJogLeft");
+        QCOMPARE(sent.takeLines(), QStringList({"1 5 155 0 -500", "1 3 0 0 0"}));
+        panel.updateValues();
+        QCOMPARE(sent.takeLines(), QStringList("1 6 8 0 0"));
+        deliver(panel, reply(1, 6, 155, 0, 9));
+        QCOMPARE(shown(panel, "sbActualCurrent"), 0);
+        deliver(panel, reply(1, 6, 8, 0, -999999));
+        QCOMPARE(shown(panel, "sbActualCurrent"), -99999);
+    }
+
+    void jogEndsWithThePanel()
+    {
+        auto panel = std::make_unique<CurrentControl>();
+        panel->setTargetCurrentCommand(7);
+        panel->show();
+        CommandRecorder sent(panel.get());
+        User::press(User::find<QPushButton>(panel.get(), "btnJogRight"));
+        sent.takeLines();
+        panel->hide();
+        QCOMPARE(sent.takeLines(), QStringList("1 5 7 0 0"));
+        panel->show();
+        panel->hide();
+        QCOMPARE(sent.takeLines(), QStringList());
+        panel->show();
+        User::press(User::find<QPushButton>(panel.get(), "btnJogRight"));
+        sent.takeLines();
+        panel.reset();
+        QCOMPARE(sent.takeLines(), QStringList("1 5 7 0 0"));
+    }
+
+    void positionButtons()
+    {
+        PositionControl panel;
+        panel.setActualPositionCommandAndRange(1, 0, 0);
+        panel.setClearOnNullCommand(20);
+        panel.setClearOnceCommand(21);
+        QCOMPARE(toolTip(panel, "btnClear"), QString("AP 1"));
+        QCOMPARE(toolTip(panel, "btnClearOnNull"), QString("AP 20"));
+        QCOMPARE(toolTip(panel, "sbActualPosition"), QString("AP 1 (-2147483647..2147483647)"));
+        CommandRecorder sent(&panel);
+        click(panel, "btnClear");
+        click(panel, "btnClearOnNull");
+        QCOMPARE(sent.takeLines(), QStringList({"1 5 1 0 0", "1 5 21 0 1", "1 5 20 0 1"}));
+        click(panel, "btnStop");
+        panel.setUseMSTForStop(true);
+        click(panel, "btnStop");
+        QCOMPARE(sent.takeLines(), QStringList({"1 4 1 0 0", "1 3 0 0 0"}));
+        panel.updateValues();
+        QCOMPARE(sent.takeLines(), QStringList("1 6 1 0 0"));
+    }
+
+    void relativeMoves()
+    {
+        PositionControl panel;
+        panel.setActualPositionCommand(1);
+        auto* relativeTo = User::find<QComboBox>(&panel, "cmbRelativeTo");
+        CommandRecorder sent(&panel);
+        set(panel, "sbTargetPosition", 1000);
+        click(panel, "btnMoveAbsolute");
+        set(panel, "sbTargetPosition", 100);
+        relativeTo->setCurrentText("target position");
+        for (int i = 0; i < 3; ++i)
+            click(panel, "btnMoveRelative");
+        QCOMPARE(sent.takeLines(),
+                 QStringList({"1 4 0 0 1000", "1 4 0 0 1100", "1 4 0 0 1200", "1 4 0 0 1300"}));
+        relativeTo->setCurrentText("actual position");
+        deliver(panel, reply(1, 6, 1, 0, 2147483600));
+        click(panel, "btnMoveRelative");
+        panel.setUseMVPAbsForRel(true);
+        click(panel, "btnMoveRelative");
+        QCOMPARE(sent.takeLines(), QStringList({"1 4 1 0 100", "1 4 0 0 2147483647"}));
+        relativeTo->setCurrentText("target position"); // which the two moves above moved on, too
+        click(panel, "btnMoveRelative");
+        QCOMPARE(sent.takeLines(), QStringList("1 4 0 0 1600"));
+    }
+
+    void rampParameters()
+    {
+        VelocityRampControl panel;
+        auto* velocity = User::find<SpinBox>(&panel, "sbMaxVelocity");
+        auto* enabler = User::find<QGroupBox>(&panel, "gbRampEnabler");
+        panel.setMaxVelocityCommand(4);
+        QCOMPARE(velocity->toolTip(), QString("AP 4 (-2.14748e+09..2.14748e+09)"));
+        panel.setMaxVelocityCommandAndRange(4, 0, 4000);
+        panel.setAccelerationCommandAndRange(11, 1, 9000);
+        panel.setEnableRampCommand(12);
+        QCOMPARE(enabler->toolTip(), QString("AP 12"));
+        CommandRecorder sent(&panel);
+        panel.updateValues();
+        QCOMPARE(sent.takeLines(), QStringList({"1 6 4 0 0", "1 6 11 0 0", "1 6 12 0 0"}));
+
+        deliver(panel, reply(1, 6, 4, 0, 3000));
+        deliver(panel, reply(1, 6, 4, 0, 4001)); // dropped
+        deliver(panel, reply(1, 6, 11, 0, -7));  // clipped: only the maximum is looked at
+        QCOMPARE(velocity->value(), 3000.0);
+        QCOMPARE(User::find<SpinBox>(&panel, "sbAcceleration")->value(), 1.0);
+        QCOMPARE(sent.takeLines(), QStringList());
+        deliver(panel, reply(1, 6, 12, 0, 0));
+        deliver(panel, reply(1, 6, 12, 0, 0));
+        QCOMPARE(sent.takeLines(), QStringList("1 5 12 0 0"));
+
+        velocity->selectAll();
+        User::type(velocity, "250");
+        QCOMPARE(sent.takeLines(), QStringList());
+        QTest::keyClick(velocity, Qt::Key_Return);
+        QCOMPARE(sent.takeLines(), QStringList("1 5 4 0 250"));
+        enabler->setChecked(true);
+        QCOMPARE(sent.takeLines(), QStringList("1 5 12 0 1"));
+    }
+
+    void equalNumbersAllTakeTheValue()
+    {
+        VelocityRampControl panel;
+        deliver(panel, reply(1, 6, 0, 0, 5));
+        QCOMPARE(User::find<SpinBox>(&panel, "sbMaxVelocity")->value(), 5.0);
+        QCOMPARE(User::find<SpinBox>(&panel, "sbAcceleration")->value(), 5.0);
+    }
+
+    void hostMayDeleteThePanelInsideAnEmission()
+    {
+        for (const char* button : {"btnClearOnNull", "btnMoveRelative"}) {
+            auto* panel = new PositionControl;
+            CommandRecorder sent(panel);
+            sent.onCommand([panel](const Command&) { panel->deleteLater(); });
+            click(*panel, button);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
+        auto* ramp = new VelocityRampControl;
+        CommandRecorder sent(ramp);
+        sent.onCommand([ramp](const Command&) { delete ramp; });
+        ramp->updateValues();
+        QCOMPARE(sent.takeLines().size(), 1);
+    }
+
+    void randomRepliesSendOnlyTheEnablerEcho()
+    {
+        VelocityRampControl ramp;
+        PositionControl position;
+        ramp.setEnableRampCommand(12);
+        CommandRecorder fromRamp(&ramp);
+        CommandRecorder fromPosition(&position);
+        QRandomGenerator random(7);
+        for (int i = 0; i < 20000; ++i) {
+            Command command = reply(random.bounded(3), 5 + random.bounded(2), random.bounded(14),
+                                    random.bounded(2), i % 3 ? int(random.generate()) : 0);
+            ramp.IN_replyValue(&command);
+            position.IN_replyValue(&command);
+        }
+        QCOMPARE(fromPosition.takeLines(), QStringList());
+        const QStringList lines = fromRamp.takeLines();
+        QVERIFY(!lines.isEmpty());
+        for (const QString& line : lines)
+            QVERIFY2(line.startsWith("1 5 12 0 "), qPrintable(line));
+    }
+};
+
+AXR_TEST_MAIN(MotionPanelsTest)
+#include "MotionPanelsTest.moc"

@@ -1,0 +1,408 @@
+#include "SpinBox.h"
+#include "DoubleValidator.h"
+#include "SpinboxCommand.h"
+#include "TestCase.h"
+#include "User.h"
+
+#include <QLineEdit>
+#include <QToolTip>
+#include <QUndoStack>
+
+namespace
+{
+
+const SpinBox::Options confirm = SpinBox::ChangedOnEnter | SpinBox::ResetOnEscape;
+
+/// Everything that a box lets out, in order.
+class Listener : public QObject
+{
+    Q_OBJECT
+public:
+    explicit Listener(SpinBox* box)
+    {
+        connect(box, SIGNAL(valueChanged(int)), this, SLOT(whole(int)));
+        connect(box, SIGNAL(valueChanged(double, double)), this, SLOT(both(double, double)));
+        connect(box, SIGNAL(valueChanged(QString)), this, SLOT(text(QString)));
+    }
+    QStringList take()
+    {
+        QStringList taken;
+        taken.swap(m_lines);
+        return taken;
+    }
+    std::function<void()> onWhole;
+
+private Q_SLOTS:
+    void whole(int value)
+    {
+        m_lines << QString("int %1").arg(value);
+        if (onWhole)
+            onWhole();
+    }
+    void both(double value, double last) { m_lines << QString("%1 was %2").arg(value).arg(last); }
+    void text(const QString& text) { m_lines << "text " + text; }
+
+private:
+    QStringList m_lines;
+};
+
+class TextBox : public SpinBox
+{
+public:
+    using SpinBox::SpinBox;
+    QLineEdit* edit() const { return lineEdit(); }
+    void setTyped(const QString& text) { lineEdit()->setText(text); }
+};
+
+Parameter velocity()
+{
+    Parameter parameter;
+    parameter.name = "actual velocity";
+    parameter.unit = "rpm";
+    parameter.unitFormat = "%1 rpm";
+    parameter.number = 3;
+    parameter.minimum = -4000;
+    parameter.maximum = 4000;
+    parameter.valid = true;
+    return parameter;
+}
+
+QString colourOf(const SpinBox& box)
+{
+    for (const char* name : {"gold", "crimson"}) {
+        if (box.styleSheet().contains(name))
+            return name;
+    }
+    return QString();
+}
+
+} // namespace
+
+class SpinBoxTest : public TestCase
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void construction()
+    {
+        const SpinBox box;
+        QCOMPARE(box.minimum(), -2147483647.0);
+        QCOMPARE(box.maximum(), 2147483647.0);
+        QCOMPARE(box.decimals(), 0);
+        QCOMPARE(box.alignment(), Qt::AlignRight | Qt::AlignVCenter);
+        QVERIFY(!box.keyboardTracking());
+        QVERIFY(!box.signalsBlocked());
+        QVERIFY(SpinBox(nullptr, SpinBox::ChangedOnEnter).signalsBlocked());
+
+        const TextBox result(nullptr, SpinBox::Result);
+        QVERIFY(result.isReadOnly());
+        QCOMPARE(result.maximum(), 9.99e99);
+        QCOMPARE(result.text(), QString("result: 0"));
+
+        TextBox plain(nullptr, SpinBox::NoDots);
+        QVERIFY(!qobject_cast<const DoubleValidator*>(plain.edit()->validator()));
+        plain.setFlags(SpinBox::Option(0));
+        QVERIFY(qobject_cast<const DoubleValidator*>(plain.edit()->validator()));
+    }
+
+    void typingWaitsForReturn()
+    {
+        SpinBox box;
+        box.setFlags(confirm);
+        Listener listener(&box);
+        box.selectAll();
+        User::type(&box, "12");
+        QCOMPARE(colourOf(box), QString("gold"));
+        QTest::keyPress(&box, Qt::Key_Return);
+        QCOMPARE(listener.take(), QStringList());
+        QTest::keyRelease(&box, Qt::Key_Return);
+        QCOMPARE(listener.take(), QStringList({"12 was 0", "int 12", "text 12"}));
+        QCOMPARE(box.lastValue(), 12.0);
+        QCOMPARE(colourOf(box), QString());
+        QVERIFY(box.signalsBlocked());
+        QTest::keyClick(&box, Qt::Key_Return); // unchanged
+        User::wheel(&box, 120);
+        QCOMPARE(listener.take(), QStringList());
+        QCOMPARE(colourOf(box), QString("gold"));
+        QTest::keyClick(&box, Qt::Key_Escape);
+        QCOMPARE(box.value(), 12.0);
+        QCOMPARE(colourOf(box), QString());
+        QCOMPARE(listener.take(), QStringList());
+    }
+
+    void sendValueTakesTypedTextAndCutsIt()
+    {
+        TextBox box;
+        box.setFlags(confirm);
+        box.setDecimals(2);
+        Listener listener(&box);
+        box.setTyped("-2.75");
+        box.sendValue();
+        QCOMPARE(listener.take(), QStringList({"-2.75 was 0", "int -2", "text -2.75"}));
+        SpinBox open;
+        open.setDecimals(1);
+        Listener openListener(&open);
+        static_cast<QDoubleSpinBox&>(open).setValue(-2.5);
+        QCOMPARE(openListener.take().filter(QRegularExpression("int|was")),
+                 QStringList({"int -2", "-2.5 was 0"}));
+        open.externItemMouseReleased();
+        QCOMPARE(openListener.take().last(), QString("int -2"));
+    }
+
+    void repliesNeverGoOut()
+    {
+        SpinBox box;
+        box.setFlags(confirm);
+        Listener listener(&box);
+        User::type(&box, "7");
+        box.setValue(9);
+        QCOMPARE(box.lastValue(), 9.0);
+        QCOMPARE(colourOf(box), QString());
+        box.setValue(5.0);
+        QCOMPARE(box.lastValue(), 9.0);
+        QCOMPARE(colourOf(box), QString("gold"));
+        QCOMPARE(listener.take(), QStringList());
+
+        // A host that answers inside the emission: the reply counts and causes nothing more.
+        listener.onWhole = [&box] { box.setValue(4); };
+        box.sendValue();
+        QCOMPARE(listener.take(), QStringList({"5 was 9", "int 5", "text 4"}));
+        QCOMPARE(box.lastValue(), 4.0);
+        QCOMPARE(colourOf(box), QString());
+
+        auto* doomed = new SpinBox;
+        doomed->setFlags(confirm);
+        connect(doomed, QOverload<int>::of(&SpinBox::valueChanged), [doomed] { delete doomed; });
+        doomed->setValue(1.0);
+        doomed->sendValue();
+    }
+
+    void entryKeepsThePoint_data()
+    {
+        QTest::addColumn<int>("decimals");
+        QTest::addColumn<QString>("start");
+        QTest::addColumn<QString>("keys");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("groups") << 0 << ""
+                                << "10005"
+                                << "10,005";
+        QTest::newRow("point stays") << 2 << "1.23"
+                                     << "56"
+                                     << "123.56";
+        QTest::newRow("letter is dropped") << 2 << "1.23"
+                                           << "x5"
+                                           << "12.35";
+        QTest::newRow("minus") << 0 << ""
+                               << "-05"
+                               << "-5";
+        QTest::newRow("minus alone") << 0 << ""
+                                     << "-"
+                                     << "-";
+        QTest::newRow("fraction") << 2 << "0.00"
+                                  << "5"
+                                  << "0.05";
+        QTest::newRow("negative fraction") << 2 << "-.05"
+                                           << "1"
+                                           << "-.51";
+        QTest::newRow("no digit") << 2 << ""
+                                  << "x"
+                                  << "";
+    }
+    void entryKeepsThePoint()
+    {
+        QFETCH(int, decimals);
+        QFETCH(QString, start);
+        QFETCH(QString, keys);
+        TextBox box;
+        box.setDecimals(decimals);
+        box.setTyped(start);
+        box.edit()->setCursorPosition(box.edit()->text().size());
+        User::type(&box, keys);
+        QTEST(box.edit()->text(), "text");
+        QCOMPARE(box.edit()->cursorPosition(), box.edit()->text().size());
+    }
+
+    void caretStaysAtItsDigit()
+    {
+        TextBox box;
+        box.setTyped("1,234");
+        box.edit()->setCursorPosition(3); // 1,2|34
+        User::type(&box, "9");
+        QCOMPARE(box.edit()->text(), QString("12,934"));
+        QCOMPARE(box.edit()->cursorPosition(), 4);
+        QTest::keyClick(&box, Qt::Key_Backspace);
+        QCOMPARE(box.edit()->text(), QString("1,234"));
+        QCOMPARE(box.edit()->cursorPosition(), 3);
+        User::type(&box, "x");
+        QCOMPARE(box.edit()->cursorPosition(), 3);
+    }
+
+    void readsBackInAnyLocale()
+    {
+        QLocale::setDefault(QLocale(QLocale::German));
+        TextBox box;
+        box.setDecimals(2);
+        box.setFlags(confirm);
+        QLocale::setDefault(QLocale::c());
+        box.setTyped("1234567.89");
+        QTest::keyClick(&box, Qt::Key_Return);
+        QCOMPARE(box.value(), 1234567.89);
+    }
+
+    void outOfRange()
+    {
+        TextBox box;
+        box.setRange(-1000, 5000);
+        box.setFlags(confirm);
+        box.setFactor(2.0);
+        box.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&box));
+        box.selectAll();
+        User::type(&box, "6000");
+        QCOMPARE(colourOf(box), QString("crimson"));
+        const QString tip = QToolTip::text();
+        QVERIFY(tip.contains("<td colspan=\"3\"; align=\"center\">Value out of range</td>"));
+        QVERIFY(
+            tip.contains(" align=\"right\" style=\"color:navy; white-space:pre-wrap;\">5,000<"));
+        QVERIFY(tip.contains(">&#x2212;1,000<"));
+        QVERIFY(tip.contains(">Ctrl&#x2212;End <"));
+        QTest::keyRelease(&box, Qt::Key_Home, Qt::ControlModifier);
+        QCOMPARE(box.edit()->text(), QString("2,500"));
+        QCOMPARE(colourOf(box), QString("gold"));
+        QTest::keyRelease(&box, Qt::Key_End, Qt::ControlModifier);
+        QCOMPARE(box.edit()->text(), QString("-500"));
+        box.setFactor(0.0);
+        QTest::keyRelease(&box, Qt::Key_Home, Qt::ControlModifier);
+        QCOMPARE(box.edit()->text(), QString("5,000"));
+        QCOMPARE(box.valueReal(), box.value());
+    }
+
+    void otherToolTipsStay()
+    {
+        SpinBox box;
+        box.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&box));
+        QToolTip::showText(QPoint(5, 5), "somebody else's");
+        box.setValue(5);
+        QCOMPARE(QToolTip::text(), QString("somebody else's"));
+        QToolTip::hideText();
+    }
+
+    void keystrokeWithoutNewColourSetsNoSheet()
+    {
+        struct Counter : QObject {
+            int changes = 0;
+            bool eventFilter(QObject*, QEvent* event) override
+            {
+                changes += event->type() == QEvent::StyleChange;
+                return false;
+            }
+        } counter;
+        SpinBox box;
+        box.setFlags(confirm);
+        box.selectAll();
+        User::type(&box, "1");
+        box.installEventFilter(&counter);
+        User::type(&box, "234");
+        QCOMPARE(counter.changes, 0);
+        QTest::keyClick(&box, Qt::Key_Return);
+        QVERIFY(counter.changes > 0);
+    }
+
+    void unitParameter()
+    {
+        SpinBox box;
+        QCOMPARE(box.setUnitParameter(velocity(), false, 10, 0), QString("Actual velocity"));
+        QCOMPARE(box.suffix(), QString(" rpm"));
+        QCOMPARE(box.toolTip(), QString("AP 3 (-4,000..4,000)"));
+        QCOMPARE(box.value(), 10.0);
+
+        Parameter half = velocity();
+        half.factor = 0.5;
+        box.setUnitParameter(half, false, 10, 2);
+        QCOMPARE(box.suffix(), QString(" [5.00 rpm]"));
+        QCOMPARE(box.singleStep(), 0.2);
+        QCOMPARE(box.valueReal(), 20.0);
+        box.setPulseDivisorFactor(0);
+        QCOMPARE(box.suffix(), QString(" [5.00 rpm]"));
+        box.valueHasChanged(10);
+        QCOMPARE(box.suffix(), QString(" [1220.70 rpm]"));
+
+        Parameter bare = velocity();
+        bare.unit.clear();
+        bare.minimum = -5;
+        bare.maximum = 999;
+        SpinBox ranged;
+        ranged.setUnitParameter(bare, false, 1, 0);
+        QCOMPARE(ranged.suffix(), QString(" [-5..999]"));
+        bare.maximum = 1000;
+        ranged.setUnitParameter(bare, true, 77, 0);
+        QCOMPARE(ranged.suffix(), QString());
+        QCOMPARE(ranged.value(), 1.0); // a raw display leaves the value
+        bare.maximum = 0;
+        ranged.setUnitParameter(bare, false, 1, 0);
+        QCOMPARE(ranged.maximum(), 1000.0);
+
+        QCOMPARE(ranged.setUnitParameter(Parameter(), false, 1, 0), QString());
+        QVERIFY(!ranged.isEnabled());
+        QCOMPARE(ranged.text(), QString("---"));
+        QCOMPARE(ranged.toolTip(), QString("no AP"));
+        ranged.setUnitParameter(velocity(), false, 1, 0);
+        QVERIFY(!ranged.isEnabled());
+        QCOMPARE(ranged.specialValueText(), QString("---"));
+    }
+
+    void undoAndRedoSendNothing()
+    {
+        SpinBox box;
+        box.setValue(3);
+        const QSignalBlocker blocked(&box);
+        box.setValue(8.0);
+        box.blockSignals(false);
+        Listener listener(&box);
+        QUndoStack stack;
+        stack.push(new SpinboxCommand(&box, nullptr));
+        QCOMPARE(stack.text(0), QString("8"));
+        stack.undo();
+        QCOMPARE(box.value(), 3.0);
+        stack.redo();
+        QCOMPARE(box.value(), 8.0);
+        QCOMPARE(listener.take(), QStringList());
+    }
+
+    void slider()
+    {
+        TextBox box(nullptr, SpinBox::Slider);
+        box.setRange(0, 100);
+        box.setButtonSymbols(QAbstractSpinBox::NoButtons);
+        QCOMPARE(box.sizeHint().height(),
+                 static_cast<QDoubleSpinBox&>(box).QDoubleSpinBox::sizeHint().height() + 20);
+        box.resize(200, box.sizeHint().height());
+        box.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&box));
+        Listener listener(&box);
+        User::drag(&box, QPoint(10, box.height() - 5), QPoint(80, box.height() - 5));
+        QCOMPARE(box.value(), 40.0);
+        QCOMPARE(listener.take(), QStringList());
+        const QImage picture = box.grab().toImage();
+        const int strip = (box.edit()->geometry().bottom() + box.height()) / 2;
+        QCOMPARE(picture.pixelColor(0, strip), QColor(Qt::blue));
+        QCOMPARE(picture.pixelColor(199, strip), QColor(Qt::blue));
+        QCOMPARE(picture.pixelColor(100, box.sizeHint().height() - 2), QColor(Qt::blue));
+    }
+
+    void hoverAndFocusAreForwarded()
+    {
+        SpinBox box;
+        int events = 0;
+        connect(&box, &SpinBox::hoverFocusEvent, [&events] { ++events; });
+        QFocusEvent focus(QEvent::FocusIn);
+        QHoverEvent hover(QEvent::HoverMove, QPointF(1, 1), QPointF(0, 0));
+        QEvent other(QEvent::ToolTipChange);
+        for (QEvent* event : std::initializer_list<QEvent*>{&focus, &hover, &other})
+            QCoreApplication::sendEvent(&box, event);
+        QCOMPARE(events, 2);
+    }
+};
+
+AXR_TEST_MAIN(SpinBoxTest)
+#include "SpinBoxTest.moc"
