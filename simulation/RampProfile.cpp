@@ -60,18 +60,19 @@ RampProfile RampProfile::toPosition(MotionState from, double target, double maxV
 
 MotionState RampProfile::at(double time) const
 {
+    const double coasting = time - duration();
+    if (coasting >= 0)
+        return {m_end.position + m_end.velocity * coasting, m_end.velocity};
     MotionState state = m_start;
     for (const Phase& phase : m_phases) {
-        const double t = std::min(std::max(0.0, time), phase.duration);
-        if (t > 0) {
-            state.position += (state.velocity + phase.acceleration * t / 2) * t;
-            state.velocity += phase.acceleration * t;
-        }
-        if (time < phase.duration)
-            return state;
-        time -= phase.duration;
+        const double t = std::min(time, phase.duration);
+        if (t <= 0)
+            continue;
+        state.position += (state.velocity + phase.acceleration * t / 2) * t;
+        state.velocity += phase.acceleration * t;
+        time -= t;
     }
-    return {m_end.position + m_end.velocity * time, m_end.velocity};
+    return state;
 }
 
 double RampProfile::duration() const

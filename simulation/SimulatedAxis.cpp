@@ -49,9 +49,12 @@ void SimulatedAxis::reset()
 int SimulatedAxis::read(quint8 number) const
 {
     const ParameterInfo* info = m_parameters.info(number);
-    if (!info)
-        return 0;
-    switch (info->quantity) {
+    return info ? qBound(info->minimum, reading(*info), info->maximum) : 0;
+}
+
+int SimulatedAxis::reading(const ParameterInfo& info) const
+{
+    switch (info.quantity) {
     case Quantity::TargetPosition:
         return roundToInt(wrapped(counts(m_targetTurns)));
     case Quantity::ActualPosition:
@@ -119,7 +122,7 @@ int SimulatedAxis::read(quint8 number) const
     case Quantity::UpTime:
         break;
     }
-    return setting(number);
+    return setting(info.number);
 }
 
 void SimulatedAxis::write(quint8 number, int value)

@@ -20,7 +20,8 @@ public:
     ParameterMemory& parameters() { return m_parameters; }
     const ParameterMemory& parameters() const { return m_parameters; }
 
-    /// Present value of a parameter, 0 for a number that the table does not have.
+    /// Present value of a parameter, within its row's range; 0 for a number that the table does
+    /// not have.
     int read(quint8 number) const;
     /// Takes effect at once. Writing a target starts motion; writing the actual position or the
     /// encoder steps changes how the position counts and moves nothing. The value must lie in the
@@ -64,6 +65,7 @@ public:
     double turns() const { return m_motor.state().position; }
 
 private:
+    int reading(const ParameterInfo& info) const;
     int setting(quint8 number) const { return m_parameters.value(number); }
     double maxVelocity() const;
     double maxCurrent() const;
