@@ -182,8 +182,20 @@ void SpinBox::setValueSilently(double value)
     const bool wasBlocked = signalsBlocked();
     if (has(ChangedOnEnter))
         blockSignals(true);
-    QDoubleSpinBox::setValue(value);
+    keepSelected([this, value] { QDoubleSpinBox::setValue(value); });
     blockSignals(wasBlocked);
+}
+
+/// Runs a change of the text. What was selected before is selected as a whole afterwards, so that
+/// the next digit still replaces it: the base class would select what lies behind it.
+template <class Change>
+void SpinBox::keepSelected(Change change)
+{
+    const QString before = lineEdit()->text();
+    const bool selected = lineEdit()->hasSelectedText();
+    change();
+    if (selected && lineEdit()->text() != before)
+        selectAll();
 }
 
 void SpinBox::doValidation()
@@ -207,13 +219,13 @@ void SpinBox::externItemMouseReleased() { emit valueChanged(roundToInt(value()))
 void SpinBox::valueHasChanged(double value)
 {
     if (!m_unitText.contains(QLatin1Char('%')) || m_unitText == QLatin1String(" [%]")) {
-        setSuffix(m_unitText);
+        keepSelected([this] { setSuffix(m_unitText); });
         return;
     }
     const double real = value * m_factor * m_pulseFactor;
     QString text = m_unitText;
     text.replace(QLatin1String("%1"), QStringLiteral("%1").arg(real, 2, 'f', 2));
-    setSuffix(QStringLiteral(" [") + text + QLatin1Char(']'));
+    keepSelected([this, &text] { setSuffix(QStringLiteral(" [") + text + QLatin1Char(']')); });
 }
 
 void SpinBox::valueToInt(double value)
@@ -421,23 +433,24 @@ void SpinBox::clearWhenConfirmed()
 void SpinBox::showEntry(Entry entry)
 {
     // Setting a sheet repolishes the box and ends the auto-repeat of its step buttons: only when
-    // it changes.
+    // it changes. The line edit goes first: it keeps the box's colour for good when it is polished
+    // under the box's new sheet.
     const auto apply = [](QWidget* widget, const QString& sheet) {
         if (widget->styleSheet() != sheet)
             widget->setStyleSheet(sheet);
     };
     switch (entry) {
     case Entry::Clean:
-        apply(this, QString());
         apply(lineEdit(), QString());
+        apply(this, QString());
         break;
     case Entry::Pending:
-        apply(this, QStringLiteral("QAbstractSpinBox{color:navy; background-color: gold}"));
         apply(lineEdit(), QStringLiteral("QLineEdit{color:navy; selection-color: gold}"));
+        apply(this, QStringLiteral("QAbstractSpinBox{color:navy; background-color: gold}"));
         break;
     case Entry::Invalid:
-        apply(this, QStringLiteral("QAbstractSpinBox{color:white; background-color: crimson}"));
         apply(lineEdit(), QStringLiteral("QLineEdit{color:white; selection-color: white}"));
+        apply(this, QStringLiteral("QAbstractSpinBox{color:white; background-color: crimson}"));
         break;
     }
 }

@@ -110,6 +110,8 @@ private:
     void installValidator();
     void setLastValue(double value);
     void setValueSilently(double value);
+    template <class Change>
+    void keepSelected(Change change);
     void showEntry(Entry entry);
     void showOutOfRangeTip();
     void hideOutOfRangeTip();

@@ -351,6 +351,49 @@ private Q_SLOTS:
         QCOMPARE(ranged.specialValueText(), QString("---"));
     }
 
+    void coloursComeAndGoOnTheScreen()
+    {
+        SpinBox box;
+        box.setRange(0, 100);
+        box.setFlags(confirm);
+        box.resize(140, 30);
+        box.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&box));
+        const auto shown = [&box] {
+            const QImage picture = box.grab().toImage();
+            return picture.pixelColor(12, picture.height() / 2);
+        };
+        const QColor clean = shown();
+        for (int pass = 0; pass < 2; ++pass) {
+            box.setValue(10.0 * pass + 5.0);
+            QCOMPARE(shown(), QColor("gold"));
+            box.selectAll();
+            User::type(&box, "555");
+            QCOMPARE(shown(), QColor("crimson"));
+            QTest::keyClick(&box, Qt::Key_Escape);
+            QCOMPARE(shown(), clean);
+            box.setValue(10.0 * pass + 6.0);
+            QTest::keyClick(&box, Qt::Key_Return);
+            QCOMPARE(shown(), clean);
+        }
+    }
+
+    void repliesKeepTheNumberSelected()
+    {
+        TextBox box;
+        Parameter parameter = velocity();
+        parameter.factor = 0.5;
+        box.setFlags(confirm);
+        box.setUnitParameter(parameter, false, 10, 0);
+        box.selectAll();
+        box.setValue(1234);
+        box.valueHasChanged(1234);
+        QCOMPARE(box.edit()->selectedText(), QString("1,234"));
+        User::type(&box, "7");
+        QTest::keyClick(&box, Qt::Key_Return);
+        QCOMPARE(box.value(), 7.0);
+    }
+
     void undoAndRedoSendNothing()
     {
         SpinBox box;
