@@ -195,12 +195,8 @@ void SimulatedAxis::followVelocity(double velocity)
     const double rate =
         setting(N::EnableRamp) ? acceleration() : std::numeric_limits<double>::infinity();
     const double target = qBound(-maxVelocity(), velocity, maxVelocity());
-    const bool onRamp = m_ramp.velocity == now.velocity;
     m_ramp = RampProfile::toVelocity({now.position, m_ramp.velocity}, target, rate)
                  .at(SimulatedMotor::Step);
-    if (!onRamp)
-        m_ramp.position =
-            now.position + (now.velocity + m_ramp.velocity) / 2 * SimulatedMotor::Step;
     m_motor.follow(m_ramp, maxCurrent());
 }
 
