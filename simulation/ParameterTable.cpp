@@ -145,7 +145,7 @@ const ParameterTable& moduleParameters()
     // clang-format off
     static const ParameterTable table = {
         {0,  "Module type",           "",     1, 0, Any,       RO, 4711,   Q::Setting},
-        {1,  "Firmware version",      "",  0.01, 0, Any,       RO, 108,    Q::Setting},
+        {1,  "Firmware version",      "",     1, 0, Any,       RO, 108,    Q::Setting},
         {2,  "Serial number",         "",     1, 0, Any,       RO, 100042, Q::Setting},
         {3,  "Axes",                  "",     1, 0, 255,       RO, 2,      Q::Setting},
         {4,  "Up time",               "ms",   1, 0, Any,       RO, 0,      Q::UpTime},

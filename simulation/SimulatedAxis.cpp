@@ -139,7 +139,8 @@ void SimulatedAxis::write(quint8 number, int value)
         return rotate(value);
     case Quantity::TargetCurrent:
         m_targetCurrent = value;
-        return setMode(Mode::Torque);
+        m_mode = Mode::Torque;
+        return;
     case Quantity::EncoderSteps:
         return setEncoderSteps(value);
     default:
@@ -150,21 +151,13 @@ void SimulatedAxis::write(quint8 number, int value)
 void SimulatedAxis::rotate(int velocity)
 {
     m_targetVelocity = velocity;
-    setMode(Mode::Velocity);
+    m_mode = Mode::Velocity;
 }
 
 void SimulatedAxis::moveTo(int position)
 {
     m_targetTurns = turnsAt(position);
-    setMode(Mode::Position);
-}
-
-// The velocity ramp starts where the motor is, unless it runs already.
-void SimulatedAxis::setMode(Mode mode)
-{
-    if (mode != m_mode)
-        m_ramp = m_motor.state();
-    m_mode = mode;
+    m_mode = Mode::Position;
 }
 
 // Steps
@@ -202,12 +195,8 @@ void SimulatedAxis::followVelocity(double velocity)
     const double rate =
         setting(N::EnableRamp) ? acceleration() : std::numeric_limits<double>::infinity();
     const double target = qBound(-maxVelocity(), velocity, maxVelocity());
-    const bool onRamp = m_ramp.velocity == now.velocity;
     m_ramp = RampProfile::toVelocity({now.position, m_ramp.velocity}, target, rate)
                  .at(SimulatedMotor::Step);
-    if (!onRamp)
-        m_ramp.position =
-            now.position + (now.velocity + m_ramp.velocity) / 2 * SimulatedMotor::Step;
     m_motor.follow(m_ramp, maxCurrent());
 }
 
@@ -261,7 +250,7 @@ double SimulatedAxis::turnsAt(int position) const
     return turns() + (position - this->position()) / setting(N::EncoderSteps);
 }
 
-void SimulatedAxis::redefinePosition(int position)
+void SimulatedAxis::redefinePosition(double position)
 {
     m_origin = position - turns() * setting(N::EncoderSteps);
 }
@@ -269,10 +258,8 @@ void SimulatedAxis::redefinePosition(int position)
 void SimulatedAxis::setEncoderSteps(int steps)
 {
     const double present = counts(turns());
-    const double distance = counts(m_targetTurns) - present;
     m_parameters.setValue(N::EncoderSteps, steps);
-    m_origin = present - turns() * steps;
-    m_targetTurns = turns() + distance / steps;
+    redefinePosition(present);
 }
 
 double SimulatedAxis::position() const { return wrapped(counts(turns())); }
@@ -301,7 +288,8 @@ double SimulatedAxis::supplyVoltage() const
 
 double SimulatedAxis::electricalTurn() const
 {
-    return fraction(turns() * (setting(N::MotorPoles) / 2));
+    const int polePairs = setting(N::MotorPoles) / 2;
+    return fraction(turns() * polePairs);
 }
 
 double SimulatedAxis::hallTurn() const

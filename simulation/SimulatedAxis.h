@@ -79,9 +79,8 @@ private:
     bool isBlocked() const;
     double counts(double turns) const;
     double turnsAt(int position) const;
-    void redefinePosition(int position);
+    void redefinePosition(double position);
     void setEncoderSteps(int steps);
-    void setMode(Mode mode);
     void followVelocity(double velocity);
     void followPosition();
     void watchNullChannel(double turnsBefore);

@@ -136,8 +136,9 @@ private Q_SLOTS:
         axis.write(N::EnableRamp, 0);
         axis.rotate(3000);
         run(axis, 0.1);
-        const double expected = (0.04 * 1 - 0.01) / 5e-5 / Turn * 60 * 0.1;
-        QVERIFY(near(axis.velocity(), expected, 0.01));
+        const double acceleration = (0.04 * 1 - 0.01) / 5e-5 / Turn;
+        QVERIFY(near(axis.velocity(), acceleration * 60 * 0.1, 0.01));
+        QVERIFY(near(axis.turns(), acceleration * 0.1 * 0.1 / 2, 1e-6));
         QCOMPARE(axis.read(N::ActualCurrent), 1000);
         QCOMPARE(axis.read(N::RampVelocity), 3000);
         axis.write(N::MaxCurrent, 5000);
@@ -223,6 +224,12 @@ private Q_SLOTS:
         run(axis, 0.1);
         QCOMPARE(axis.read(N::SupplyVoltage), 242);
         QVERIFY(axis.read(N::StatusFlags) & StatusFlag::BrakeActive);
+        axis.write(N::BrakeVoltageLimit, 248); // above the 24.6 V that come back
+        run(axis, 0.1);
+        QVERIFY(axis.read(N::BrakeActive)); // within the hysteresis
+        axis.write(N::BrakeHysteresis, 0);
+        run(axis, 0.1);
+        QVERIFY(!axis.read(N::BrakeActive));
     }
 
     void temperatureAndThermalLoad()

@@ -66,7 +66,7 @@ private Q_SLOTS:
             QVERIFY2(row.minimum < row.maximum, row.name);
             QVERIFY2(row.minimum <= row.reset && row.reset <= row.maximum, row.name);
             QVERIFY2(row.factor > 0 && std::isfinite(row.factor), row.name);
-            QVERIFY2(row.factor == 1 || *row.unit || row.number == 1, row.name);
+            QVERIFY2(row.factor == 1 || *row.unit, row.name);
             QVERIFY2(row.quantity == Quantity::Setting || row.access != Access::Storable ||
                          row.quantity == Quantity::EncoderSteps,
                      row.name);
@@ -222,12 +222,16 @@ private Q_SLOTS:
         const auto ask = [&module](Instruction instruction, int type, int bank, int value = 0) {
             return answer(module, instruction, type, bank, value);
         };
+        ask(Instruction::MVP, 0, 0, 99999);
+        module.advance(500);
         ask(Instruction::SAP, N::PowerOnVelocity, 0, 300);
         QCOMPARE(ask(Instruction::STAP, N::PowerOnVelocity, 0), QString("100 300"));
         ask(Instruction::SAP, N::EncoderSteps, 0, 1000);
         ask(Instruction::STAP, N::EncoderSteps, 0);
         ask(Instruction::SAP, N::EncoderSteps, 0, 500);
+        const QString position = ask(Instruction::GAP, N::ActualPosition, 0);
         QCOMPARE(ask(Instruction::RSAP, N::EncoderSteps, 0), QString("100 1000"));
+        QCOMPARE(ask(Instruction::GAP, N::ActualPosition, 0), position);
         ask(Instruction::SAP, N::Acceleration, 0, 77);
         ask(Instruction::SGP, 55, 2, -7);
         ask(Instruction::STGP, 55, 2);
@@ -236,8 +240,6 @@ private Q_SLOTS:
         QCOMPARE(ask(Instruction::RSGP, 55, 2), QString("100 -7"));
         ask(Instruction::SIO, 3, 2, 1);
         QVERIFY(module.output(3));
-        ask(Instruction::MVP, 0, 0, 99999);
-        module.advance(500);
 
         module.reset();
         QCOMPARE(ask(Instruction::GAP, N::PowerOnVelocity, 0), QString("100 300"));
@@ -245,6 +247,7 @@ private Q_SLOTS:
         QCOMPARE(ask(Instruction::GAP, N::EncoderSteps, 1), QString("100 4096"));
         QCOMPARE(ask(Instruction::GAP, N::Acceleration, 0), QString("100 5000"));
         QCOMPARE(ask(Instruction::GAP, N::ActualPosition, 0), QString("100 0"));
+        QCOMPARE(ask(Instruction::GAP, N::TargetPosition, 0), QString("100 0"));
         QCOMPARE(ask(Instruction::GGP, 55, 2), QString("100 -7"));
         QCOMPARE(ask(Instruction::GGP, 54, 2), QString("100 0"));
         QVERIFY(!module.output(3));
