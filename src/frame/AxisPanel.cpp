@@ -20,9 +20,8 @@ void AxisPanel::setTitle(const QString& title) { m_frame->setTitle(title); }
 
 void AxisPanel::updateValues()
 {
-    const QVector<AxisParameter*> parameters = m_readBack;
-    for (const AxisParameter* parameter : parameters) {
-        if (isRead(*parameter) && !send(Instruction::GAP, parameter->number(), 0))
+    for (const AxisParameter* parameter : qAsConst(m_readBack)) {
+        if (isAsked(*parameter) && !send(Instruction::GAP, parameter->number(), 0))
             return;
     }
 }
@@ -38,16 +37,18 @@ void AxisPanel::IN_replyValue(Command* reply)
     const int value = reply->getValue();
     for (int i = 0; self && i < m_readBack.size(); ++i) {
         const AxisParameter& parameter = *m_readBack.at(i);
-        if (u8(parameter.number()) == u8(type) && isRead(parameter))
+        if (u8(parameter.number()) == u8(type) && isTaken(parameter))
             parameter.show(value);
     }
 }
 
-bool AxisPanel::isRead(const AxisParameter& parameter) const
+bool AxisPanel::isAsked(const AxisParameter& parameter) const
 {
     Q_UNUSED(parameter)
     return true;
 }
+
+bool AxisPanel::isTaken(const AxisParameter& parameter) const { return isAsked(parameter); }
 
 bool AxisPanel::send(Instruction instruction, char type, int value)
 {

@@ -26,7 +26,7 @@ public:
     /// Title of the panel's group box.
     void setTitle(const QString& title);
 
-    /// Asks for each value that the panel shows: one GAP with value 0 for each.
+    /// Asks for each value that the panel reads back: one GAP with value 0 for each.
     void updateValues();
 
 Q_SIGNALS:
@@ -47,8 +47,10 @@ protected:
     /// back, in the order in which updateValues() asks for them.
     void setUpPanel(QGroupBox* frame, std::initializer_list<AxisParameter*> readBack);
 
-    /// Whether a parameter takes part in reading just now. Default: always.
-    virtual bool isRead(const AxisParameter& parameter) const;
+    /// Whether updateValues() asks for a parameter just now. Default: always.
+    virtual bool isAsked(const AxisParameter& parameter) const;
+    /// Whether a reply to a parameter is shown just now. Default: when it is asked for.
+    virtual bool isTaken(const AxisParameter& parameter) const;
 
     /// Emits a command with the panel's address and motor bank. Returns false when the panel was
     /// destroyed meanwhile: a host may do that inside the emission.

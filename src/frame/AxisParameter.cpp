@@ -16,18 +16,11 @@ void AxisParameter::bindBox(Box* box)
     m_show = [box](int value) { box->setValue(value); };
 }
 
-template <class Checkable>
-void AxisParameter::bindCheckable(Checkable* widget)
-{
-    m_widget = widget;
-    m_toolTip = [](char number) { return parameterToolTip(number); };
-    m_show = [widget](int value) { widget->setChecked(value != 0); };
-}
-
 void AxisParameter::bind(QSpinBox* field) { bindBox(field); }
 
 void AxisParameter::bind(SpinBox* field, Excess excess)
 {
+    field->setFlags(SpinBox::ChangedOnEnter | SpinBox::ResetOnEscape);
     bindBox(field);
     if (excess == Drop) {
         m_show = [field](int value) {
@@ -37,9 +30,22 @@ void AxisParameter::bind(SpinBox* field, Excess excess)
     }
 }
 
-void AxisParameter::bind(QAbstractButton* button) { bindCheckable(button); }
+void AxisParameter::bind(QAbstractButton* button)
+{
+    bind(button, [button](int value) { button->setChecked(value != 0); });
+}
 
-void AxisParameter::bind(QGroupBox* box) { bindCheckable(box); }
+void AxisParameter::bind(QGroupBox* box)
+{
+    bind(box, [box](int value) { box->setChecked(value != 0); });
+}
+
+void AxisParameter::bind(QWidget* widget, std::function<void(int)> show)
+{
+    m_widget = widget;
+    m_toolTip = [](char number) { return parameterToolTip(number); };
+    m_show = std::move(show);
+}
 
 void AxisParameter::setNumber(char number)
 {

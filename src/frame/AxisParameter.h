@@ -10,6 +10,7 @@
 class QAbstractButton;
 class QGroupBox;
 class QSpinBox;
+class QWidget;
 class SpinBox;
 
 /// One axis parameter of a panel: its number, the widget that shows it, and the way of a reply into
@@ -25,10 +26,13 @@ public:
     AxisParameter& operator=(const AxisParameter&) = delete;
 
     void bind(QSpinBox* field);
+    /// Also makes the field wait for Return.
     void bind(SpinBox* field, Excess excess = Clip);
     /// Checked when the value is not 0.
     void bind(QAbstractButton* button);
     void bind(QGroupBox* box);
+    /// Any other display: the widget takes the tool tip "AP n", the function a reply's value.
+    void bind(QWidget* widget, std::function<void(int)> show);
 
     /// Stores the number and rebuilds the widget's tool tip.
     void setNumber(char number);
@@ -44,8 +48,6 @@ public:
 private:
     template <class Box>
     void bindBox(Box* box);
-    template <class Checkable>
-    void bindCheckable(Checkable* widget);
 
     char m_number = 0;
     QWidget* m_widget = nullptr;

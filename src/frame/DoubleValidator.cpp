@@ -43,7 +43,9 @@ QValidator::State DoubleValidator::validate(QString& input, int& pos) const
     if (s.isEmpty() || s == QLatin1String("-"))
         return Intermediate;
     if (s.startsWith(QLatin1String("-0"))) { // a leading zero after a minus is dropped
-        input.replace(QLatin1String("-0"), QLatin1String("-"));
+        const int number = input.startsWith(spin->prefix()) ? spin->prefix().size() : 0;
+        const int minus = input.indexOf(QLatin1String("-0"), number);
+        input.remove(minus + 1, minus >= 0 ? 1 : 0);
         return Intermediate;
     }
 

@@ -19,8 +19,8 @@ public:
     /// \param options with NoDots the digits stay as typed
     DoubleValidator(QLineEdit* parent, QFlags<SpinBox::Option> options);
 
-    /// Colours the box as a side effect. Never Invalid: an entry out of range stays visible and is
-    /// Intermediate.
+    /// Colours the box as a side effect. In a SpinBox never Invalid: an entry out of range stays
+    /// visible and is Intermediate.
     State validate(QString& input, int& pos) const override;
 
 private:

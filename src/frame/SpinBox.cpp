@@ -14,6 +14,7 @@
 #include <QStyleOptionSpinBox>
 #include <QToolTip>
 
+#include <algorithm>
 #include <cmath>
 
 namespace
@@ -25,19 +26,17 @@ constexpr int StripHeight = 20;
 constexpr int MarkerWidth = 10;
 constexpr double ClockFrequency = 16000000.0;
 
+bool isDigit(QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); }
+
 int digitsIn(const QString& text)
 {
-    return static_cast<int>(
-        std::count_if(text.begin(), text.end(), [](QChar c) { return c.isDigit(); }));
+    return static_cast<int>(std::count_if(text.begin(), text.end(), isDigit));
 }
 
-/// Whether the key changes the text left of the caret and leaves the digits right of it.
-bool editsLeftOfCaret(const QKeyEvent* event)
+bool isTyped(const QKeyEvent* event)
 {
-    if (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
-        return false;
-    return event->key() == Qt::Key_Backspace ||
-           (!event->text().isEmpty() && event->text().at(0).isPrint());
+    return !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) &&
+           !event->text().isEmpty() && event->text().at(0).isPrint();
 }
 
 } // namespace
@@ -59,8 +58,7 @@ SpinBox::SpinBox(QWidget* parent, QFlags<SpinBox::Option> options)
     if (m_options != Options(NoDots))
         installValidator();
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    setMinimum(-LargestValue);
-    setMaximum(LargestValue);
+    setBounds(-LargestValue, LargestValue);
     setAttribute(Qt::WA_Hover);
     installEventFilter(this);
     connect(this, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this, &SpinBox::valueToInt);
@@ -92,6 +90,11 @@ void SpinBox::setMaximum(double maximum)
     QDoubleSpinBox::setMaximum(has(Result) ? ResultMaximum : maximum);
 }
 
+void SpinBox::setBounds(double minimum, double maximum)
+{
+    setRange(minimum, has(Result) ? ResultMaximum : maximum);
+}
+
 double SpinBox::valueReal() const
 {
     const double product = m_factor * m_pulseFactor;
@@ -106,43 +109,46 @@ QString SpinBox::setUnitParameter(Parameter parameter, bool rawDisplay, double v
         setSuffix(QString());
         setRange(0, 1);
         setSpecialValueText(QStringLiteral("---"));
+        const QPointer<SpinBox> self(this);
         setValue(0.0); // only the minimum shows the special text
+        if (!self)
+            return QString();
+        showEntry(Entry::Clean);
         setEnabled(false);
         return QString();
     }
     m_factor = parameter.factor;
-    if (parameter.minimum != parameter.maximum && parameter.maximum != 0) {
-        setMinimum(parameter.minimum);
-        setMaximum(parameter.maximum);
-    }
+    if (parameter.minimum != parameter.maximum && parameter.maximum != 0)
+        setBounds(parameter.minimum, parameter.maximum);
     setDecimals(decimals);
     if (decimals > 0)
         setSingleStep(decimals / 10.0);
 
-    if (!rawDisplay && !parameter.unit.isEmpty()) {
-        if (!parameter.unitFormat.isEmpty()) {
-            m_unitText = parameter.unitFormat;
-            if (m_factor == 1.0) { // value and real value are the same
-                m_unitText.remove(QStringLiteral("%1 "));
-                m_unitText.prepend(QLatin1Char(' '));
-            }
-            connect(this, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
-                    &SpinBox::valueHasChanged, Qt::UniqueConnection);
-        }
-    } else {
+    const bool realUnits = !rawDisplay && !parameter.unit.isEmpty();
+    const bool keepSuffix = realUnits && parameter.unitFormat.isEmpty();
+    if (!realUnits) {
+        const QString range = QStringLiteral(" [%1..%2]");
         m_unitText =
-            maximum() < 1000
-                ? QStringLiteral(" [%1..%2]").arg(boundText(minimum()), boundText(maximum()))
-                : QString();
+            maximum() < 1000 ? range.arg(boundText(minimum()), boundText(maximum())) : QString();
         setSuffix(m_unitText);
+    } else if (!keepSuffix) {
+        m_unitText = parameter.unitFormat;
+        if (m_factor == 1.0) { // value and real value are the same
+            m_unitText.remove(QStringLiteral("%1 "));
+            m_unitText.prepend(QLatin1Char(' '));
+        }
+        connect(this, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
+                &SpinBox::valueHasChanged, Qt::UniqueConnection);
     }
 
     m_apNumber = parameter.number;
     setToolTip(QStringLiteral("AP %1 (%2..%3)")
                    .arg(QString::number(m_apNumber), boundText(minimum()), boundText(maximum())));
+    const QPointer<SpinBox> self(this);
     if (!rawDisplay) {
         setValue(value);
-        valueHasChanged(value);
+        if (self && !keepSuffix)
+            valueHasChanged(value);
     }
 
     QString caption = parameter.name;
@@ -162,28 +168,33 @@ void SpinBox::updateStyleSheet()
 
 void SpinBox::setValue(double value)
 {
-    setValueSilently(value);
-    doValidation();
+    if (setValueSilently(value))
+        validateShown();
 }
 
 void SpinBox::setValue(int value)
 {
-    setValueSilently(value);
-    doValidation();
+    if (has(ChangedOnEnter))
+        setLastValue(value); // nobody hears of it, and no gold flashes up in between
+    if (!setValueSilently(value))
+        return;
     setLastValue(value);
-    doValidation();
-    clearWhenConfirmed();
+    validateShown();
 }
 
-/// The base value. A box that lets changes out on Return only stays mute meanwhile, also when a
-/// host answers inside sendValue(), which opens the signals.
-void SpinBox::setValueSilently(double value)
+/// Sets the base value; false when a receiver of its signals destroyed the box. A box that lets
+/// changes out on Return only stays mute meanwhile, also when a host answers inside sendValue(),
+/// which opens the signals.
+bool SpinBox::setValueSilently(double value)
 {
+    const QPointer<SpinBox> self(this);
     const bool wasBlocked = signalsBlocked();
     if (has(ChangedOnEnter))
         blockSignals(true);
     keepSelected([this, value] { QDoubleSpinBox::setValue(value); });
-    blockSignals(wasBlocked);
+    if (self)
+        blockSignals(wasBlocked);
+    return self;
 }
 
 /// Runs a change of the text. What was selected before is selected as a whole afterwards, so that
@@ -191,11 +202,23 @@ void SpinBox::setValueSilently(double value)
 template <class Change>
 void SpinBox::keepSelected(Change change)
 {
+    const QPointer<SpinBox> self(this);
     const QString before = lineEdit()->text();
     const bool selected = lineEdit()->hasSelectedText();
     change();
-    if (selected && lineEdit()->text() != before)
+    if (self && selected && lineEdit()->text() != before)
         selectAll();
+}
+
+/// Validates a text that the box itself wrote. A text with a decimal point is not coloured by the
+/// validator, so what an earlier entry left behind is put right here.
+void SpinBox::validateShown()
+{
+    doValidation();
+    if (m_entry == Entry::Clean)
+        return;
+    hideOutOfRangeTip();
+    showEntry(has(ChangedOnEnter) && value() != m_lastValue ? Entry::Pending : Entry::Clean);
 }
 
 void SpinBox::doValidation()
@@ -230,10 +253,11 @@ void SpinBox::valueHasChanged(double value)
 
 void SpinBox::valueToInt(double value)
 {
+    // A receiver may set another value, which then went out and counts.
     const QPointer<SpinBox> self(this);
-    const int confirmations = m_confirmations;
+    const unsigned confirmations = m_confirmations;
     emit valueChanged(roundToInt(value));
-    if (!self)
+    if (!self || m_confirmations != confirmations)
         return;
     emit valueChanged(value, m_lastValue);
     if (self && m_confirmations == confirmations)
@@ -242,17 +266,22 @@ void SpinBox::valueToInt(double value)
 
 void SpinBox::sendValue()
 {
+    if (m_sending)
+        return;
     {
         const QSignalBlocker silent(this);
         interpretText();
     }
     const double sent = value();
-    if (sent == m_lastValue)
+    if (sent == m_lastValue) {
+        validateShown();
         return;
+    }
 
     const QPointer<SpinBox> self(this);
-    const int confirmations = m_confirmations;
+    const unsigned confirmations = m_confirmations;
     const bool wasBlocked = blockSignals(false);
+    m_sending = true;
     emit valueChanged(sent, m_lastValue);
     if (!self)
         return;
@@ -265,11 +294,11 @@ void SpinBox::sendValue()
     QT_WARNING_POP
     if (!self)
         return;
+    m_sending = false;
     if (m_confirmations == confirmations) // else a reply came meanwhile, and it counts
         setLastValue(sent);
     blockSignals(wasBlocked);
-    doValidation();
-    clearWhenConfirmed();
+    validateShown();
 }
 
 void SpinBox::setLastValue(double value)
@@ -280,6 +309,8 @@ void SpinBox::setLastValue(double value)
 
 bool SpinBox::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched != this)
+        return false;
     switch (event->type()) {
     case QEvent::HoverMove:
         m_lastCursorPos = QCursor::pos();
@@ -288,8 +319,7 @@ bool SpinBox::eventFilter(QObject* watched, QEvent* event)
     case QEvent::HoverLeave:
     case QEvent::FocusIn:
     case QEvent::FocusOut:
-        if (watched == this)
-            emit hoverFocusEvent(event);
+        emit hoverFocusEvent(event);
         break;
     default:
         break;
@@ -315,7 +345,7 @@ void SpinBox::mousePressEvent(QMouseEvent* event)
 
 void SpinBox::mouseMoveEvent(QMouseEvent* event)
 {
-    if (!has(Slider) || !(maximum() > minimum())) {
+    if (!has(Slider) || isReadOnly() || !(maximum() > minimum())) {
         QDoubleSpinBox::mouseMoveEvent(event);
         return;
     }
@@ -330,33 +360,96 @@ void SpinBox::mouseMoveEvent(QMouseEvent* event)
     repaint();
 }
 
+int SpinBox::numberStart() const { return prefix().size(); }
+
+int SpinBox::numberEnd() const
+{
+    const QString text = lineEdit()->text();
+    return qMax(numberStart(),
+                text.endsWith(suffix()) ? text.size() - suffix().size() : text.size());
+}
+
+int SpinBox::digitsRightOf(int caret) const
+{
+    return digitsIn(lineEdit()->text().mid(caret, qMax(0, numberEnd() - caret)));
+}
+
+/// The leftmost place with so many digits of the number right of it, so that the caret stands
+/// before a point or a comma, never behind.
+int SpinBox::caretBefore(int digitsRight) const
+{
+    const QString text = lineEdit()->text();
+    int caret = numberEnd();
+    for (int digits = 0; caret > numberStart(); --caret) {
+        const bool digit = isDigit(text.at(caret - 1));
+        if (digit && digits == digitsRight)
+            break;
+        digits += digit;
+        if (!digit && text.at(caret - 1) == QLatin1Char('-'))
+            break;
+    }
+    return caret;
+}
+
+/// Keeps a deletion inside the number: prefix and suffix may hold digits, too, and marks between
+/// digits come back by themselves, so the digit behind the mark is meant. False when nothing is
+/// left to delete in this direction.
+bool SpinBox::aimDeletion(bool forward)
+{
+    QLineEdit* edit = lineEdit();
+    if (edit->hasSelectedText())
+        return true;
+    const int step = forward ? 1 : -1;
+    const int last = forward ? numberEnd() : numberStart();
+    int caret = qBound(numberStart(), edit->cursorPosition(), numberEnd());
+    const auto next = [&] { return edit->text().at(forward ? caret : caret - 1); };
+    while (caret != last && (next() == QLatin1Char('.') || next() == QLatin1Char(',')))
+        caret += step;
+    edit->setCursorPosition(caret);
+    return caret != last;
+}
+
 void SpinBox::keyPressEvent(QKeyEvent* event)
 {
     QLineEdit* edit = lineEdit();
-    const auto bodyEnd = [this, edit] {
-        const QString text = edit->text();
-        return text.size() - (text.endsWith(suffix()) ? suffix().size() : 0);
-    };
+    const bool typed = isTyped(event);
+    const bool forward = event->key() == Qt::Key_Delete;
+    const bool deletes = forward || event->key() == Qt::Key_Backspace;
+    if (isReadOnly() || edit->text() == specialValueText() || !(typed || deletes)) {
+        QDoubleSpinBox::keyPressEvent(event);
+        return;
+    }
+    if (edit->hasSelectedText()) { // of prefix and suffix nothing is replaced
+        const int from = qBound(numberStart(), edit->selectionStart(), numberEnd());
+        const int to = qBound(numberStart(), edit->selectionEnd(), numberEnd());
+        edit->setSelection(from, to - from);
+    }
+    if (deletes && !aimDeletion(forward))
+        return;
+    if (deletes && !edit->hasSelectedText() && event->modifiers() & Qt::ControlModifier) {
+        const int caret = edit->cursorPosition(); // a word is the rest of the number
+        const int end = forward ? numberEnd() : numberStart();
+        edit->setSelection(qMin(caret, end), qAbs(end - caret));
+    }
+    QKeyEvent plain(event->type(), event->key(),
+                    Qt::NoModifier); // which goes no further than the selection
+
     const QString before = edit->text();
+    const bool selected = edit->hasSelectedText();
     const int caret = edit->cursorPosition();
-    const int keepFrom = edit->hasSelectedText() ? edit->selectionEnd() : caret;
-    const int digitsRight = digitsIn(before.mid(keepFrom, qMax(0, bodyEnd() - keepFrom)));
+    const int digitsRight =
+        digitsRightOf(selected ? edit->selectionEnd() : caret) - (forward && !selected ? 1 : 0);
+    const bool replacesAll =
+        selected && edit->selectionStart() == numberStart() && edit->selectionEnd() == numberEnd();
 
-    QDoubleSpinBox::keyPressEvent(event);
+    QDoubleSpinBox::keyPressEvent(deletes ? &plain : event);
 
-    if (!editsLeftOfCaret(event) || isReadOnly())
-        return;
-    if (edit->text() == before) {
-        edit->setCursorPosition(caret);
-        return;
-    }
-    const QString text = edit->text();
-    int position = bodyEnd();
-    for (int digits = 0; position > prefix().size() && digits < digitsRight;) {
-        if (text.at(--position).isDigit())
-            ++digits;
-    }
-    edit->setCursorPosition(position);
+    if (!selected && edit->text() == before)
+        edit->setCursorPosition(caret); // a letter was dropped
+    else if (typed && replacesAll && decimals() > 0)
+        edit->setCursorPosition(caretBefore(decimals())); // whole units are typed first
+    else
+        edit->setCursorPosition(caretBefore(digitsRight));
 }
 
 void SpinBox::keyReleaseEvent(QKeyEvent* event)
@@ -380,8 +473,8 @@ void SpinBox::keyReleaseEvent(QKeyEvent* event)
         sendValue();
     } else if (has(ResetOnEscape) && event->key() == Qt::Key_Escape) {
         QDoubleSpinBox::setValue(m_lastValue);
-        doValidation();
-        clearWhenConfirmed();
+        if (self)
+            validateShown();
     }
     if (self)
         QDoubleSpinBox::keyReleaseEvent(event);
@@ -422,14 +515,6 @@ QString SpinBox::boundText(double bound) const
     return BasicTools::intInsertDot(bound, decimals());
 }
 
-/// A box with decimals is not coloured anew while its text holds a point, so a confirmed value
-/// clears the colours itself.
-void SpinBox::clearWhenConfirmed()
-{
-    if (value() == m_lastValue)
-        showEntry(Entry::Clean);
-}
-
 void SpinBox::showEntry(Entry entry)
 {
     // Setting a sheet repolishes the box and ends the auto-repeat of its step buttons: only when
@@ -439,6 +524,7 @@ void SpinBox::showEntry(Entry entry)
         if (widget->styleSheet() != sheet)
             widget->setStyleSheet(sheet);
     };
+    m_entry = entry;
     switch (entry) {
     case Entry::Clean:
         apply(lineEdit(), QString());

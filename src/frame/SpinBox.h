@@ -48,6 +48,7 @@ public:
 
     /// Configures the box from a device parameter. An invalid parameter disables the box and shows
     /// "---"; a later valid one does not enable it again.
+    /// An empty unit format leaves the suffix as it is.
     /// \param rawDisplay true: no real units, the value stays; false: `value` is shown
     /// \param value in device units
     /// \param decimals above 0 also sets the single step to decimals / 10
@@ -55,7 +56,7 @@ public:
     /// empty for an invalid parameter
     QString setUnitParameter(Parameter parameter, bool rawDisplay, double value, int decimals);
 
-    /// Gives the box the inset look with wide text. The next colour change of an entry wipes it.
+    /// Gives the box the inset look with wide text. The next validation of a whole number wipes it.
     void updateStyleSheet();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -82,7 +83,8 @@ public Q_SLOTS:
     void valueToInt(double value);
     /// Confirms the entry: takes typed text, and when the value differs from the last one, emits
     /// valueChanged(double, double), valueChanged(int) with the value cut toward zero, and the
-    /// base's valueChanged(QString). The signals are afterwards blocked or not as before.
+    /// base's valueChanged(QString). The signals are afterwards blocked or not as before. Called
+    /// from one of these signals it does nothing.
     void sendValue();
 
 Q_SIGNALS:
@@ -90,7 +92,8 @@ Q_SIGNALS:
     void valueChanged(int);
     /// The new value, then the last one.
     void valueChanged(double, double);
-    /// Forwards hover and focus events; the event is valid during the emission.
+    /// Forwards hover and focus events; the event is valid during the emission. Mute with
+    /// ChangedOnEnter, as all signals are.
     void hoverFocusEvent(QEvent*);
 
 protected:
@@ -98,25 +101,33 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    /// Keeps the caret at its digit while the validator moves point and digit groups.
+    /// Keeps the caret at its digit while the validator moves point and digit groups, and the keys
+    /// inside the number. Typing over the whole number starts with its whole units.
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     friend class DoubleValidator; // which colours the entry and shows its tool tip
+    friend class SpinboxCommand;
 
     enum class Entry { Clean, Pending, Invalid };
 
     bool has(Option option) const { return m_options.testFlag(option); }
     void installValidator();
     void setLastValue(double value);
-    void setValueSilently(double value);
+    bool setValueSilently(double value);
+    void setBounds(double minimum, double maximum);
+    void validateShown();
+    int numberStart() const;
+    int numberEnd() const;
+    int digitsRightOf(int caret) const;
+    int caretBefore(int digitsRight) const;
+    bool aimDeletion(bool forward);
     template <class Change>
     void keepSelected(Change change);
     void showEntry(Entry entry);
     void showOutOfRangeTip();
     void hideOutOfRangeTip();
     void growWith(const QString& text);
-    void clearWhenConfirmed();
     QString boundText(double bound) const;
     QRect sliderStrip() const;
 
@@ -127,8 +138,10 @@ private:
     Options m_options;
     int m_apNumber = -1;
     QPoint m_lastCursorPos;
+    Entry m_entry = Entry::Clean;
     bool m_tipShown = false;
-    int m_confirmations = 0; // tells an emitter that a reply came inside its emission
+    bool m_sending = false;
+    unsigned m_confirmations = 0; // tells an emitter that a reply came inside its emission
 };
 
 Q_DECLARE_OPERATORS_FOR_FLAGS(SpinBox::Options)

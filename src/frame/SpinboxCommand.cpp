@@ -24,5 +24,5 @@ void SpinboxCommand::show(double value)
         return;
     const QSignalBlocker silent(m_spinBox);
     m_spinBox->QDoubleSpinBox::setValue(value);
-    m_spinBox->doValidation();
+    m_spinBox->validateShown();
 }

@@ -221,19 +221,158 @@ private Q_SLOTS:
         QCOMPARE(box.edit()->cursorPosition(), box.edit()->text().size());
     }
 
-    void caretStaysAtItsDigit()
+    /// "|" marks the caret, "[" and "]" a selection; "<" is Backspace, ">" is Delete, "^" before
+    /// one of them is Ctrl.
+    void editing_data()
+    {
+        QTest::addColumn<int>("decimals");
+        QTest::addColumn<QString>("suffix");
+        QTest::addColumn<QString>("start");
+        QTest::addColumn<QString>("keys");
+        QTest::addColumn<QString>("end");
+        const QString none;
+        const QString real(" [-0.50 rpm]");
+        QTest::newRow("digit between groups") << 0 << none << "1,2|34"
+                                              << "9"
+                                              << "12,9|34";
+        QTest::newRow("taken back") << 0 << none << "12,9|34"
+                                    << "<"
+                                    << "1,2|34";
+        QTest::newRow("letter") << 0 << none << "1,2|34"
+                                << "x"
+                                << "1,2|34";
+        QTest::newRow("before the point") << 2 << none << "1|.23"
+                                          << "5"
+                                          << "15|.23";
+        QTest::newRow("back at the comma") << 0 << none << "1,|000"
+                                           << "<"
+                                           << "|0";
+        QTest::newRow("back behind the point") << 2 << none << "15.|23"
+                                               << "<"
+                                               << "1|.23";
+        QTest::newRow("delete") << 2 << none << "123|456.78"
+                                << ">"
+                                << "123|56.78";
+        QTest::newRow("delete at the point") << 2 << none << "12|.34"
+                                             << ">"
+                                             << "1.2|4";
+        QTest::newRow("delete at the end") << 0 << " m2"
+                                           << "10|"
+                                           << ">"
+                                           << "10|";
+        QTest::newRow("delete word") << 0 << " m2"
+                                     << "1|0"
+                                     << "^>"
+                                     << "1|";
+        QTest::newRow("back at the start") << 0 << none << "|10"
+                                           << "<"
+                                           << "|10";
+        QTest::newRow("typed over") << 0 << none << "[5]"
+                                    << "56"
+                                    << "56|";
+        QTest::newRow("typed over, same digit") << 0 << none << "5[5]"
+                                                << "5"
+                                                << "55|";
+        QTest::newRow("typed over, decimals") << 2 << none << "[1.00]"
+                                              << "56"
+                                              << "56|.00";
+        QTest::newRow("negative over real units") << 0 << real << "[-10]"
+                                                  << "-05"
+                                                  << "-5|";
+        QTest::newRow("selection into the suffix") << 0 << " m2"
+                                                   << "1[0 m]"
+                                                   << "7"
+                                                   << "17|";
+    }
+    void editing()
+    {
+        QFETCH(int, decimals);
+        QFETCH(QString, suffix);
+        QFETCH(QString, start);
+        QFETCH(QString, keys);
+        TextBox box;
+        box.setFlags(confirm);
+        box.setDecimals(decimals);
+        box.setSuffix(suffix);
+        const int caret = start.indexOf('|');
+        const int from = start.indexOf('[');
+        const int to = start.indexOf(']') - 1;
+        QString text = start;
+        text.remove(QRegularExpression("[][|]"));
+        box.setTyped(text.endsWith(suffix.left(2)) && !suffix.isEmpty() ? text + suffix.mid(2)
+                                                                        : text + suffix);
+        if (from >= 0)
+            box.edit()->setSelection(to, from - to); // backward, so that the caret is in front
+        else
+            box.edit()->setCursorPosition(caret);
+        Qt::KeyboardModifiers modifiers = Qt::NoModifier;
+        for (QChar key : keys) {
+            if (key == '^')
+                modifiers = Qt::ControlModifier;
+            else if (key == '<' || key == '>')
+                QTest::keyPress(&box, key == '<' ? Qt::Key_Backspace : Qt::Key_Delete, modifiers);
+            else
+                User::type(&box, key);
+        }
+        QString end = box.edit()->text();
+        QVERIFY(end.endsWith(suffix));
+        end.chop(suffix.size());
+        end.insert(box.edit()->cursorPosition(), '|');
+        QTEST(end, "end");
+    }
+
+    void coloursOfDecimalsDoNotStick()
     {
         TextBox box;
-        box.setTyped("1,234");
-        box.edit()->setCursorPosition(3); // 1,2|34
-        User::type(&box, "9");
-        QCOMPARE(box.edit()->text(), QString("12,934"));
-        QCOMPARE(box.edit()->cursorPosition(), 4);
-        QTest::keyClick(&box, Qt::Key_Backspace);
-        QCOMPARE(box.edit()->text(), QString("1,234"));
-        QCOMPARE(box.edit()->cursorPosition(), 3);
-        User::type(&box, "x");
-        QCOMPARE(box.edit()->cursorPosition(), 3);
+        box.setDecimals(2);
+        box.setRange(-100, 100);
+        box.setFlags(confirm);
+        box.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&box));
+        const auto makeCrimson = [&box] {
+            box.setTyped("99999");
+            QCOMPARE(colourOf(box), QString("crimson"));
+            QVERIFY(QToolTip::isVisible());
+        };
+        makeCrimson();
+        QTest::keyClick(&box, Qt::Key_Return); // goes back to 0.00, the last value
+        QCOMPARE(colourOf(box), QString());
+        QTRY_VERIFY(!QToolTip::isVisible());
+        makeCrimson();
+        QTest::keyClick(&box, Qt::Key_Escape);
+        QCOMPARE(colourOf(box), QString());
+        QTRY_VERIFY(!QToolTip::isVisible());
+        makeCrimson();
+        box.setValue(7.0);
+        QCOMPARE(colourOf(box), QString("gold"));
+        makeCrimson();
+        box.setValue(7);
+        QCOMPARE(colourOf(box), QString());
+        makeCrimson();
+        box.setUnitParameter(Parameter(), false, 0, 0);
+        QCOMPARE(colourOf(box), QString());
+    }
+
+    void boxMayBeDeletedInItsOwnSignals()
+    {
+        for (int way = 0; way < 3; ++way) {
+            auto* box =
+                new SpinBox(nullptr, way == 2 ? SpinBox::ResetOnEscape : SpinBox::Options());
+            if (way == 2) {
+                const QSignalBlocker silent(box);
+                box->setValue(3.0);
+            }
+            connect(box, QOverload<int>::of(&SpinBox::valueChanged), [box] { delete box; });
+            if (way == 0)
+                box->setValue(5.0);
+            else if (way == 1)
+                box->setValue(5);
+            else
+                QCoreApplication::sendEvent(
+                    box,
+                    std::make_unique<QKeyEvent>(QEvent::KeyRelease, Qt::Key_Escape, Qt::NoModifier)
+                        .get());
+        }
     }
 
     void readsBackInAnyLocale()

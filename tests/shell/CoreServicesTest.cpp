@@ -169,6 +169,24 @@ private Q_SLOTS:
         QCOMPARE(AppSettings().restoreComboBoxCurrentText(&named), QString("text 2"));
     }
 
+    void comboBoxKeysSurviveStacking()
+    {
+        QTabWidget tabs;
+        QList<QComboBox*> boxes;
+        for (const QString& text : {QString("axis 0"), QString("axis 1")}) {
+            auto* page = new QWidget;
+            page->setObjectName("Panel");
+            boxes << new QComboBox(page);
+            boxes.last()->addItem(text);
+            tabs.addTab(page, text);
+        }
+        for (QComboBox* box : qAsConst(boxes))
+            AppSettings().saveComboxCurrentText(box);
+        tabs.setCurrentIndex(1); // raises the page above its sibling
+        for (QComboBox* box : qAsConst(boxes))
+            QCOMPARE(AppSettings().restoreComboBoxCurrentText(box), box->currentText());
+    }
+
     void positionsStayOnScreen()
     {
         QWidget widget;

@@ -9,6 +9,7 @@ CurrentControl::CurrentControl(QWidget* parent)
     m_ui->setupUi(this);
     m_targetCurrent.bind(m_ui->sbTargetCurrent);
     m_actualCurrent.bind(m_ui->sbActualCurrent);
+    setUpJog(m_ui->btnJogLeft, m_ui->btnJogRight);
     setUpPanel(m_ui->gbCurrentControl, {&m_actualCurrent});
 }
 

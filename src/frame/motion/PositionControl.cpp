@@ -34,7 +34,7 @@ void PositionControl::setActualPositionCommand(char type)
 void PositionControl::setActualPositionCommandAndRange(char type, int minimum, int maximum)
 {
     m_actualPosition.setNumberAndRange(type, minimum, maximum);
-    setActualPositionCommand(type);
+    m_ui->btnClear->setToolTip(parameterToolTip(type));
 }
 
 void PositionControl::setTargetPositionCommand(char type) { m_targetPosition.setNumber(type); }

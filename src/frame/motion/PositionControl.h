@@ -34,7 +34,7 @@ public:
     void setTargetPositionCommandAndRange(char type, int minimum, int maximum);
     char getTargetPositionCommand() const { return m_targetPosition.number(); }
 
-    /// Axis parameters that "Clear on NULL" sets to 1, the second of them first. Default 0.
+    /// Axis parameters that "Clear on NULL" sets to 1, that of clear once first. Default 0.
     void setClearOnNullCommand(char type);
     void setClearOnceCommand(char type);
 

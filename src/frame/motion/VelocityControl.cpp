@@ -8,6 +8,7 @@ VelocityControl::VelocityControl(QWidget* parent)
 {
     m_ui->setupUi(this);
     m_actualVelocity.bind(m_ui->sbActualVelocity);
+    setUpJog(m_ui->btnJogLeft, m_ui->btnJogRight);
     setUpPanel(m_ui->gbVelocityControl, {&m_actualVelocity});
 }
 

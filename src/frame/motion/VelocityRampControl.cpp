@@ -6,8 +6,6 @@ VelocityRampControl::VelocityRampControl(QWidget* parent)
     : AxisPanel(parent), m_ui(std::make_unique<Ui::VelocityRampControl>())
 {
     m_ui->setupUi(this);
-    for (SpinBox* box : {m_ui->sbMaxVelocity, m_ui->sbAcceleration})
-        box->setFlags(SpinBox::ChangedOnEnter | SpinBox::ResetOnEscape);
     m_maxVelocity.bind(m_ui->sbMaxVelocity, AxisParameter::Drop);
     m_acceleration.bind(m_ui->sbAcceleration, AxisParameter::Drop);
     m_enableRamp.bind(m_ui->gbRampEnabler);

@@ -22,35 +22,52 @@ QString colorMapKey(const QString& name)
     return QStringLiteral("ColorMap/Maps/") + oneLevel(name);
 }
 
-/// The object's own part of a combo box key: its name, or its class where it has none, and its
-/// place among those siblings that would have the same part.
-QString keyPart(const QObject* object)
+QString bareKeyPart(const QObject* object)
 {
-    const auto bare = [](const QObject* o) {
-        return nameOr(o->objectName(), QString::fromLatin1(o->metaObject()->className()));
-    };
-    QString part = bare(object);
-    int twins = 0;
-    int place = 0;
-    const QObjectList siblings = object->parent() ? object->parent()->children() : QObjectList();
-    for (const QObject* sibling : siblings) {
-        if (bare(sibling) != part)
-            continue;
-        ++twins;
-        if (sibling == object)
-            place = twins;
-    }
-    if (twins > 1)
-        part += QStringLiteral("#%1").arg(place);
-    return oneLevel(part);
+    return oneLevel(
+        nameOr(object->objectName(), QString::fromLatin1(object->metaObject()->className())));
 }
 
-QString comboBoxKey(const QComboBox* box)
+/// The widget's own part of a combo box key: its name, or its class where it has none, with a
+/// number behind for all but the first of the siblings that would have the same part. Settled at
+/// first use and kept at the widget, for the order of siblings changes with their stacking.
+QString keyPart(QWidget* widget)
+{
+    static const char* const settled = "_axrSettingsKeyPart";
+    const QVariant kept = widget->property(settled);
+    if (kept.isValid())
+        return kept.toString();
+
+    const QString bare = bareKeyPart(widget);
+    int place = 1;
+    QStringList taken;
+    bool before = true;
+    const QObjectList siblings = widget->parent() ? widget->parent()->children() : QObjectList();
+    for (const QObject* sibling : siblings) {
+        before = before && sibling != widget;
+        if (!sibling->isWidgetType() || sibling == widget || bareKeyPart(sibling) != bare)
+            continue;
+        const QVariant other = sibling->property(settled);
+        if (other.isValid())
+            taken << other.toString();
+        else if (before)
+            ++place;
+    }
+    const auto numbered = [&bare](int n) {
+        return n == 1 ? bare : QStringLiteral("%1#%2").arg(bare).arg(n);
+    };
+    while (taken.contains(numbered(place)))
+        ++place;
+    widget->setProperty(settled, numbered(place));
+    return numbered(place);
+}
+
+QString comboBoxKey(QComboBox* box)
 {
     QStringList parts{keyPart(box)};
-    for (const QObject* o = box->parent(); o; o = o->parent()) {
-        if (!o->objectName().isEmpty() && !o->objectName().startsWith(QLatin1String("qt_")))
-            parts.prepend(keyPart(o));
+    for (QWidget* w = box->parentWidget(); w; w = w->parentWidget()) {
+        if (!w->objectName().isEmpty() && !w->objectName().startsWith(QLatin1String("qt_")))
+            parts.prepend(keyPart(w));
     }
     return QStringLiteral("ComboBoxes/") + parts.join(QLatin1Char('/'));
 }
@@ -94,7 +111,7 @@ void AppSettings::saveColorCustomMap(const QMap<QString, QVariant>& map, const Q
 void AppSettings::saveParaMapVariant(const QMap<QString, QMap<QString, QVariant>>& map,
                                      const QString& key)
 {
-    if (key.isEmpty())
+    if (key.split(QLatin1Char('/'), Qt::SkipEmptyParts).isEmpty())
         return;
     if (!map.isEmpty()) {
         QVariantMap rows; // a map of maps would be a type of its own, which no store can write

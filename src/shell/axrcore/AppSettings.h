@@ -42,7 +42,8 @@ public:
     QMap<QString, QMap<QString, QVariant>> getParaMapVariant(const QString& key);
 
     /// Stores the box's current text under a key that its object name and its named ancestors
-    /// determine (class name and place among its siblings where names are missing or equal).
+    /// determine: an unnamed box counts by its class name, and all but the first of siblings with
+    /// one name get a number behind. The key is settled when it is first used and then stays.
     void saveComboxCurrentText(QComboBox* box);
     /// The text stored for this box, empty if none. Does not touch the box.
     QString restoreComboBoxCurrentText(QComboBox* box);

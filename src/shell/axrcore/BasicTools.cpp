@@ -97,7 +97,7 @@ void BasicTools::setSymbolColor(QPixmap* pixmap, QColor colour, bool keepShape, 
         QPainter painter(&image);
         const QRect all(QPoint(), image.size());
         painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-        painter.fillRect(all, colour);
+        painter.fillRect(all, QColor(colour.rgb())); // the symbol's own transparency counts
         if (background.isValid()) {
             painter.setCompositionMode(QPainter::CompositionMode_DestinationOver);
             painter.fillRect(all, background);
@@ -114,15 +114,17 @@ void BasicTools::setButtonIconsColor(QAbstractButton* button, QColor text, QColo
     if (!button || button->icon().isNull())
         return;
     const QIcon old = button->icon();
-    QList<QSize> sizes = old.availableSizes();
+    QList<QSize> sizes = old.availableSizes(QIcon::Normal, QIcon::Off);
+    for (const QSize& size : old.availableSizes(QIcon::Normal, QIcon::On)) {
+        if (!sizes.contains(size))
+            sizes << size;
+    }
     if (sizes.isEmpty())
         sizes << button->iconSize();
     QIcon icon;
     for (const QSize& size : qAsConst(sizes)) {
         const QPixmap off = old.pixmap(size, QIcon::Normal, QIcon::Off);
         const QPixmap on = old.pixmap(size, QIcon::Normal, QIcon::On);
-        if (off.isNull())
-            continue;
         for (QIcon::Mode mode : {QIcon::Normal, QIcon::Active, QIcon::Selected}) {
             icon.addPixmap(recoloured(off, text), mode, QIcon::Off);
             icon.addPixmap(recoloured(on, checked), mode, QIcon::On);

@@ -1,16 +1,8 @@
 #include "Global.h"
 
 #include <QCoreApplication>
-#include <QMutex>
-#include <QPointer>
 
-struct Global::Data {
-    mutable QMutex mutex;
-    QMap<QString, QPointer<QObject>> objects;
-    QMap<unsigned int, ThreadInfo> threads;
-};
-
-Global::Global() : m_data(std::make_unique<Data>())
+Global::Global()
 {
     if (QCoreApplication* app = QCoreApplication::instance())
         moveToThread(app->thread());
@@ -30,30 +22,30 @@ void Global::addSelf(QObject* object)
 {
     if (!object)
         return;
-    QMutexLocker lock(&m_data->mutex);
-    m_data->objects.insert(object->objectName(), object);
+    QMutexLocker lock(&m_mutex);
+    m_objects.insert(object->objectName(), object);
 }
 
 QObject* Global::getSelf(const QString& name) const
 {
-    QMutexLocker lock(&m_data->mutex);
-    return m_data->objects.value(name);
+    QMutexLocker lock(&m_mutex);
+    return m_objects.value(name);
 }
 
 void Global::registerThread(unsigned int threadId, const QString& name)
 {
-    QMutexLocker lock(&m_data->mutex);
-    m_data->threads.insert(threadId, {name, QDateTime::currentDateTime()});
+    QMutexLocker lock(&m_mutex);
+    m_threads.insert(threadId, {name, QDateTime::currentDateTime()});
 }
 
 void Global::unregisterThread(unsigned int threadId)
 {
-    QMutexLocker lock(&m_data->mutex);
-    m_data->threads.remove(threadId);
+    QMutexLocker lock(&m_mutex);
+    m_threads.remove(threadId);
 }
 
 QMap<unsigned int, Global::ThreadInfo> Global::registeredThreads() const
 {
-    QMutexLocker lock(&m_data->mutex);
-    return m_data->threads;
+    QMutexLocker lock(&m_mutex);
+    return m_threads;
 }
