@@ -1,3 +1,4 @@
 #include "Logging.h"
 
+Q_LOGGING_CATEGORY(axrLinks, "axr.links")
 Q_LOGGING_CATEGORY(axrShell, "axr.shell")

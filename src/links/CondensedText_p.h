@@ -1,0 +1,15 @@
+#ifndef CONDENSEDTEXT_P_H
+#define CONDENSEDTEXT_P_H
+
+#include <QWidget>
+
+/// Narrows the letters of a widget, for captions that would not fit into their fixed width in a
+/// wide font. Lasts when the application's font or style sheet changes.
+inline void condenseText(QWidget* widget)
+{
+    QFont font = widget->font();
+    font.setStretch(QFont::Condensed);
+    widget->setFont(font);
+}
+
+#endif

@@ -1,0 +1,55 @@
+#include "WDirectMode.h"
+
+#include "Instruction.h"
+#include "ui_WDirectMode.h"
+
+WDirectMode::WDirectMode(QWidget* parent)
+    : QWidget(parent), m_ui(std::make_unique<Ui::WDirectMode>())
+{
+    m_ui->setupUi(this);
+    for (const InstructionName& entry : InstructionNames) {
+        const int number = static_cast<int>(entry.instruction);
+        m_ui->cbCommand->addItem(
+            QStringLiteral("%1 - %2").arg(number).arg(QLatin1String(entry.mnemonic)), number);
+    }
+}
+
+WDirectMode::~WDirectMode() = default;
+
+void WDirectMode::setAddress(char address) { m_ui->sbRequestAddress->setValue(u8(address)); }
+
+char WDirectMode::getAddress() const { return toByte(m_ui->sbRequestAddress->value()); }
+
+void WDirectMode::on_btnSend_clicked()
+{
+    m_lastCommand = toByte(m_ui->cbCommand->currentData().toInt());
+    m_lastType = toByte(m_ui->sbRequestType->value());
+    m_lastMotorBank = toByte(m_ui->sbRequestMotorBank->value());
+    emit doRequest(getAddress(), m_lastCommand, m_lastType, m_lastMotorBank,
+                   m_ui->sbRequestValue->value());
+}
+
+void WDirectMode::requestResult(char address, char command, char /*type*/, char status,
+                                char motorBank, int value)
+{
+    showReply(address, command, status, motorBank, value);
+}
+
+void WDirectMode::requestedCommand(char address, char command, char type, char motorBank,
+                                   char status, int value)
+{
+    const bool pending = m_lastCommand != 0;
+    if (!pending || command != m_lastCommand || type != m_lastType || motorBank != m_lastMotorBank)
+        return;
+    showReply(address, command, status, motorBank, value);
+    m_lastCommand = m_lastType = m_lastMotorBank = 0;
+}
+
+void WDirectMode::showReply(char address, char command, char status, char motorBank, int value)
+{
+    m_ui->sbReplyAddress->setValue(u8(address));
+    m_ui->sbReplyCommand->setValue(u8(command));
+    m_ui->sbReplyType->setValue(u8(status));
+    m_ui->sbReplyMotorBank->setValue(u8(motorBank));
+    m_ui->sbReplyValue->setValue(value);
+}
