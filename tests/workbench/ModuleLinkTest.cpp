@@ -1,0 +1,164 @@
+#include "ModuleLink.h"
+#include "CommandRecorder.h"
+#include "Instruction.h"
+#include "ParameterTable.h"
+#include "TestCase.h"
+
+namespace Number = AxisParameterNumber;
+
+namespace
+{
+
+Command request(Instruction instruction, int type, int value = 0, int axis = 0)
+{
+    return Command(1, toByte(instruction), toByte(type), toByte(axis), value);
+}
+
+/// A link, opened, with everything that it sends, takes and gives up.
+struct Traffic {
+    ModuleLink link{Weather()};
+    QStringList sent;
+    QStringList answered;
+    QStringList gaveUp;
+
+    Traffic()
+    {
+        QObject::connect(&link, &ModuleLink::sent, [this](const Command& c) { sent << line(c); });
+        QObject::connect(&link, &ModuleLink::answered,
+                         [this](const Command&, const Command& c) { answered << line(c); });
+        QObject::connect(&link, &ModuleLink::gaveUp,
+                         [this](const Command& c, const QString&) { gaveUp << line(c); });
+        link.open();
+    }
+};
+
+} // namespace
+
+class ModuleLinkTest : public TestCase
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void commandsOvertakeReads()
+    {
+        Traffic traffic;
+        traffic.link.read(request(Instruction::GAP, 1));
+        traffic.link.read(request(Instruction::GAP, 3));
+        traffic.link.read(request(Instruction::GAP, 1)); // waits already
+        traffic.link.command(request(Instruction::SAP, Number::Acceleration, 777));
+        traffic.link.advance(50);
+        QCOMPARE(traffic.sent, QStringList({"1 5 11 0 777", "1 6 1 0 0", "1 6 3 0 0"}));
+        QCOMPARE(traffic.answered, QStringList({"1 5 11 0 777", "1 6 1 0 0", "1 6 3 0 0"}));
+        QCOMPARE(traffic.link.module().axis(0).read(Number::Acceleration), 777);
+    }
+
+    void stopOvertakesAndDropsCommands()
+    {
+        Traffic traffic;
+        Weather slow;
+        slow.minimumDelay = slow.maximumDelay = 20;
+        traffic.link.wire().setWeather(slow);
+        traffic.link.command(request(Instruction::ROR, 0, 500));
+        traffic.link.advance(2); // on its way
+        traffic.link.command(request(Instruction::ROL, 0, 600, 1));
+        traffic.link.read(request(Instruction::GAP, 1));
+        traffic.sent.clear();
+        traffic.link.stopAll();
+        QVERIFY(traffic.link.isStopping());
+        QCOMPARE(traffic.sent, QStringList("1 3 0 0 0"));
+        QCOMPARE(traffic.gaveUp, QStringList("1 2 0 1 600"));
+        traffic.link.advance(100);
+        QVERIFY(!traffic.link.isStopping());
+        QCOMPARE(traffic.sent, QStringList({"1 3 0 0 0", "1 3 0 1 0", "1 6 1 0 0"}));
+        traffic.link.advance(2000);
+        QCOMPARE(traffic.link.module().axis(0).velocity(), 0.0);
+        QCOMPARE(traffic.link.module().axis(1).velocity(), 0.0);
+    }
+
+    void silentModule()
+    {
+        Traffic traffic;
+        traffic.link.wire().setSilent(true);
+        traffic.link.command(request(Instruction::ROR, 0, 500));
+        traffic.link.read(request(Instruction::GAP, 3));
+        traffic.link.advance(1000);
+        QCOMPARE(traffic.link.state(), ModuleLink::State::Silent);
+        QCOMPARE(traffic.sent.count("1 1 0 0 500"), 1); // never repeated
+        QCOMPARE(traffic.sent.count("1 6 3 0 0"), 3);
+        QCOMPARE(traffic.gaveUp, QStringList("1 1 0 0 500"));
+
+        traffic.link.stopAll();
+        traffic.link.command(request(Instruction::ROR, 0, 700)); // waits behind the stop
+        traffic.link.advance(1500);
+        QVERIFY(traffic.link.isStopping());
+        QCOMPARE(traffic.gaveUp.last(), QString("1 1 0 0 700"));
+        traffic.link.wire().setSilent(false);
+        traffic.link.advance(300);
+        QVERIFY(!traffic.link.isStopping());
+        QCOMPARE(traffic.link.state(), ModuleLink::State::Answering);
+        QVERIFY(!traffic.sent.contains("1 1 0 0 700"));
+        QCOMPARE(traffic.link.module().axis(0).velocity(), 0.0);
+    }
+
+    void badWeatherLosesNoRead()
+    {
+        ModuleLink link([] {
+            Weather weather;
+            weather.seed = 5;
+            weather.replyLoss = 0.2;
+            weather.duplicate = 0.2;
+            weather.foreignReply = 0.3;
+            weather.lateReply = 0.1;
+            return weather;
+        }());
+        link.module().axis(0).write(Number::ActualPosition, 1234);
+        int right = 0;
+        int wrong = 0;
+        connect(&link, &ModuleLink::answered, this, [&](const Command&, const Command& answer) {
+            const bool fits = u8(answer.getType()) == Number::ActualPosition &&
+                              answer.getValue() == 1234 && answer.getMotorBank() == 0;
+            ++(fits ? right : wrong);
+        });
+        link.open();
+        for (int i = 0; i < 200; ++i) {
+            link.read(request(Instruction::GAP, Number::ActualPosition));
+            link.advance(400);
+        }
+        QCOMPARE(wrong, 0);
+        QVERIFY2(right >= 195, qPrintable(QString::number(right)));
+    }
+
+    void directRequest()
+    {
+        Traffic traffic;
+        Command reply;
+        traffic.link.doDirectRequest(new Command(request(Instruction::GAP, Number::Acceleration)),
+                                     &reply);
+        QVERIFY(reply.isValid());
+        QCOMPARE(reply.getValue(), traffic.link.module().axis(0).read(Number::Acceleration));
+
+        Command none;
+        traffic.link.wire().setSilent(true);
+        traffic.link.doDirectRequest(new Command(request(Instruction::GAP, 1)), &none);
+        QVERIFY(!none.isValid());
+        traffic.link.close();
+        traffic.link.doDirectRequest(new Command(request(Instruction::GAP, 1)), &none);
+        traffic.link.doDirectRequest(nullptr, &none);
+        QVERIFY(!none.isValid());
+    }
+
+    void closedLinkSendsNothing()
+    {
+        Traffic traffic;
+        traffic.link.read(request(Instruction::GAP, 1));
+        traffic.link.close();
+        traffic.link.command(request(Instruction::ROR, 0, 5));
+        traffic.link.read(request(Instruction::GAP, 1));
+        traffic.link.stopAll();
+        traffic.link.advance(100);
+        QCOMPARE(traffic.sent, QStringList());
+        QCOMPARE(traffic.gaveUp, QStringList("1 1 0 0 5"));
+    }
+};
+
+AXR_TEST_MAIN(ModuleLinkTest)
+#include "ModuleLinkTest.moc"

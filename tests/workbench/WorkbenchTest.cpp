@@ -1,0 +1,136 @@
+#include "Workbench.h"
+#include "CommandText.h"
+#include "Connection.h"
+#include "ParameterTable.h"
+#include "SpinBox.h"
+#include "TestCase.h"
+#include "User.h"
+#include "VelocityControl.h"
+
+#include <QPushButton>
+#include <QSpinBox>
+
+namespace
+{
+
+WorkbenchOptions parse(const QStringList& arguments)
+{
+    return WorkbenchOptions::parse(QStringList("axrworkbench") + arguments, Workbench::pageNames());
+}
+
+void open(Workbench& bench)
+{
+    User::click(User::find<QPushButton>(bench.findChild<Connection*>(), "btnConnect"));
+    bench.advance(300);
+}
+
+} // namespace
+
+class WorkbenchTest : public TestCase
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void commandLine()
+    {
+        const WorkbenchOptions options =
+            parse({"--page", "motion", "--photo", "a.png", "--seed", "4294967295", "--lost-replies",
+                   "12.5", "--delay", "30", "--silent"});
+        QCOMPARE(options.action, WorkbenchOptions::Action::Show);
+        QCOMPARE(options.page, QString("motion"));
+        QCOMPARE(options.weather.seed, 4294967295u);
+        QCOMPARE(options.weather.replyLoss, 0.125);
+        QCOMPARE(options.weather.maximumDelay, 30);
+        QVERIFY(options.silent && options.unattended());
+        QCOMPARE(parse({"--help"}).action, WorkbenchOptions::Action::Help);
+        QVERIFY(!parse({}).unattended());
+    }
+
+    void badCommandLine_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::newRow("unknown option") << QStringList{"--fly"};
+        QTest::newRow("unknown page") << QStringList{"--page", "kitchen"};
+        QTest::newRow("no number") << QStringList{"--seed", "x"};
+        QTest::newRow("out of range") << QStringList{"--late", "101"};
+        QTest::newRow("not a number") << QStringList{"--late", "nan"};
+        QTest::newRow("stray word") << QStringList{"tour"};
+        QTest::newRow("missing value") << QStringList{"--tour"};
+        QTest::newRow("empty value") << QStringList{"--tour", ""};
+        QTest::newRow("two jobs") << QStringList{"--tour", "a", "--photo", "b"};
+    }
+    void badCommandLine()
+    {
+        QFETCH(QStringList, arguments);
+        const WorkbenchOptions options = parse(arguments);
+        QCOMPARE(options.action, WorkbenchOptions::Action::Error);
+        QVERIFY(!options.text.isEmpty() && !options.text.contains('\n'));
+    }
+
+    void stopKeyWorksFromAnyFocus()
+    {
+        Workbench bench(parse({"--photo", "x"}));
+        bench.show();
+        open(bench);
+        auto* panel = User::find<VelocityControl>(&bench, "VelocityControl0");
+        User::find<QSpinBox>(panel, "sbTargetVelocity")->setValue(300);
+        User::click(User::find<QPushButton>(panel, "btnRight"));
+        bench.advance(1000);
+        QCOMPARE(qRound(bench.link().module().axis(0).velocity()), 300);
+        for (const QString& page : Workbench::pageNames())
+            QVERIFY(bench.showPage(page));
+        QTest::keyClick(User::find<SpinBox>(&bench, "sbParameter"), Qt::Key_F12);
+        bench.advance(1000);
+        QCOMPARE(bench.link().module().axis(0).velocity(), 0.0);
+    }
+
+    void closingTheWindowEndsAJog()
+    {
+        Workbench bench(parse({"--photo", "x", "--page", "motion"}));
+        bench.show();
+        open(bench);
+        auto* panel = User::find<VelocityControl>(&bench, "VelocityControl0");
+        User::find<QSpinBox>(panel, "sbTargetVelocity")->setValue(300);
+        User::press(User::find<QPushButton>(panel, "btnJogLeft"));
+        bench.advance(1000);
+        QCOMPARE(qRound(bench.link().module().axis(0).velocity()), -300);
+        bench.close();
+        bench.link().advance(1000);
+        QCOMPARE(bench.link().module().axis(0).velocity(), 0.0);
+    }
+
+    void windowStateIsRemembered()
+    {
+        {
+            Workbench bench(parse({"--page", "motion"}));
+            bench.resize(1000, 600);
+            bench.show();
+            bench.close();
+        }
+        Workbench again(parse({}));
+        QCOMPARE(again.size(), QSize(1000, 600));
+        again.show();
+        QVERIFY(User::find<VelocityControl>(&again, "VelocityControl0")->isVisible());
+    }
+
+    void nothingGoesOutUnasked()
+    {
+        Workbench bench(parse({"--photo", "x"}));
+        bench.show();
+        QStringList sent;
+        connect(&bench.link(), &ModuleLink::sent, this, [&sent](const Command& request) {
+            const QString text = requestText(request);
+            if (!text.startsWith("GAP"))
+                sent << text;
+        });
+        open(bench);
+        for (const QString& page : Workbench::pageNames()) {
+            bench.showPage(page);
+            bench.advance(1000);
+            QCoreApplication::processEvents();
+        }
+        QCOMPARE(sent, QStringList());
+    }
+};
+
+AXR_TEST_MAIN(WorkbenchTest)
+#include "WorkbenchTest.moc"

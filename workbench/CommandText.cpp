@@ -1,0 +1,59 @@
+#include "CommandText.h"
+
+#include "Command.h"
+#include "Instruction.h"
+#include "SimulatedModule.h"
+
+namespace
+{
+
+QString mnemonic(char command)
+{
+    for (const InstructionName& name : InstructionNames) {
+        if (carries(command, name.instruction))
+            return QString::fromLatin1(name.mnemonic);
+    }
+    return QStringLiteral("instruction %1").arg(u8(command));
+}
+
+QString statusText(char status)
+{
+    switch (static_cast<ReplyStatus>(u8(status))) {
+    case ReplyStatus::Ok:
+        return QStringLiteral("ok");
+    case ReplyStatus::UnknownInstruction:
+        return QStringLiteral("unknown instruction");
+    case ReplyStatus::UnknownType:
+        return QStringLiteral("unknown type");
+    case ReplyStatus::UnknownBank:
+        return QStringLiteral("unknown motor or bank");
+    case ReplyStatus::OutOfRange:
+        return QStringLiteral("value out of range");
+    case ReplyStatus::ReadOnly:
+        return QStringLiteral("read only");
+    case ReplyStatus::NotStorable:
+        return QStringLiteral("cannot be stored");
+    case ReplyStatus::Fault:
+        return QStringLiteral("could not be carried out");
+    }
+    return QStringLiteral("unknown status");
+}
+
+} // namespace
+
+QString requestText(const Command& request)
+{
+    return QStringLiteral("%1 %2 = %3, axis %4")
+        .arg(mnemonic(request.getCommand()))
+        .arg(u8(request.getType()))
+        .arg(request.getValue())
+        .arg(u8(request.getMotorBank()));
+}
+
+QString replyText(const Command& reply)
+{
+    return QStringLiteral("value %1, status %2 (%3)")
+        .arg(reply.getValue())
+        .arg(u8(reply.getStatus()))
+        .arg(statusText(reply.getStatus()));
+}

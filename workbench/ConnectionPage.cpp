@@ -1,0 +1,185 @@
+#include "ConnectionPage.h"
+
+#include "Bytes.h"
+#include "CANConnection.h"
+#include "Connection.h"
+#include "EthernetConnection.h"
+#include "ModuleLink.h"
+#include "SerialConnection.h"
+#include "ZigBeeNode.h"
+
+#include <QCheckBox>
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QSpinBox>
+
+namespace
+{
+
+// Where the simulated module is found.
+const QString usbPort = QStringLiteral("SIM1");
+const QString serialPort = QStringLiteral("SIM-COM1");
+const QString description = QStringLiteral("Simulated axis module");
+constexpr int Bitrate = 1000;
+constexpr int SendId = 1;
+constexpr int ReceiveId = 2;
+const QString ipAddress = QStringLiteral("192.168.1.1");
+constexpr quint16 ipPort = 1500;
+
+} // namespace
+
+ConnectionPage::ConnectionPage(ModuleLink& link)
+    : Page(QStringLiteral("connection"), tr("Connection"))
+    , m_link(link)
+    , m_connection(new Connection(this))
+    , m_serial(new SerialConnection(this))
+    , m_can(new CANConnection(this))
+    , m_ethernet(new EthernetConnection)
+    , m_zigBee(new ZigBeeNode)
+    , m_counters(new QLabel)
+{
+    m_connection->setTitle(tr("USB"));
+    m_connection->addDevice(usbPort, description);
+    m_serial->addDevice(serialPort, description);
+    m_panels = {{m_connection, [this] { m_connection->setDisconnected(); }},
+                {m_serial, [this] { m_serial->setDisconnected(); }},
+                {m_can, [this] { m_can->setDisconnected(); }},
+                {m_ethernet, [this] { m_ethernet->handleConnectionRefused(); }}};
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(makePanels());
+    layout->addWidget(makeWeather());
+    layout->addStretch();
+
+    const char address = link.module().address();
+    connect(m_connection, &Connection::openDevice, this, [this, address](const QString& port) {
+        open(m_connection, port, port == usbPort, address);
+    });
+    connect(m_serial, &SerialConnection::openDevice, this,
+            [this](const QString& port, int baudrate, int moduleAddress) {
+                // A wrong address opens all the same; the module then does not answer.
+                open(m_serial, tr("%1, %2 baud").arg(port).arg(baudrate), port == serialPort,
+                     toByte(moduleAddress));
+            });
+    connect(m_can, &CANConnection::openDevice, this,
+            [this, address](int bitrate, int sendID, int receiveID) {
+                open(m_can, tr("CAN, %1 kBit/s").arg(bitrate),
+                     bitrate == Bitrate && sendID == SendId && receiveID == ReceiveId, address);
+            });
+    connect(m_ethernet, &EthernetConnection::openDevice, this,
+            [this, address](const QString& ip, qint16 port) {
+                const auto unsignedPort = static_cast<quint16>(port);
+                open(m_ethernet, QStringLiteral("%1:%2").arg(ip).arg(unsignedPort),
+                     ip == ipAddress && unsignedPort == ipPort, address);
+            });
+    connect(m_connection, &Connection::closeDevice, this, &ConnectionPage::close);
+    connect(m_serial, &SerialConnection::closeDevice, this, &ConnectionPage::close);
+    connect(m_can, &CANConnection::closeDevice, this, &ConnectionPage::close);
+    connect(m_ethernet, &EthernetConnection::closeDevice, this, &ConnectionPage::close);
+    connect(m_zigBee, &ZigBeeNode::setZigBeeDevice, this, [this](char* bytes) {
+        emit message(tr("ZigBee address set to %1.%2.%3.%4; the simulated module has no radio")
+                         .arg(u8(bytes[3]))
+                         .arg(u8(bytes[2]))
+                         .arg(u8(bytes[1]))
+                         .arg(u8(bytes[0])));
+    });
+}
+
+QWidget* ConnectionPage::makePanels()
+{
+    auto* box = new QWidget;
+    // The fixed widths in these panels were laid out for a narrow font.
+    box->setFont(QFont(QStringLiteral("Liberation Sans"), 8));
+    auto* grid = new QGridLayout(box);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->addWidget(m_connection, 0, 0, Qt::AlignTop);
+    grid->addWidget(m_serial, 0, 1, Qt::AlignTop);
+    grid->addWidget(m_can, 0, 2, Qt::AlignTop);
+    grid->addWidget(m_ethernet, 1, 0, 1, 2, Qt::AlignTop | Qt::AlignLeft);
+    grid->addWidget(m_zigBee, 1, 2, Qt::AlignTop);
+    grid->setColumnStretch(3, 1);
+    return box;
+}
+
+QWidget* ConnectionPage::makeWeather()
+{
+    auto* box = new QGroupBox(tr("Weather on the simulated link"));
+    auto* silent = new QCheckBox(tr("The module is silent"));
+    silent->setObjectName(QStringLiteral("cbSilent"));
+    silent->setChecked(m_link.wire().isSilent());
+    connect(silent, &QCheckBox::toggled, this, [this](bool on) { m_link.wire().setSilent(on); });
+
+    auto* loss = new QSpinBox;
+    loss->setObjectName(QStringLiteral("sbLoss"));
+    loss->setRange(0, 100);
+    loss->setSuffix(QStringLiteral(" %"));
+    loss->setValue(qRound(m_link.wire().weather().replyLoss * 100));
+    auto* delay = new QSpinBox;
+    delay->setObjectName(QStringLiteral("sbDelay"));
+    delay->setRange(0, 1000);
+    delay->setSuffix(QStringLiteral(" ms"));
+    delay->setValue(m_link.wire().weather().maximumDelay);
+    const auto apply = [this, loss, delay] {
+        Weather weather = m_link.wire().weather();
+        weather.replyLoss = loss->value() / 100.0;
+        weather.minimumDelay = delay->value();
+        weather.maximumDelay = delay->value();
+        m_link.wire().setWeather(weather);
+    };
+    connect(loss, QOverload<int>::of(&QSpinBox::valueChanged), this, apply);
+    connect(delay, QOverload<int>::of(&QSpinBox::valueChanged), this, apply);
+
+    auto* reset = new QPushButton(tr("Reset the module"));
+    reset->setObjectName(QStringLiteral("btnReset"));
+    connect(reset, &QPushButton::clicked, this, [this] { m_link.wire().resetModule(); });
+
+    auto* form = new QFormLayout;
+    form->addRow(silent);
+    form->addRow(tr("Lost replies"), loss);
+    form->addRow(tr("Delay"), delay);
+    form->addRow(reset);
+    auto* layout = new QHBoxLayout(box);
+    layout->addLayout(form);
+    layout->addSpacing(30);
+    layout->addWidget(m_counters, 1);
+    return box;
+}
+
+void ConnectionPage::open(QWidget* panel, const QString& link, bool reachable, char address)
+{
+    if (!reachable) {
+        for (const LinkPanel& each : qAsConst(m_panels)) {
+            if (each.widget == panel)
+                each.disconnected();
+        }
+        emit message(tr("There is no module at %1").arg(link));
+        return;
+    }
+    for (const LinkPanel& each : qAsConst(m_panels))
+        each.widget->setEnabled(each.widget == panel);
+    emit opened(link, address);
+}
+
+void ConnectionPage::close()
+{
+    for (const LinkPanel& each : qAsConst(m_panels))
+        each.widget->setEnabled(true);
+    emit closed();
+}
+
+void ConnectionPage::showCounters()
+{
+    const SimulatedLink::Counters& counters = m_link.wire().counters();
+    m_counters->setText(tr("%1 requests sent, %2 answered\n%3 requests and %4 replies lost\n"
+                           "%5 duplicates, %6 late and %7 foreign replies")
+                            .arg(counters.sent)
+                            .arg(m_link.answers())
+                            .arg(counters.requestsLost)
+                            .arg(counters.repliesLost)
+                            .arg(counters.duplicated)
+                            .arg(counters.late)
+                            .arg(counters.foreign));
+}

@@ -1,0 +1,58 @@
+#ifndef CONNECTIONPAGE_H
+#define CONNECTIONPAGE_H
+
+#include "Page.h"
+
+#include <functional>
+
+class CANConnection;
+class Connection;
+class EthernetConnection;
+class ModuleLink;
+class QLabel;
+class SerialConnection;
+class ZigBeeNode;
+
+/// The four connection panels, in each of which the simulated module appears as a device, and the
+/// weather on its link. One link is open at a time; the other panels wait meanwhile.
+class ConnectionPage : public Page
+{
+    Q_OBJECT
+public:
+    explicit ConnectionPage(ModuleLink& link);
+
+    bool worksAlone() const override { return true; }
+
+    /// Brings the counters up to date.
+    void showCounters();
+
+Q_SIGNALS:
+    /// A link is open. All requests go to `address`.
+    void opened(const QString& link, char address);
+    void closed();
+    /// Something for the status bar.
+    void message(const QString& text);
+
+private:
+    /// A panel with what the host does to it when its link could not be opened.
+    struct LinkPanel {
+        QWidget* widget;
+        std::function<void()> disconnected;
+    };
+
+    QWidget* makePanels();
+    QWidget* makeWeather();
+    void open(QWidget* panel, const QString& link, bool reachable, char address);
+    void close();
+
+    ModuleLink& m_link;
+    Connection* m_connection;
+    SerialConnection* m_serial;
+    CANConnection* m_can;
+    EthernetConnection* m_ethernet;
+    ZigBeeNode* m_zigBee;
+    QLabel* m_counters;
+    QList<LinkPanel> m_panels;
+};
+
+#endif

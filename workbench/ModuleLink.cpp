@@ -1,0 +1,225 @@
+#include "ModuleLink.h"
+
+#include "Instruction.h"
+
+#include <QPointer>
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr int AnswerWithin = 100; // ms
+constexpr int ReadTries = 3;
+constexpr int SilentAfter = 3;   // time-outs in a row
+constexpr int StaleAfter = 1000; // ms
+
+bool isAnswerTo(const Command& reply, const Command& request)
+{
+    return u8(reply.getAddress()) == u8(request.getAddress()) &&
+           u8(reply.getCommand()) == u8(request.getCommand()) &&
+           u8(reply.getType()) == u8(request.getType()) &&
+           u8(reply.getMotorBank()) == u8(request.getMotorBank());
+}
+
+} // namespace
+
+ModuleLink::ModuleLink(const Weather& weather, QObject* parent)
+    : CommandHandlerInterface(parent), m_wire(m_module)
+{
+    m_wire.setWeather(weather);
+}
+
+void ModuleLink::open()
+{
+    if (isOpen())
+        return;
+    m_timeOuts = 0;
+    m_sinceAnswer = 0;
+    setState(State::Answering);
+}
+
+void ModuleLink::close()
+{
+    for (auto& waiting : m_lanes)
+        waiting.clear();
+    m_onItsWay.reset();
+    setState(State::Closed);
+}
+
+void ModuleLink::command(const Command& request)
+{
+    if (!isOpen()) {
+        emit gaveUp(request, tr("not connected"));
+        return;
+    }
+    lane(Lane::Command).push_back({request});
+}
+
+void ModuleLink::read(const Command& request)
+{
+    const auto same = [&request](const Entry& entry) { return isAnswerTo(entry.request, request); };
+    const auto& waiting = lane(Lane::Read);
+    if (isOpen() && std::none_of(waiting.begin(), waiting.end(), same))
+        lane(Lane::Read).push_back({request});
+}
+
+void ModuleLink::stopAll()
+{
+    if (!isOpen())
+        return;
+    std::deque<Entry> dropped;
+    dropped.swap(lane(Lane::Command));
+    lane(Lane::Stop).clear();
+    m_onItsWay.reset();
+    for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
+        const Command stop(m_module.address(), toByte(Instruction::MST), 0, toByte(axis), 0);
+        m_wire.send(stop); // at once for all axes; the lane then sees to the acknowledgements
+        lane(Lane::Stop).push_back({stop});
+    }
+    sendNext();
+    for (const Entry& entry : dropped)
+        emit gaveUp(entry.request, tr("overtaken by the stop"));
+}
+
+int ModuleLink::pendingReads() const
+{
+    return static_cast<int>(lane(Lane::Read).size()) + (isOnItsWay(Lane::Read) ? 1 : 0);
+}
+
+void ModuleLink::doDirectRequest(Command* request, Command* reply)
+{
+    if (!request)
+        return;
+    const Command direct = *request;
+    delete request;
+    if (!isOpen() || !reply)
+        return;
+    bool done = false;
+    const QObject context;
+    const auto finish = [&](const Command& finished) {
+        done = done || isAnswerTo(finished, direct);
+    };
+    connect(this, &ModuleLink::answered, &context,
+            [&](const Command& finished, const Command& answer) {
+                if (!done && isAnswerTo(finished, direct))
+                    *reply = answer;
+                finish(finished);
+            });
+    connect(this, &ModuleLink::gaveUp, &context,
+            [&](const Command& finished) { finish(finished); });
+    lane(Lane::Command).push_front({direct});
+    const QPointer<ModuleLink> self(this);
+    while (self && !done && isOpen())
+        advance(1);
+}
+
+void ModuleLink::finishCommands()
+{
+    const auto isBusy = [this] {
+        return isStopping() || !lane(Lane::Command).empty() || isOnItsWay(Lane::Command);
+    };
+    for (int i = 0; isOpen() && isBusy() && i < StaleAfter; ++i)
+        advance(1);
+}
+
+void ModuleLink::advance(int milliseconds)
+{
+    const QPointer<ModuleLink> self(this);
+    for (int i = 0; self && i < milliseconds; ++i)
+        tick();
+}
+
+void ModuleLink::tick()
+{
+    const QPointer<ModuleLink> self(this);
+    m_wire.advance(1);
+    const QVector<Command> replies = m_wire.takeReplies();
+    for (const Command& reply : replies) {
+        take(reply);
+        if (!self)
+            return;
+    }
+    if (!isOpen())
+        return;
+    ++m_sinceAnswer;
+    dropStaleCommands();
+    if (!self)
+        return;
+    if (m_onItsWay && ++m_onItsWay->entry.age >= AnswerWithin)
+        timeOut();
+    if (self && isOpen() && !m_onItsWay)
+        sendNext();
+}
+
+void ModuleLink::sendNext()
+{
+    for (Lane next : {Lane::Stop, Lane::Command, Lane::Read}) {
+        auto& waiting = lane(next);
+        if (waiting.empty())
+            continue;
+        m_onItsWay = OnItsWay{waiting.front(), next};
+        waiting.pop_front();
+        m_onItsWay->entry.age = 0;
+        ++m_onItsWay->entry.tries;
+        const Command request = m_onItsWay->entry.request;
+        m_wire.send(request);
+        emit sent(request);
+        return;
+    }
+}
+
+void ModuleLink::take(const Command& reply)
+{
+    // What nobody waits for is foreign, late or a duplicate. A late answer cannot be told from the
+    // wanted one when the same value was asked for again; it is then at most some time-outs old.
+    if (!isOpen() || !m_onItsWay || !isAnswerTo(reply, m_onItsWay->entry.request))
+        return;
+    const Entry entry = m_onItsWay->entry;
+    if (m_onItsWay->lane == Lane::Stop && u8(reply.getStatus()) != StatusOk)
+        lane(Lane::Stop).push_back(entry); // a stop counts when it was acknowledged
+    m_onItsWay.reset();
+    m_timeOuts = 0;
+    m_sinceAnswer = 0;
+    ++m_answers;
+    const QPointer<ModuleLink> self(this);
+    setState(State::Answering);
+    if (self)
+        emit answered(entry.request, reply);
+}
+
+void ModuleLink::timeOut()
+{
+    const OnItsWay lost = *m_onItsWay;
+    m_onItsWay.reset();
+    const bool again =
+        lost.lane == Lane::Stop || (lost.lane == Lane::Read && lost.entry.tries < ReadTries);
+    if (again) // behind the other axis' stop
+        lane(lost.lane).push_back(lost.entry);
+    const QPointer<ModuleLink> self(this);
+    if (++m_timeOuts >= SilentAfter)
+        setState(State::Silent);
+    if (self && !again && lost.lane == Lane::Command)
+        emit gaveUp(lost.entry.request, tr("no answer; it may have been executed or not"));
+}
+
+void ModuleLink::dropStaleCommands()
+{
+    auto& waiting = lane(Lane::Command);
+    for (Entry& entry : waiting)
+        ++entry.age;
+    const QPointer<ModuleLink> self(this);
+    while (self && !waiting.empty() && waiting.front().age >= StaleAfter) {
+        const Command request = waiting.front().request;
+        waiting.pop_front();
+        emit gaveUp(request, tr("could not be sent in time"));
+    }
+}
+
+void ModuleLink::setState(State state)
+{
+    if (m_state == state)
+        return;
+    m_state = state;
+    emit stateChanged();
+}

@@ -1,0 +1,105 @@
+#ifndef MODULELINK_H
+#define MODULELINK_H
+
+#include "CommandHandlerInterface.h"
+#include "SimulatedLink.h"
+#include "SimulatedModule.h"
+
+#include <array>
+#include <deque>
+#include <optional>
+
+/// The host's link to the module, on the module's virtual clock. One request is on its way at a
+/// time; the others wait in three lanes, of which the first that holds something is served: stops,
+/// then commands, then reads.
+///
+/// Reads are repeated when no answer comes. A command is sent once only, for its lost answer may
+/// mean a lost request as well as an executed one; and one that could not be sent within a second
+/// is dropped, for nobody expects it any more. A stop is repeated until the module acknowledges it.
+class ModuleLink : public CommandHandlerInterface
+{
+    Q_OBJECT
+public:
+    enum class State { Closed, Answering, Silent };
+
+    explicit ModuleLink(const Weather& weather, QObject* parent = nullptr);
+
+    State state() const { return m_state; }
+    bool isOpen() const { return m_state != State::Closed; }
+    void open();
+    /// Drops everything that waits.
+    void close();
+
+    /// A command of the user: sent before any read that waits.
+    void command(const Command& request);
+    /// A read. One that already waits is not queued again.
+    void read(const Command& request);
+    /// Stops every axis now: overtakes everything, forgets the request on its way and drops the
+    /// commands that wait.
+    void stopAll();
+    /// True until the module has acknowledged the stop of every axis.
+    bool isStopping() const { return !lane(Lane::Stop).empty() || isOnItsWay(Lane::Stop); }
+
+    /// Reads that wait or are on their way.
+    int pendingReads() const;
+    /// Round trips completed since the start.
+    int answers() const { return m_answers; }
+    /// Milliseconds since the module last answered.
+    qint64 silentFor() const { return m_sinceAnswer; }
+
+    /// Sends the request at once and advances the module's clock until the answer or the time-out.
+    void doDirectRequest(Command* request, Command* reply) override;
+
+    /// Runs on until no stop or command waits for its answer, a second at the most: before the
+    /// program ends.
+    void finishCommands();
+
+    /// Moves the module and the link on.
+    void advance(int milliseconds);
+
+    SimulatedModule& module() { return m_module; }
+    SimulatedLink& wire() { return m_wire; }
+
+Q_SIGNALS:
+    void stateChanged();
+    /// A request left for the module.
+    void sent(const Command& request);
+    /// The module answered a request, with success or failure.
+    void answered(const Command& request, const Command& reply);
+    /// A command was given up: not answered in time, or not sent at all.
+    void gaveUp(const Command& request, const QString& reason);
+
+private:
+    enum class Lane { Stop, Command, Read };
+    struct Entry {
+        Command request;
+        int age = 0; ///< Milliseconds since it was queued or, once sent, since then.
+        int tries = 0;
+    };
+    struct OnItsWay {
+        Entry entry;
+        Lane lane;
+    };
+
+    std::deque<Entry>& lane(Lane lane) { return m_lanes[static_cast<size_t>(lane)]; }
+    const std::deque<Entry>& lane(Lane lane) const { return m_lanes[static_cast<size_t>(lane)]; }
+    bool isOnItsWay(Lane lane) const { return m_onItsWay && m_onItsWay->lane == lane; }
+
+    void tick();
+    void sendNext();
+    void take(const Command& reply);
+    void timeOut();
+    void dropStaleCommands();
+    void setState(State state);
+
+    SimulatedModule m_module;
+    SimulatedLink m_wire;
+    State m_state = State::Closed;
+    std::array<std::deque<Entry>, 3> m_lanes;
+    std::optional<OnItsWay> m_onItsWay;
+    int m_timeOuts = 0; ///< In a row.
+    int m_answers = 0;
+    qint64 m_sinceAnswer = 0;
+};
+
+#endif

@@ -1,0 +1,42 @@
+#ifndef PAGE_H
+#define PAGE_H
+
+#include <QWidget>
+
+class Command;
+
+/// One page of the workbench. It sends through its signals and gets every answer of the module.
+class Page : public QWidget
+{
+    Q_OBJECT
+public:
+    /// \param name as the command line knows it
+    /// \param title as the page list shows it
+    Page(const QString& name, const QString& title) : m_title(title) { setObjectName(name); }
+
+    QString name() const { return objectName(); }
+    QString title() const { return m_title; }
+
+    /// Whether the page makes sense without a module.
+    virtual bool worksAlone() const { return false; }
+
+    /// The address of the module that all requests go to.
+    virtual void setAddress(char address) { Q_UNUSED(address) }
+    /// Asks for everything that the page shows: after connecting.
+    virtual void refresh() {}
+    /// Asks for what changes by itself: again and again while the page is shown.
+    virtual void poll() {}
+    /// An answer, with success or failure.
+    virtual void take(const Command& reply) { Q_UNUSED(reply) }
+
+Q_SIGNALS:
+    /// A command of the user.
+    void command(const Command& request);
+    /// A read.
+    void read(const Command& request);
+
+private:
+    QString m_title;
+};
+
+#endif

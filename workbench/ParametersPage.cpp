@@ -1,0 +1,204 @@
+#include "ParametersPage.h"
+
+#include "Command.h"
+#include "HTMLDelegate.h"
+#include "Instruction.h"
+#include "ParameterTable.h"
+#include "SpinBox.h"
+#include "SpinBoxDelegate.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QScopedValueRollback>
+#include <QStandardItemModel>
+#include <QTableView>
+
+namespace
+{
+
+constexpr int ReadsAtOnce = 8;
+
+const ParameterInfo& parameterAt(int row) { return axisParameters()[static_cast<size_t>(row)]; }
+
+int rowCount() { return static_cast<int>(axisParameters().size()); }
+
+bool isWritable(int row) { return parameterAt(row).access != Access::ReadOnly; }
+
+Parameter describe(const ParameterInfo& info)
+{
+    Parameter parameter;
+    parameter.name = QString::fromUtf8(info.name);
+    parameter.unit = QString::fromUtf8(info.unit);
+    if (!parameter.unit.isEmpty())
+        parameter.unitFormat = QStringLiteral("%1 ") + parameter.unit;
+    parameter.factor = info.factor;
+    parameter.number = info.number;
+    parameter.minimum = info.minimum;
+    parameter.maximum = info.maximum;
+    parameter.valid = true;
+    return parameter;
+}
+
+QStandardItem* cell(const QString& text, Qt::Alignment alignment)
+{
+    auto* item = new QStandardItem(text);
+    item->setEditable(false);
+    item->setTextAlignment(alignment);
+    return item;
+}
+
+} // namespace
+
+ParametersPage::ParametersPage()
+    : Page(QStringLiteral("parameters"), tr("Parameters"))
+    , m_axis(new QComboBox)
+    , m_model(new QStandardItemModel(this))
+    , m_table(new QTableView)
+    , m_caption(new QLabel)
+    , m_value(new SpinBox)
+{
+    m_axis->addItems({tr("Axis 0"), tr("Axis 1")});
+    m_table->setModel(m_model);
+    m_table->setItemDelegateForColumn(NameColumn, new HTMLDelegate(this));
+    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_table->verticalHeader()->hide();
+    m_value->setFlags(SpinBox::ChangedOnEnter | SpinBox::ResetOnEscape);
+    m_value->setObjectName(QStringLiteral("sbParameter"));
+    fill();
+
+    auto* top = new QHBoxLayout;
+    top->addWidget(m_axis);
+    top->addWidget(new QLabel(tr("Values are in device units; a double click edits.")));
+    top->addStretch();
+    auto* bottom = new QHBoxLayout;
+    bottom->addWidget(m_caption);
+    bottom->addWidget(m_value);
+    bottom->addStretch();
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(top);
+    layout->addWidget(m_table, 1);
+    layout->addLayout(bottom);
+
+    connect(m_axis, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this] {
+        fill();
+        refresh();
+    });
+    connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& index) { select(index.row()); });
+    connect(m_model, &QStandardItemModel::itemChanged, this, [this](const QStandardItem* item) {
+        if (!m_filling && item->column() == ValueColumn)
+            write(item->row(), item->data(Qt::EditRole).toInt());
+    });
+    connect(m_value, QOverload<int>::of(&SpinBox::valueChanged), this, [this](int value) {
+        if (m_selected >= 0)
+            write(m_selected, value);
+    });
+    m_table->selectRow(0);
+}
+
+void ParametersPage::fill()
+{
+    const QScopedValueRollback<bool> filling(m_filling, true);
+    m_model->setColumnCount(ColumnCount);
+    m_model->setRowCount(rowCount());
+    m_model->setHorizontalHeaderLabels(
+        {tr("Number"), tr("Parameter"), tr("Value"), tr("Range"), tr("Unit")});
+    for (int row = 0; row < rowCount(); ++row) {
+        const ParameterInfo& parameter = parameterAt(row);
+        const QString name = QString::fromUtf8(parameter.name);
+        m_model->setItem(row, NumberColumn,
+                         cell(QString::number(parameter.number), Qt::AlignCenter));
+        m_model->setItem(
+            row, NameColumn,
+            cell(isWritable(row) ? QStringLiteral("<b>%1</b>").arg(name) : name, Qt::AlignCenter));
+        QStandardItem* value = cell(QString(), Qt::AlignRight | Qt::AlignVCenter);
+        value->setEditable(isWritable(row));
+        m_model->setItem(row, ValueColumn, value);
+        m_model->setItem(
+            row, RangeColumn,
+            cell(isWritable(row)
+                     ? QStringLiteral("%1..%2").arg(parameter.minimum).arg(parameter.maximum)
+                     : tr("read only"),
+                 Qt::AlignCenter));
+        const QString unit = parameter.factor == 1.0 || !*parameter.unit
+                                 ? QString::fromUtf8(parameter.unit)
+                                 : QStringLiteral("%1 %2")
+                                       .arg(parameter.factor)
+                                       .arg(QString::fromUtf8(parameter.unit));
+        m_model->setItem(row, UnitColumn, cell(unit, Qt::AlignCenter));
+    }
+    m_table->setColumnWidth(NameColumn, 260);
+    m_table->setColumnWidth(RangeColumn, 190);
+    m_nextRead = 0;
+    if (m_selected >= 0)
+        m_table->selectRow(m_selected);
+}
+
+void ParametersPage::select(int row)
+{
+    m_selected = row;
+    if (row < 0)
+        return;
+    const ParameterInfo& parameter = parameterAt(row);
+    // The range of an editor is that of its row, so the column's delegate goes with the selection.
+    auto* delegate = new SpinBoxDelegate(parameter.minimum, parameter.maximum, this);
+    m_table->setItemDelegateForColumn(ValueColumn, delegate);
+    delete m_delegate;
+    m_delegate = delegate;
+
+    const int value = m_model->item(row, ValueColumn)->data(Qt::EditRole).toInt();
+    m_caption->setText(
+        m_value->setUnitParameter(describe(parameter), *parameter.unit == 0, value, 0));
+    m_value->setValue(value);
+    m_value->valueHasChanged(value);
+    m_value->setEnabled(isWritable(row));
+    readRow(row);
+}
+
+void ParametersPage::readRow(int row)
+{
+    emit read(
+        Command(m_address, toByte(Instruction::GAP), toByte(parameterAt(row).number), axis(), 0));
+}
+
+void ParametersPage::write(int row, int value)
+{
+    emit command(Command(m_address, toByte(Instruction::SAP), toByte(parameterAt(row).number),
+                         axis(), value));
+}
+
+char ParametersPage::axis() const { return toByte(qMax(0, m_axis->currentIndex())); }
+
+void ParametersPage::refresh()
+{
+    for (int row = 0; row < rowCount(); ++row)
+        readRow(row);
+}
+
+void ParametersPage::poll()
+{
+    for (int i = 0; i < ReadsAtOnce; ++i) {
+        m_nextRead = (m_nextRead + 1) % rowCount();
+        readRow(m_nextRead);
+    }
+}
+
+void ParametersPage::take(const Command& reply)
+{
+    if (!carries(reply.getCommand(), Instruction::GAP) || u8(reply.getStatus()) != StatusOk ||
+        reply.getMotorBank() != axis())
+        return;
+    const QScopedValueRollback<bool> filling(m_filling, true);
+    for (int row = 0; row < rowCount(); ++row) {
+        if (parameterAt(row).number != u8(reply.getType()))
+            continue;
+        m_model->item(row, ValueColumn)->setData(reply.getValue(), Qt::EditRole);
+        if (row == m_selected && m_value->value() == m_value->lastValue()) {
+            m_value->setValue(reply.getValue()); // an entry that waits for Return stays
+            m_value->valueHasChanged(reply.getValue());
+        }
+    }
+}

@@ -1,0 +1,468 @@
+#include "Tour.h"
+
+#include "CANConnection.h"
+#include "Connection.h"
+#include "CurrentControl.h"
+#include "EthernetConnection.h"
+#include "Instruction.h"
+#include "ParameterTable.h"
+#include "PositionControl.h"
+#include "SerialConnection.h"
+#include "SpinBox.h"
+#include "VelocityControl.h"
+#include "VelocityRampControl.h"
+#include "WDirectMode.h"
+#include "Workbench.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QSaveFile>
+#include <QSpinBox>
+#include <QTableView>
+#include <QTextStream>
+
+#include <cmath>
+
+namespace Number = AxisParameterNumber;
+
+namespace
+{
+
+constexpr int Step = 5;     // ms of virtual time between looks
+constexpr int Settle = 400; // ms in which polled values follow
+constexpr double Velocity = 500.0;
+
+void press(QWidget* widget, int key)
+{
+    QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier);
+    QApplication::sendEvent(widget, &down);
+    QKeyEvent up(QEvent::KeyRelease, key, Qt::NoModifier);
+    QApplication::sendEvent(widget, &up);
+}
+
+void type(QAbstractSpinBox* box, const QString& text)
+{
+    box->selectAll();
+    for (QChar c : text) {
+        QKeyEvent down(QEvent::KeyPress, 0, Qt::NoModifier, c);
+        QApplication::sendEvent(box, &down);
+    }
+    press(box, Qt::Key_Return);
+}
+
+void mouse(QWidget* widget, QEvent::Type what)
+{
+    const QPointF at = widget->rect().center();
+    QMouseEvent event(what, at, widget->mapToGlobal(at.toPoint()), Qt::LeftButton,
+                      what == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(widget, &event);
+}
+
+void click(QWidget* widget)
+{
+    mouse(widget, QEvent::MouseButtonPress);
+    mouse(widget, QEvent::MouseButtonRelease);
+}
+
+QString panelName(const char* panel, int axis)
+{
+    return QStringLiteral("%1%2").arg(panel).arg(axis);
+}
+
+} // namespace
+
+Tour::Tour(Workbench& bench, const QString& folder) : m_bench(bench), m_folder(folder) {}
+
+bool Tour::run()
+{
+    QTextStream out(stdout);
+    if (!QDir().mkpath(m_folder)) {
+        QTextStream(stderr) << "axrworkbench: cannot make the folder \"" << m_folder << "\""
+                            << Qt::endl;
+        return false;
+    }
+    m_bench.show();
+    connectByEachPanel();
+    setRamp();
+    turnAndStop();
+    jog();
+    move();
+    turnByCurrent();
+    sendRawInstructions();
+    stopByKey();
+    editParameter();
+    surviveSilence();
+    disconnect();
+
+    const bool written = writeReport();
+    out << m_lines.join(QLatin1Char('\n')) << '\n'
+        << m_lines.size() - m_failures << " passed, " << m_failures << " failed" << Qt::endl;
+    return written && m_failures == 0;
+}
+
+void Tour::settle(Workbench& bench)
+{
+    click(bench.findChild<Connection*>()->findChild<QPushButton*>(QStringLiteral("btnConnect")));
+    for (int i = 0; i < 1000 / Step; ++i) {
+        bench.advance(Step);
+        QApplication::processEvents();
+    }
+}
+
+void Tour::connectByEachPanel()
+{
+    struct Entry {
+        const char* name;
+        QWidget* panel;
+    };
+    const Entry entries[] = {{"USB", m_bench.findChild<Connection*>()},
+                             {"serial", m_bench.findChild<SerialConnection*>()},
+                             {"CAN", m_bench.findChild<CANConnection*>()},
+                             {"Ethernet", m_bench.findChild<EthernetConnection*>()}};
+    m_bench.showPage(QStringLiteral("connection"));
+    for (const Entry& entry : entries) {
+        const QString name = QString::fromLatin1(entry.name);
+        const int before = m_bench.link().answers();
+        click(find<QPushButton>(QStringLiteral("btnConnect"), entry.panel));
+        expectNumber(
+            QStringLiteral("connect by the %1 panel: the module answers").arg(name),
+            [&] { return m_bench.link().answers() > before ? 1 : 0; }, 1, 0, Settle);
+        if (&entry == &entries[0])
+            photograph(QStringLiteral("connection"));
+        click(find<QPushButton>(QStringLiteral("btnDisconnect"), entry.panel));
+        expectText(
+            QStringLiteral("disconnect by the %1 panel").arg(name),
+            [&] { return m_bench.linkText(); }, QStringLiteral("Not connected"), Settle);
+    }
+    auto* ethernet = m_bench.findChild<EthernetConnection*>();
+    auto* port = find<QSpinBox>(QStringLiteral("sbPort"), ethernet);
+    port->setValue(1501);
+    click(find<QPushButton>(QStringLiteral("btnConnect"), ethernet));
+    check(QStringLiteral("connect to a port where no module is"),
+          QStringLiteral("refused, Connect is offered again"), m_bench.linkText(),
+          !m_bench.link().isOpen() &&
+              find<QPushButton>(QStringLiteral("btnConnect"), ethernet)->isEnabled());
+    port->setValue(1500);
+    click(find<QPushButton>(QStringLiteral("btnConnect"), m_bench.findChild<Connection*>()));
+    expectText(
+        QStringLiteral("connect by the USB panel again"), [&] { return m_bench.linkText(); },
+        QStringLiteral("Connected: SIM1"), Settle);
+}
+
+void Tour::setRamp()
+{
+    m_bench.showPage(QStringLiteral("motion"));
+    pass(Settle);
+    const auto* ramp = find<VelocityRampControl>(panelName("VelocityRampControl", 0));
+    const struct {
+        const char* box;
+        quint8 number;
+        int value;
+    } settings[] = {{"sbMaxVelocity", Number::MaxVelocity, 2000},
+                    {"sbAcceleration", Number::Acceleration, 4000}};
+    for (const auto& setting : settings) {
+        auto* box = find<SpinBox>(QString::fromLatin1(setting.box), ramp);
+        expectNumber(
+            QStringLiteral("%1 shows the module's value").arg(QString::fromLatin1(setting.box)),
+            [&] { return box->value(); }, m_bench.link().module().axis(0).read(setting.number), 0,
+            Settle);
+        type(box, QString::number(setting.value));
+        expectNumber(
+            QStringLiteral("type %1 and Return: the module's parameter").arg(setting.value),
+            [&] { return m_bench.link().module().axis(0).read(setting.number); }, setting.value, 0,
+            Settle);
+    }
+}
+
+void Tour::turnAndStop()
+{
+    const auto* panel = find<VelocityControl>(panelName("VelocityControl", 0));
+    const auto* shown = find<QSpinBox>(QStringLiteral("sbActualVelocity"), panel);
+    const SimulatedModule& module = m_bench.link().module();
+    find<QSpinBox>(QStringLiteral("sbTargetVelocity"), panel)->setValue(qRound(Velocity));
+    click(find<QPushButton>(QStringLiteral("btnRight"), panel));
+    expectNumber(
+        QStringLiteral("turn right: shown actual velocity [rpm]"), [&] { return shown->value(); },
+        Velocity, 1, 2000);
+    expectNumber(
+        QStringLiteral("turn right: the simulated axis [rpm]"),
+        [&] { return module.axis(0).velocity(); }, Velocity, 1, 0);
+    photograph(QStringLiteral("motion"));
+    click(find<QPushButton>(QStringLiteral("btnStop"), panel));
+    expectNumber(
+        QStringLiteral("stop: shown actual velocity [rpm]"), [&] { return shown->value(); }, 0, 0,
+        2000);
+    expectNumber(
+        QStringLiteral("stop: the simulated axis [rpm]"), [&] { return module.axis(0).velocity(); },
+        0, 0.01, 2000);
+}
+
+void Tour::jog()
+{
+    const auto* panel = find<VelocityControl>(panelName("VelocityControl", 0));
+    const auto* shown = find<QSpinBox>(QStringLiteral("sbActualVelocity"), panel);
+    auto* button = find<QPushButton>(QStringLiteral("btnJogLeft"), panel);
+    mouse(button, QEvent::MouseButtonPress);
+    expectNumber(
+        QStringLiteral("hold jog left: shown actual velocity [rpm]"),
+        [&] { return shown->value(); }, -Velocity, 1, 2000);
+    mouse(button, QEvent::MouseButtonRelease);
+    expectNumber(
+        QStringLiteral("release it: shown actual velocity [rpm]"), [&] { return shown->value(); },
+        0, 0, 2000);
+}
+
+void Tour::move()
+{
+    const auto* panel = find<PositionControl>(panelName("PositionControl", 0));
+    const auto* shown = find<QSpinBox>(QStringLiteral("sbActualPosition"), panel);
+    auto* target = find<QSpinBox>(QStringLiteral("sbTargetPosition"), panel);
+    auto* relativeTo = find<QComboBox>(QStringLiteral("cmbRelativeTo"), panel);
+    const SimulatedModule& module = m_bench.link().module();
+    const auto expectPosition = [&](const QString& done, int position) {
+        expectNumber(
+            done + QStringLiteral(": shown position"), [&] { return shown->value(); }, position, 0,
+            20000);
+        expectNumber(
+            done + QStringLiteral(": simulated position"),
+            [&] { return module.axis(0).read(Number::ActualPosition); }, position, 0, 0);
+    };
+    click(find<QPushButton>(QStringLiteral("btnClear"), panel));
+    expectPosition(QStringLiteral("clear"), 0);
+    target->setValue(20000);
+    click(find<QPushButton>(QStringLiteral("btnMoveAbsolute"), panel));
+    expectPosition(QStringLiteral("move absolute to 20000"), 20000);
+    target->setValue(-5000);
+    click(find<QPushButton>(QStringLiteral("btnMoveRelative"), panel));
+    expectPosition(QStringLiteral("move by -5000 from the actual position"), 15000);
+    relativeTo->setCurrentIndex(1);
+    target->setValue(1000);
+    click(find<QPushButton>(QStringLiteral("btnMoveRelative"), panel));
+    click(find<QPushButton>(QStringLiteral("btnMoveRelative"), panel));
+    expectPosition(QStringLiteral("twice by 1000 from the target position"), 17000);
+}
+
+void Tour::turnByCurrent()
+{
+    const auto* panel = find<CurrentControl>(panelName("CurrentControl", 1));
+    const auto* velocity = find<QSpinBox>(QStringLiteral("sbActualVelocity"),
+                                          find<VelocityControl>(panelName("VelocityControl", 1)));
+    find<QSpinBox>(QStringLiteral("sbTargetCurrent"), panel)->setValue(400);
+    click(find<QPushButton>(QStringLiteral("btnLeft"), panel));
+    const bool turns = wait(3000, [&] { return velocity->value() < -50; });
+    check(QStringLiteral("axis 1, -400 mA: it turns left"),
+          QStringLiteral("actual velocity below -50 rpm"), QString::number(velocity->value()),
+          turns);
+    expectNumber(
+        QStringLiteral("axis 1: shown actual current [mA]"),
+        [&] { return find<QSpinBox>(QStringLiteral("sbActualCurrent"), panel)->value(); }, -400, 5,
+        1000);
+    click(find<QPushButton>(QStringLiteral("btnStop"),
+                            find<VelocityControl>(panelName("VelocityControl", 1))));
+    expectNumber(
+        QStringLiteral("axis 1, stop: shown actual velocity [rpm]"),
+        [&] { return velocity->value(); }, 0, 0, 5000);
+}
+
+void Tour::sendRawInstructions()
+{
+    m_bench.showPage(QStringLiteral("console"));
+    const auto* console = m_bench.findChild<WDirectMode*>();
+    const auto reply = [&] {
+        QStringList fields;
+        for (const char* name :
+             {"sbReplyCommand", "sbReplyType", "sbReplyMotorBank", "sbReplyValue"})
+            fields << QString::number(find<QSpinBox>(QString::fromLatin1(name), console)->value());
+        return fields.join(QLatin1Char(' '));
+    };
+    const struct {
+        const char* done;
+        Instruction instruction;
+        int type;
+        int value;
+        QString expected; // command, status, bank, value
+    } requests[] = {
+        {"GAP actual position", Instruction::GAP, Number::ActualPosition, 0,
+         QStringLiteral("6 100 0 17000")},
+        {"SAP acceleration", Instruction::SAP, Number::Acceleration, 3000,
+         QStringLiteral("5 100 0 3000")},
+        {"SAP out of range", Instruction::SAP, Number::Acceleration, -1,
+         QStringLiteral("5 %1 0 -1").arg(int(ReplyStatus::OutOfRange))},
+        {"an instruction that the module lacks", Instruction::CALCX, 0, 0,
+         QStringLiteral("33 %1 0 0").arg(int(ReplyStatus::UnknownInstruction))},
+    };
+    auto* command = find<QComboBox>(QStringLiteral("cbCommand"), console);
+    for (const auto& request : requests) {
+        command->setCurrentIndex(command->findData(static_cast<int>(request.instruction)));
+        find<QSpinBox>(QStringLiteral("sbRequestType"), console)->setValue(request.type);
+        find<QSpinBox>(QStringLiteral("sbRequestValue"), console)->setValue(request.value);
+        click(find<QPushButton>(QStringLiteral("btnSend"), console));
+        expectText(QStringLiteral("console, %1: reply command, status, bank, value")
+                       .arg(QString::fromLatin1(request.done)),
+                   reply, request.expected, Settle);
+    }
+    photograph(QStringLiteral("console"));
+}
+
+void Tour::stopByKey()
+{
+    m_bench.showPage(QStringLiteral("motion"));
+    const SimulatedModule& module = m_bench.link().module();
+    for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
+        const auto* panel = find<VelocityControl>(panelName("VelocityControl", axis));
+        find<QSpinBox>(QStringLiteral("sbTargetVelocity"), panel)->setValue(qRound(Velocity));
+        click(find<QPushButton>(QStringLiteral("btnRight"), panel));
+    }
+    const bool turning = wait(
+        3000, [&] { return module.axis(0).velocity() > 400 && module.axis(1).velocity() > 400; });
+    check(QStringLiteral("turn both axes right"), QStringLiteral("above 400 rpm"),
+          QStringLiteral("%1 and %2 rpm")
+              .arg(module.axis(0).velocity())
+              .arg(module.axis(1).velocity()),
+          turning);
+    m_bench.showPage(QStringLiteral("parameters"));
+    press(m_bench.findChild<QTableView*>(), Qt::Key_F12);
+    const bool stopped = wait(5000, [&] {
+        return std::abs(module.axis(0).velocity()) + std::abs(module.axis(1).velocity()) < 0.01;
+    });
+    check(QStringLiteral("F12 on another page"), QStringLiteral("both axes stand"),
+          QStringLiteral("%1 and %2 rpm")
+              .arg(module.axis(0).velocity())
+              .arg(module.axis(1).velocity()),
+          stopped && !m_bench.link().isStopping());
+}
+
+void Tour::editParameter()
+{
+    m_bench.showPage(QStringLiteral("parameters"));
+    int row = 0;
+    for (const ParameterInfo& parameter : axisParameters()) {
+        if (parameter.number == Number::Acceleration)
+            break;
+        ++row;
+    }
+    m_bench.findChild<QTableView*>()->selectRow(row);
+    pass(Settle);
+    auto* box = find<SpinBox>(QStringLiteral("sbParameter"));
+    type(box, QStringLiteral("3500"));
+    expectNumber(
+        QStringLiteral("parameters page, acceleration 3500 and Return: the module's value"),
+        [&] { return m_bench.link().module().axis(0).read(Number::Acceleration); }, 3500, 0,
+        Settle);
+    pass(1000);
+    photograph(QStringLiteral("parameters"));
+}
+
+void Tour::surviveSilence()
+{
+    m_bench.showPage(QStringLiteral("motion"));
+    m_bench.link().wire().setSilent(true);
+    const bool told =
+        wait(3000, [&] { return m_bench.linkText().contains(QStringLiteral("has not answered")); });
+    check(QStringLiteral("the module falls silent"), QStringLiteral("a sign says so"),
+          m_bench.linkText(), told);
+    const auto* panel = find<VelocityControl>(panelName("VelocityControl", 0));
+    click(find<QPushButton>(QStringLiteral("btnRight"), panel));
+    pass(2000);
+    photograph(QStringLiteral("motion"), QStringLiteral("silent"));
+    m_bench.link().wire().setSilent(false);
+    expectText(
+        QStringLiteral("it comes back"), [&] { return m_bench.linkText(); },
+        QStringLiteral("Connected: SIM1"), 3000);
+    pass(2000);
+    expectNumber(
+        QStringLiteral("a turn asked for meanwhile is not made up for [rpm]"),
+        [&] { return m_bench.link().module().axis(0).velocity(); }, 0, 0.01, 0);
+}
+
+void Tour::disconnect()
+{
+    m_bench.showPage(QStringLiteral("connection"));
+    click(find<QPushButton>(QStringLiteral("btnDisconnect"), m_bench.findChild<Connection*>()));
+    pass(Settle);
+    expectText(
+        QStringLiteral("disconnect"), [&] { return m_bench.linkText(); },
+        QStringLiteral("Not connected"), Settle);
+}
+
+bool Tour::wait(int milliseconds, const std::function<bool()>& condition)
+{
+    for (int passed = 0;; passed += Step) {
+        if (condition())
+            return true;
+        if (passed >= milliseconds)
+            return false;
+        m_bench.advance(Step);
+        QApplication::processEvents();
+    }
+}
+
+void Tour::pass(int milliseconds)
+{
+    wait(milliseconds, [] { return false; });
+}
+
+void Tour::check(const QString& done, const QString& expected, const QString& seen, bool ok)
+{
+    m_failures += ok ? 0 : 1;
+    m_lines << QStringLiteral("%1 %2 | %3 | expected %4 | seen %5")
+                   .arg(m_lines.size() + 1, 2)
+                   .arg(ok ? QStringLiteral("ok    ") : QStringLiteral("NOT OK"), done, expected,
+                        seen);
+}
+
+void Tour::expectNumber(const QString& done, const std::function<double()>& value, double expected,
+                        double tolerance, int within)
+{
+    const bool ok = wait(within, [&] { return std::abs(value() - expected) <= tolerance; });
+    QString wanted = QString::number(expected);
+    if (tolerance > 0)
+        wanted += QStringLiteral(" +-%1").arg(tolerance);
+    check(done, wanted, QString::number(value()), ok);
+}
+
+void Tour::expectText(const QString& done, const std::function<QString()>& text,
+                      const QString& expected, int within)
+{
+    const bool ok = wait(within, [&] { return text() == expected; });
+    check(done, expected, text(), ok);
+}
+
+void Tour::photograph(const QString& page, const QString& name)
+{
+    m_bench.showPage(page);
+    QApplication::processEvents();
+    const QString file =
+        QDir(m_folder).filePath((name.isEmpty() ? page : name) + QStringLiteral(".png"));
+    const bool saved = m_bench.grab().save(file, "PNG");
+    check(QStringLiteral("picture of the page \"%1\"").arg(page), QStringLiteral("written"),
+          QFileInfo(file).fileName(), saved);
+}
+
+bool Tour::writeReport() const
+{
+    QSaveFile file(QDir(m_folder).filePath(QStringLiteral("report.txt")));
+    if (file.open(QIODevice::WriteOnly | QIODevice::Text)) {
+        file.write(m_lines.join(QLatin1Char('\n')).toUtf8());
+        file.write("\n");
+        if (file.commit())
+            return true;
+    }
+    QTextStream(stderr) << "axrworkbench: cannot write the report: " << file.errorString()
+                        << Qt::endl;
+    return false;
+}
+
+template <class T>
+T* Tour::find(const QString& name, const QWidget* below) const
+{
+    T* found = (below ? below : &m_bench)->findChild<T*>(name);
+    if (!found)
+        qFatal("the workbench has no %s", qPrintable(name));
+    return found;
+}

@@ -1,0 +1,61 @@
+#ifndef TOUR_H
+#define TOUR_H
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+class QWidget;
+class Workbench;
+
+/// One scripted commissioning session: drives the workbench's widgets as a user would, on the
+/// module's virtual clock, and compares what they show with what the simulated axes did. Writes one
+/// picture per page and report.txt with one line per step.
+class Tour
+{
+public:
+    /// \param folder made when it is missing; files in it are overwritten
+    Tour(Workbench& bench, const QString& folder);
+
+    /// True only if every step held and every file could be written.
+    bool run();
+
+    /// Connects by the first panel and lets the shown values come in.
+    static void settle(Workbench& bench);
+
+private:
+    void connectByEachPanel();
+    void setRamp();
+    void turnAndStop();
+    void jog();
+    void move();
+    void turnByCurrent();
+    void sendRawInstructions();
+    void stopByKey();
+    void editParameter();
+    void surviveSilence();
+    void disconnect();
+
+    /// Lets the workbench run until the condition holds. False when it does not within the time.
+    bool wait(int milliseconds, const std::function<bool()>& condition);
+    void pass(int milliseconds);
+    void check(const QString& done, const QString& expected, const QString& seen, bool ok);
+    /// Waits until the value is within the tolerance, and reports it.
+    void expectNumber(const QString& done, const std::function<double()>& value, double expected,
+                      double tolerance, int within);
+    void expectText(const QString& done, const std::function<QString()>& text,
+                    const QString& expected, int within);
+    void photograph(const QString& page, const QString& name = QString());
+    bool writeReport() const;
+
+    template <class T>
+    T* find(const QString& name, const QWidget* below = nullptr) const;
+
+    Workbench& m_bench;
+    QString m_folder;
+    QStringList m_lines;
+    int m_failures = 0;
+};
+
+#endif

@@ -1,0 +1,278 @@
+#include "Workbench.h"
+
+#include "AppSettings.h"
+#include "CommandText.h"
+#include "ConnectionPage.h"
+#include "ConsolePage.h"
+#include "Instruction.h"
+#include "MotionPage.h"
+#include "ParametersPage.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace
+{
+
+constexpr int ClockInterval = 5;   // ms
+constexpr int LongestStep = 100;   // ms; after a pause the module does not race to catch up
+constexpr int PollInterval = 50;   // ms
+constexpr int RateInterval = 1000; // ms
+constexpr int MessageTime = 8000;  // ms
+const QString geometryKey = QStringLiteral("Workbench/Geometry");
+const QString pageKey = QStringLiteral("Workbench/Page");
+
+} // namespace
+
+Workbench::Workbench(const WorkbenchOptions& options)
+    : m_unattended(options.unattended())
+    , m_link(options.weather)
+    , m_list(new QListWidget)
+    , m_stack(new QStackedWidget)
+    , m_strip(new QLabel)
+    , m_rate(new QLabel)
+{
+    m_link.wire().setSilent(options.silent);
+    setWindowTitle(tr("AXR workbench"));
+    setWindowIcon(QIcon(QStringLiteral(":/Workbench/Icon")));
+
+    m_strip->setObjectName(QStringLiteral("lblLinkState"));
+    m_strip->setAlignment(Qt::AlignCenter);
+    m_strip->setMargin(4);
+    m_strip->setAutoFillBackground(true);
+    m_list->setObjectName(QStringLiteral("lwPages"));
+    m_list->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+    m_list->setFixedWidth(120);
+
+    auto* row = new QHBoxLayout;
+    row->addWidget(m_list);
+    row->addWidget(m_stack, 1);
+    auto* centre = new QWidget;
+    auto* column = new QVBoxLayout(centre);
+    column->setContentsMargins(4, 4, 4, 4);
+    column->addWidget(m_strip);
+    column->addLayout(row, 1);
+    setCentralWidget(centre);
+    statusBar()->addPermanentWidget(m_rate);
+
+    makePages();
+    makeToolBar();
+    connect(m_list, &QListWidget::currentRowChanged, m_stack, &QStackedWidget::setCurrentIndex);
+    connect(&m_link, &ModuleLink::stateChanged, this, &Workbench::showLinkState);
+    connect(&m_link, &ModuleLink::answered, this, &Workbench::takeAnswer);
+    connect(&m_link, &ModuleLink::gaveUp, this, &Workbench::takeFailure);
+    connect(&m_clock, &QTimer::timeout, this,
+            [this] { advance(static_cast<int>(qMin<qint64>(m_realTime.restart(), LongestStep))); });
+    qApp->installEventFilter(this);
+    restoreWindow(options.page);
+    showLinkState();
+}
+
+Workbench::~Workbench()
+{
+    // The link outlives the pages' last words, but the window's slots do not.
+    disconnect(&m_link, nullptr, this, nullptr);
+}
+
+QStringList Workbench::pageNames()
+{
+    return {QStringLiteral("connection"), QStringLiteral("console"), QStringLiteral("motion"),
+            QStringLiteral("parameters")};
+}
+
+void Workbench::makePages()
+{
+    m_connection = new ConnectionPage(m_link);
+    m_console = new ConsolePage;
+    m_motion = new MotionPage(m_link.module());
+    m_pages = {m_connection, m_console, m_motion, new ParametersPage};
+    for (Page* page : qAsConst(m_pages)) {
+        m_list->addItem(page->title());
+        m_stack->addWidget(page);
+        connect(page, &Page::command, &m_link, &ModuleLink::command);
+        connect(page, &Page::read, &m_link, &ModuleLink::read);
+    }
+    m_list->setCurrentRow(0);
+    connect(m_connection, &ConnectionPage::opened, this, &Workbench::takeOpened);
+    connect(m_connection, &ConnectionPage::closed, this, &Workbench::takeClosed);
+    connect(m_connection, &ConnectionPage::message, this, &Workbench::tell);
+    connect(&m_link, &ModuleLink::answered, m_console, &ConsolePage::logAnswer);
+    connect(&m_link, &ModuleLink::gaveUp, m_console, &ConsolePage::logFailure);
+}
+
+void Workbench::makeToolBar()
+{
+    QToolBar* bar = addToolBar(tr("Safety"));
+    bar->setObjectName(QStringLiteral("safetyBar"));
+    bar->setMovable(false);
+    auto* stop = new QToolButton;
+    stop->setObjectName(QStringLiteral("btnStopAll"));
+    stop->setText(tr("STOP all axes (F12)"));
+    stop->setToolTip(tr("Stops every axis before anything else that waits is sent"));
+    stop->setStyleSheet(QStringLiteral(
+        "QToolButton { background: #c62828; color: white; font-weight: bold; padding: 6px 18px; "
+        "border: 1px solid #7f1010; border-radius: 4px } QToolButton:pressed { background: "
+        "#8e1c1c }"));
+    connect(stop, &QToolButton::pressed, this, &Workbench::stopAxes);
+    bar->addWidget(stop);
+}
+
+void Workbench::restoreWindow(const QString& page)
+{
+    resize(1290, 760);
+    QString wanted = page;
+    if (!m_unattended) {
+        AppSettings settings;
+        restoreGeometry(settings.value(geometryKey, QByteArray()).toByteArray());
+        if (wanted.isEmpty())
+            wanted = settings.value(pageKey, QString()).toString();
+    }
+    showPage(wanted);
+}
+
+void Workbench::closeEvent(QCloseEvent* event)
+{
+    hide(); // a jog button that is held stops its axis now
+    m_link.finishCommands();
+    if (!m_unattended) {
+        AppSettings settings;
+        settings.setValue(geometryKey, saveGeometry());
+        settings.setValue(pageKey, currentPage()->name());
+    }
+    QMainWindow::closeEvent(event);
+}
+
+bool Workbench::showPage(const QString& name)
+{
+    for (int i = 0; i < m_pages.size(); ++i) {
+        if (m_pages.at(i)->name() == name) {
+            m_list->setCurrentRow(i);
+            return true;
+        }
+    }
+    return false;
+}
+
+Page* Workbench::currentPage() const { return m_pages.at(qMax(0, m_stack->currentIndex())); }
+
+bool Workbench::eventFilter(QObject* watched, QEvent* event)
+{
+    // On the application, so that it works whatever has the focus, an open dialog too.
+    if (event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_F12) {
+            if (!key->isAutoRepeat())
+                stopAxes();
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void Workbench::stopAxes()
+{
+    m_link.stopAll();
+    showLinkState();
+}
+
+void Workbench::startClock()
+{
+    m_realTime.start();
+    m_clock.start(ClockInterval);
+}
+
+void Workbench::advance(int milliseconds)
+{
+    m_link.advance(milliseconds);
+    m_untilPoll -= milliseconds;
+    if (m_untilPoll <= 0) {
+        m_untilPoll = PollInterval;
+        if (m_link.isOpen() && m_link.pendingReads() == 0)
+            currentPage()->poll();
+        m_motion->showShafts(m_link.module());
+        showLinkState();
+    }
+    m_untilRate -= milliseconds;
+    if (m_untilRate <= 0) {
+        m_untilRate = RateInterval;
+        m_rate->setText(tr("%1 answers/s").arg(m_link.answers() - m_answersBefore));
+        m_answersBefore = m_link.answers();
+        m_connection->showCounters();
+    }
+}
+
+void Workbench::takeOpened(const QString& link, char address)
+{
+    m_linkName = link;
+    for (Page* page : qAsConst(m_pages))
+        page->setAddress(address);
+    m_link.open();
+    for (Page* page : qAsConst(m_pages))
+        page->refresh();
+    tell(tr("Connected to %1").arg(link));
+}
+
+void Workbench::takeClosed()
+{
+    m_link.close();
+    tell(tr("Disconnected"));
+}
+
+void Workbench::takeAnswer(const Command& request, const Command& reply)
+{
+    for (Page* page : qAsConst(m_pages))
+        page->take(reply);
+    if (u8(reply.getStatus()) != StatusOk)
+        tell(tr("The module refused %1: %2").arg(requestText(request), replyText(reply)));
+    // A written parameter is read back, so that what is shown is what the module took.
+    if (carries(request.getCommand(), Instruction::SAP))
+        m_link.read(Command(request.getAddress(), toByte(Instruction::GAP), request.getType(),
+                            request.getMotorBank(), 0));
+}
+
+void Workbench::takeFailure(const Command& request, const QString& reason)
+{
+    tell(tr("%1: %2").arg(requestText(request), reason));
+}
+
+QString Workbench::linkText() const { return m_strip->text(); }
+
+void Workbench::showLinkState()
+{
+    QString text = tr("Not connected");
+    QColor background(QStringLiteral("lightgray"));
+    QColor foreground(Qt::black);
+    if (m_link.state() == ModuleLink::State::Silent) {
+        text = tr("%1: the module has not answered for %2 s. What is shown is old.")
+                   .arg(m_linkName)
+                   .arg(m_link.silentFor() / 1000.0, 0, 'f', 1);
+        background = QColor(QStringLiteral("crimson"));
+        foreground = Qt::white;
+    } else if (m_link.isOpen()) {
+        text = tr("Connected: %1").arg(m_linkName);
+        background = QColor(QStringLiteral("#cfe8cf"));
+    }
+    if (m_link.isStopping())
+        text += tr("  -  STOP is not acknowledged yet");
+    if (m_strip->text() != text)
+        m_strip->setText(text);
+    QPalette colours = m_strip->palette();
+    if (colours.color(QPalette::Window) != background) {
+        colours.setColor(QPalette::Window, background);
+        colours.setColor(QPalette::WindowText, foreground);
+        m_strip->setPalette(colours);
+    }
+    for (Page* page : qAsConst(m_pages))
+        page->setEnabled(m_link.isOpen() || page->worksAlone());
+}
+
+void Workbench::tell(const QString& text) { statusBar()->showMessage(text, MessageTime); }

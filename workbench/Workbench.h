@@ -1,0 +1,80 @@
+#ifndef WORKBENCH_H
+#define WORKBENCH_H
+
+#include "ModuleLink.h"
+#include "WorkbenchOptions.h"
+
+#include <QElapsedTimer>
+#include <QMainWindow>
+#include <QTimer>
+
+class ConnectionPage;
+class ConsolePage;
+class MotionPage;
+class Page;
+class QAction;
+class QLabel;
+class QListWidget;
+class QStackedWidget;
+
+/// The reference host: owns the link, routes every answer to the pages, shows whether the module
+/// answers, and stops the axes on F12 whatever page is open.
+class Workbench : public QMainWindow
+{
+    Q_OBJECT
+public:
+    explicit Workbench(const WorkbenchOptions& options);
+    ~Workbench() override;
+
+    static QStringList pageNames();
+    /// False when there is no such page.
+    bool showPage(const QString& name);
+
+    /// Lets the module run along with real time.
+    void startClock();
+    /// Moves module and workbench on by virtual time.
+    void advance(int milliseconds);
+
+    ModuleLink& link() { return m_link; }
+    /// The text of the strip that tells whether the module answers.
+    QString linkText() const;
+
+public Q_SLOTS:
+    /// Stops every axis at once, before everything that waits.
+    void stopAxes();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void makePages();
+    void makeToolBar();
+    void restoreWindow(const QString& page);
+    Page* currentPage() const;
+    void takeOpened(const QString& link, char address);
+    void takeClosed();
+    void takeAnswer(const Command& request, const Command& reply);
+    void takeFailure(const Command& request, const QString& reason);
+    void showLinkState();
+    void tell(const QString& text);
+
+    const bool m_unattended;
+    ModuleLink m_link;
+    QString m_linkName;
+    QList<Page*> m_pages;
+    ConnectionPage* m_connection = nullptr;
+    ConsolePage* m_console = nullptr;
+    MotionPage* m_motion = nullptr;
+    QListWidget* m_list;
+    QStackedWidget* m_stack;
+    QLabel* m_strip;
+    QLabel* m_rate;
+    QTimer m_clock;
+    QElapsedTimer m_realTime;
+    int m_untilPoll = 0;
+    int m_untilRate = 0;
+    int m_answersBefore = 0;
+};
+
+#endif

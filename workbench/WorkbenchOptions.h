@@ -1,0 +1,30 @@
+#ifndef WORKBENCHOPTIONS_H
+#define WORKBENCHOPTIONS_H
+
+#include "SimulatedLink.h"
+
+#include <QString>
+#include <QStringList>
+
+/// What the command line asks for.
+struct WorkbenchOptions {
+    enum class Action { Show, Help, Version, Error };
+
+    Action action = Action::Show;
+    QString text; ///< The help, the version or the one line that says what is wrong.
+
+    QString tourFolder; ///< Not empty: run the tour and write its pictures and report there.
+    QString page;       ///< Page to open; empty: the last one.
+    QString photoFile;  ///< Not empty: photograph the page into this file and end.
+    Weather weather;
+    bool silent = false; ///< The module starts silent.
+
+    /// True when nobody sits in front of it: no settings are kept and no display is needed.
+    bool unattended() const { return !tourFolder.isEmpty() || !photoFile.isEmpty(); }
+
+    /// \param arguments with the program's name first
+    /// \param pages names that --page takes
+    static WorkbenchOptions parse(const QStringList& arguments, const QStringList& pages);
+};
+
+#endif
