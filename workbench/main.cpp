@@ -2,6 +2,7 @@
 #include "Workbench.h"
 
 #include <QApplication>
+#include <QLoggingCategory>
 #include <QTextStream>
 
 namespace
@@ -59,6 +60,8 @@ int main(int argc, char* argv[])
     }
 
     QApplication app(argc, argv);
+    if (options.unattended())
+        QLoggingCategory::setFilterRules(QStringLiteral("axr.*=false")); // the report stands alone
     Workbench bench(options);
     if (!options.tourFolder.isEmpty())
         return Tour(bench, options.tourFolder).run() ? EXIT_SUCCESS : EXIT_FAILURE;
