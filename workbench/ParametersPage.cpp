@@ -65,6 +65,7 @@ ParametersPage::ParametersPage()
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
     m_table->verticalHeader()->hide();
+    m_table->horizontalHeader()->setStretchLastSection(true);
     m_value->setFlags(SpinBox::ChangedOnEnter | SpinBox::ResetOnEscape);
     m_value->setObjectName(QStringLiteral("sbParameter"));
     fill();

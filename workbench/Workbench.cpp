@@ -15,6 +15,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QToolBar>
@@ -97,6 +98,11 @@ void Workbench::makePages()
     m_pages = {m_connection, m_console, m_motion, new ParametersPage};
     for (Page* page : qAsConst(m_pages)) {
         m_list->addItem(page->title());
+        const int row = m_list->count() - 1;
+        const QKeySequence key(Qt::CTRL + Qt::Key_1 + row);
+        m_list->item(row)->setToolTip(key.toString(QKeySequence::NativeText));
+        connect(new QShortcut(key, this), &QShortcut::activated, this,
+                [this, row] { m_list->setCurrentRow(row); });
         m_stack->addWidget(page);
         connect(page, &Page::command, &m_link, &ModuleLink::command);
         connect(page, &Page::read, &m_link, &ModuleLink::read);

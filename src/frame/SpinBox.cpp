@@ -197,17 +197,27 @@ bool SpinBox::setValueSilently(double value)
     return self;
 }
 
-/// Runs a change of the text. What was selected before is selected as a whole afterwards, so that
-/// the next digit still replaces it: the base class would select what lies behind it.
+/// Runs a change of the text. The base class writes the text anew even for the same value, and
+/// loses caret and selection to the digit groups: here both stay when the text does, and else what
+/// was selected is selected as a whole, so that the next digit still replaces the number.
 template <class Change>
 void SpinBox::keepSelected(Change change)
 {
     const QPointer<SpinBox> self(this);
-    const QString before = lineEdit()->text();
-    const bool selected = lineEdit()->hasSelectedText();
+    QLineEdit* edit = lineEdit();
+    const QString before = edit->text();
+    const int caret = edit->cursorPosition();
+    const int selection = edit->selectionStart();
+    const int length = edit->selectionLength();
     change();
-    if (self && selected && lineEdit()->text() != before)
+    if (!self)
+        return;
+    if (length > 0 && edit->text() != before)
         selectAll();
+    else if (length > 0)
+        edit->setSelection(selection, length);
+    else if (edit->text() == before)
+        edit->setCursorPosition(caret);
 }
 
 /// Validates a text that the box itself wrote. A text with a decimal point is not coloured by the
@@ -270,7 +280,7 @@ void SpinBox::sendValue()
         return;
     {
         const QSignalBlocker silent(this);
-        interpretText();
+        keepSelected([this] { interpretText(); });
     }
     const double sent = value();
     if (sent == m_lastValue) {

@@ -528,9 +528,16 @@ private Q_SLOTS:
         box.setValue(1234);
         box.valueHasChanged(1234);
         QCOMPARE(box.edit()->selectedText(), QString("1,234"));
+        box.setValue(1234);
+        QCOMPARE(box.edit()->selectedText(), QString("1,234"));
+        box.edit()->setCursorPosition(3);
+        box.setValue(1234);
+        QCOMPARE(box.edit()->cursorPosition(), 3);
+        box.selectAll();
         User::type(&box, "7");
         QTest::keyClick(&box, Qt::Key_Return);
         QCOMPARE(box.value(), 7.0);
+        QCOMPARE(box.edit()->selectedText(), QString("7"));
     }
 
     void undoAndRedoSendNothing()
