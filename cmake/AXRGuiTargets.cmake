@@ -61,6 +61,8 @@ function(axr_public library compiled)
         list(APPEND headers "${header}")
     endforeach()
     set_target_properties(${library} PROPERTIES
-        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} AXR_HEADERS "${headers}")
+        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
+        INSTALL_RPATH "$ORIGIN" # the libraries are installed side by side
+        AXR_HEADERS "${headers}")
     set_property(GLOBAL APPEND PROPERTY AXR_LIBRARIES ${library})
 endfunction()

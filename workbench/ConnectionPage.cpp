@@ -91,8 +91,6 @@ ConnectionPage::ConnectionPage(ModuleLink& link)
 QWidget* ConnectionPage::makePanels()
 {
     auto* box = new QWidget;
-    // The fixed widths in these panels were laid out for a narrow font.
-    box->setFont(QFont(QStringLiteral("Liberation Sans"), 8));
     auto* grid = new QGridLayout(box);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->addWidget(m_connection, 0, 0, Qt::AlignTop);
