@@ -30,10 +30,11 @@ ModuleLink::ModuleLink(const Weather& weather, QObject* parent)
     m_wire.setWeather(weather);
 }
 
-void ModuleLink::open()
+void ModuleLink::open(char address)
 {
     if (isOpen())
         return;
+    m_address = address;
     m_timeOuts = 0;
     m_sinceAnswer = 0;
     setState(State::Answering);
@@ -73,7 +74,7 @@ void ModuleLink::stopAll()
     lane(Lane::Stop).clear();
     m_onItsWay.reset();
     for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
-        const Command stop(m_module.address(), toByte(Instruction::MST), 0, toByte(axis), 0);
+        const Command stop(m_address, toByte(Instruction::MST), 0, toByte(axis), 0);
         m_wire.send(stop); // at once for all axes; the lane then sees to the acknowledgements
         lane(Lane::Stop).push_back({stop});
     }

@@ -26,7 +26,8 @@ public:
 
     State state() const { return m_state; }
     bool isOpen() const { return m_state != State::Closed; }
-    void open();
+    /// \param address of the module, to which the stops go
+    void open(char address = 1);
     /// Drops everything that waits.
     void close();
 
@@ -95,6 +96,7 @@ private:
     SimulatedModule m_module;
     SimulatedLink m_wire;
     State m_state = State::Closed;
+    char m_address = 1;
     std::array<std::deque<Entry>, 3> m_lanes;
     std::optional<OnItsWay> m_onItsWay;
     int m_timeOuts = 0; ///< In a row.

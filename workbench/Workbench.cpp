@@ -221,7 +221,7 @@ void Workbench::takeOpened(const QString& link, char address)
     m_linkName = link;
     for (Page* page : qAsConst(m_pages))
         page->setAddress(address);
-    m_link.open();
+    m_link.open(address);
     for (Page* page : qAsConst(m_pages))
         page->refresh();
     tell(tr("Connected to %1").arg(link));
