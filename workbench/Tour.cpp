@@ -6,23 +6,29 @@
 #include "EthernetConnection.h"
 #include "Instruction.h"
 #include "ParameterTable.h"
+#include "ParametersPage.h"
 #include "PositionControl.h"
 #include "SerialConnection.h"
 #include "SpinBox.h"
+#include "TraceCommand.h"
+#include "TraceController.h"
 #include "VelocityControl.h"
 #include "VelocityRampControl.h"
 #include "WDirectMode.h"
+#include "WTraceController.h"
 #include "Workbench.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QSaveFile>
 #include <QSpinBox>
 #include <QTableView>
+#include <QTableWidget>
 #include <QTextStream>
 
 #include <cmath>
@@ -35,6 +41,8 @@ namespace
 constexpr int Step = 5;     // ms of virtual time between looks
 constexpr int Settle = 400; // ms in which polled values follow
 constexpr double Velocity = 500.0;
+constexpr int PollDelay = 5;     // ms between two ticks
+constexpr int TickWithin = 1000; // ms of real time
 
 void press(QWidget* widget, int key)
 {
@@ -74,6 +82,11 @@ QString panelName(const char* panel, int axis)
     return QStringLiteral("%1%2").arg(panel).arg(axis);
 }
 
+QTableView* parameterTable(const Workbench& bench)
+{
+    return bench.findChild<ParametersPage*>()->findChild<QTableView*>();
+}
+
 } // namespace
 
 Tour::Tour(Workbench& bench, const QString& folder) : m_bench(bench), m_folder(folder) {}
@@ -96,6 +109,7 @@ bool Tour::run()
     sendRawInstructions();
     stopByKey();
     editParameter();
+    pollValues();
     surviveSilence();
     disconnect();
 
@@ -326,7 +340,7 @@ void Tour::stopByKey()
               .arg(module.axis(1).velocity()),
           turning);
     m_bench.showPage(QStringLiteral("parameters"));
-    press(m_bench.findChild<QTableView*>(), Qt::Key_F12);
+    press(parameterTable(m_bench), Qt::Key_F12);
     const bool stopped = wait(5000, [&] {
         return std::abs(module.axis(0).velocity()) + std::abs(module.axis(1).velocity()) < 0.01;
     });
@@ -346,7 +360,7 @@ void Tour::editParameter()
             break;
         ++row;
     }
-    m_bench.findChild<QTableView*>()->selectRow(row);
+    parameterTable(m_bench)->selectRow(row);
     pass(Settle);
     auto* box = find<SpinBox>(QStringLiteral("sbParameter"));
     type(box, QStringLiteral("3500"));
@@ -356,6 +370,75 @@ void Tour::editParameter()
         Settle);
     pass(1000);
     photograph(QStringLiteral("parameters"));
+}
+
+void Tour::pollValues()
+{
+    struct Row {
+        const char* name;
+        quint8 number;
+        double tolerance; // while the axis turns
+    };
+    const SimulatedModule& module = m_bench.link().module();
+    const double reaction = 2.0 * 4 * PollDelay / 60000.0; // min, two rounds of four values
+    const double stepsPerTurn = module.axis(0).read(Number::EncoderSteps);
+    const Row rows[] = {
+        {"Actual position", Number::ActualPosition, Velocity * stepsPerTurn * reaction},
+        {"Actual velocity", Number::ActualVelocity, 1},
+        {"Temperature", Number::Temperature, 1},
+        {"Actual current", Number::ActualCurrent, 5}};
+    constexpr int ReadingColumn = 2;
+    constexpr int RateColumn = 4;
+    const auto* table = find<QTableWidget>(QStringLiteral("twPolled"));
+    const auto number = [table](int row, int column) {
+        return table->item(row, column)->text().toDouble();
+    };
+    const auto* panel = find<VelocityControl>(panelName("VelocityControl", 0));
+    const QWidget* controllers[] = {m_bench.findChild<WTraceController*>(),
+                                    m_bench.findChild<TraceController*>()};
+
+    m_bench.showPage(QStringLiteral("motion"));
+    click(find<QPushButton>(QStringLiteral("btnRight"), panel));
+    m_bench.showPage(QStringLiteral("polling"));
+    for (const QWidget* controller : controllers)
+        click(find<QPushButton>(QStringLiteral("btnStart"), controller));
+    const bool ticked = passTicks(2000 / Step); // the last whole second of them is counted
+    QStringList rates;
+    bool steady = ticked;
+    for (int row = 0; row < table->rowCount(); ++row) {
+        rates << table->item(row, RateColumn)->text();
+        steady = steady && std::abs(number(row, RateColumn) - 1000.0 / (4 * PollDelay)) <= 2;
+    }
+    check(QStringLiteral("poll four values of each axis every 5 ms: answers per second"),
+          QStringLiteral("50 +-2 each"), rates.join(QLatin1Char(' ')), steady);
+    int row = 0;
+    for (const Row& value : rows) {
+        expectNumber(
+            QStringLiteral("axis 0 turns, polled: %1").arg(QString::fromLatin1(value.name)),
+            [&] { return number(row, ReadingColumn); }, module.axis(0).read(value.number),
+            value.tolerance, 0);
+        ++row;
+    }
+    photograph(QStringLiteral("polling"));
+
+    m_bench.showPage(QStringLiteral("motion"));
+    click(find<QPushButton>(QStringLiteral("btnStop"), panel));
+    wait(2000, [&] { return std::abs(module.axis(0).velocity()) < 0.01; });
+    m_bench.showPage(QStringLiteral("polling"));
+    passTicks(2 * 4);
+    for (int axis = 0; axis < SimulatedModule::Axes; ++axis)
+        expectNumber(
+            QStringLiteral("axis %1 stands, polled: Actual position").arg(axis),
+            [&] { return number(4 * axis, ReadingColumn); },
+            module.axis(axis).read(Number::ActualPosition), 0, 0);
+    for (const QWidget* controller : controllers)
+        click(find<QPushButton>(QStringLiteral("btnStop"), controller));
+    pass(Settle);
+    const int before = m_bench.link().answers();
+    pass(Settle);
+    check(QStringLiteral("stop polling"), QStringLiteral("nothing is asked for any more"),
+          QStringLiteral("%1 answers").arg(m_bench.link().answers() - before),
+          m_bench.link().answers() == before);
 }
 
 void Tour::surviveSilence()
@@ -405,6 +488,27 @@ bool Tour::wait(int milliseconds, const std::function<bool()>& condition)
 void Tour::pass(int milliseconds)
 {
     wait(milliseconds, [] { return false; });
+}
+
+bool Tour::passTicks(int count)
+{
+    int first = 0;
+    int second = 0;
+    const QObject context;
+    QObject::connect(m_bench.findChild<WTraceController*>(), &WTraceController::requestTraceCommand,
+                     &context, [&first] { ++first; });
+    QObject::connect(m_bench.findChild<TraceController*>(), &TraceController::requestTraceCommand,
+                     &context, [&second] { ++second; });
+    for (int tick = 1; tick <= count; ++tick) {
+        const QDeadlineTimer deadline(TickWithin);
+        while (qMin(first, second) < tick) {
+            if (deadline.hasExpired())
+                return false;
+            QApplication::processEvents();
+        }
+        m_bench.advance(Step);
+    }
+    return true;
 }
 
 void Tour::check(const QString& done, const QString& expected, const QString& seen, bool ok)

@@ -34,12 +34,16 @@ private:
     void sendRawInstructions();
     void stopByKey();
     void editParameter();
+    void pollValues();
     void surviveSilence();
     void disconnect();
 
     /// Lets the workbench run until the condition holds. False when it does not within the time.
     bool wait(int milliseconds, const std::function<bool()>& condition);
     void pass(int milliseconds);
+    /// Lets `count` ticks of both trace controllers, which run in real time, come one Step of
+    /// virtual time apart. False when one of them does not come.
+    bool passTicks(int count);
     void check(const QString& done, const QString& expected, const QString& seen, bool ok);
     /// Waits until the value is within the tolerance, and reports it.
     void expectNumber(const QString& done, const std::function<double()>& value, double expected,

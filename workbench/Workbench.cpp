@@ -7,6 +7,7 @@
 #include "Instruction.h"
 #include "MotionPage.h"
 #include "ParametersPage.h"
+#include "PollingPage.h"
 
 #include <QAction>
 #include <QApplication>
@@ -87,7 +88,7 @@ Workbench::~Workbench()
 QStringList Workbench::pageNames()
 {
     return {QStringLiteral("connection"), QStringLiteral("console"), QStringLiteral("motion"),
-            QStringLiteral("parameters")};
+            QStringLiteral("parameters"), QStringLiteral("polling")};
 }
 
 void Workbench::makePages()
@@ -95,7 +96,8 @@ void Workbench::makePages()
     m_connection = new ConnectionPage(m_link);
     m_console = new ConsolePage;
     m_motion = new MotionPage(m_link.module());
-    m_pages = {m_connection, m_console, m_motion, new ParametersPage};
+    m_polling = new PollingPage(m_link);
+    m_pages = {m_connection, m_console, m_motion, new ParametersPage, m_polling};
     for (Page* page : qAsConst(m_pages)) {
         m_list->addItem(page->title());
         const int row = m_list->count() - 1;
@@ -209,6 +211,7 @@ void Workbench::advance(int milliseconds)
     }
     m_untilRate -= milliseconds;
     if (m_untilRate <= 0) {
+        m_polling->showRates(RateInterval - m_untilRate);
         m_untilRate = RateInterval;
         m_rate->setText(tr("%1 answers/s").arg(m_link.answers() - m_answersBefore));
         m_answersBefore = m_link.answers();

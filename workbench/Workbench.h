@@ -12,6 +12,7 @@ class ConnectionPage;
 class ConsolePage;
 class MotionPage;
 class Page;
+class PollingPage;
 class QAction;
 class QLabel;
 class QListWidget;
@@ -66,6 +67,7 @@ private:
     ConnectionPage* m_connection = nullptr;
     ConsolePage* m_console = nullptr;
     MotionPage* m_motion = nullptr;
+    PollingPage* m_polling = nullptr;
     QListWidget* m_list;
     QStackedWidget* m_stack;
     QLabel* m_strip;

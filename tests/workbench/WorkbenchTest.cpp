@@ -4,11 +4,14 @@
 #include "ParameterTable.h"
 #include "SpinBox.h"
 #include "TestCase.h"
+#include "TraceController.h"
 #include "User.h"
 #include "VelocityControl.h"
+#include "WTraceController.h"
 
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTableWidget>
 
 namespace
 {
@@ -96,6 +99,46 @@ private Q_SLOTS:
         bench.close();
         bench.link().advance(1000);
         QCOMPARE(bench.link().module().axis(0).velocity(), 0.0);
+    }
+
+    void pollingLeavesASlowModuleRoom()
+    {
+        constexpr int RoundTrip = 31;
+        Workbench bench(parse({"--photo", "x", "--delay", "30", "--page", "polling"}));
+        bench.show();
+        open(bench);
+        bench.advance(10000); // everything that the pages asked for at the start
+        const auto tick = [&bench] {
+            for (QWidget* controller : QList<QWidget*>{bench.findChild<TraceController*>(),
+                                                       bench.findChild<WTraceController*>()})
+                QMetaObject::invokeMethod(controller, "requestTraceValue");
+            bench.advance(5);
+            return bench.link().pendingReads();
+        };
+        const auto* table = User::find<QTableWidget>(&bench, "twPolled");
+        int most = 0;
+        for (int i = 0; i < 600; ++i)
+            most = qMax(most, tick());
+        QVERIFY2(most <= table->rowCount() + 1, qPrintable(QString::number(most)));
+        const double fair = 1000.0 / RoundTrip / table->rowCount();
+        for (int row = 0; row < table->rowCount(); ++row) {
+            const double rate = table->item(row, 4)->text().toDouble();
+            QVERIFY2(qAbs(rate - fair) <= 1.5, qPrintable(QString::number(rate)));
+        }
+
+        int answerAfter = 0;
+        bool answered = false;
+        connect(&bench.link(), &ModuleLink::answered, this, [&answered](const Command& request) {
+            answered = answered || requestText(request).startsWith("SAP");
+        });
+        bench.link().command(Command(1, 5, toByte(AxisParameterNumber::Acceleration), 0, 777));
+        for (; !answered && answerAfter < 1000; answerAfter += 5)
+            tick();
+        QVERIFY2(answerAfter <= 2 * RoundTrip + 5, qPrintable(QString::number(answerAfter)));
+
+        bench.showPage("console");
+        bench.advance(1000);
+        QCOMPARE(tick(), 0);
     }
 
     void windowStateIsRemembered()
