@@ -196,7 +196,10 @@ void ParametersPage::take(const Command& reply)
     for (int row = 0; row < rowCount(); ++row) {
         if (parameterAt(row).number != u8(reply.getType()))
             continue;
-        m_model->item(row, ValueColumn)->setData(reply.getValue(), Qt::EditRole);
+        QStandardItem* item = m_model->item(row, ValueColumn);
+        // A cell in which the user edits stays, so that leaving it unchanged writes nothing.
+        if (!m_table->isPersistentEditorOpen(item->index()))
+            item->setData(reply.getValue(), Qt::EditRole);
         if (row == m_selected && m_value->value() == m_value->lastValue()) {
             m_value->setValue(reply.getValue()); // an entry that waits for Return stays
             m_value->valueHasChanged(reply.getValue());

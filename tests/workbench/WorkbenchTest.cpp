@@ -11,6 +11,7 @@
 
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTableView>
 #include <QTableWidget>
 
 namespace
@@ -153,6 +154,31 @@ private Q_SLOTS:
         QCOMPARE(again.size(), QSize(1000, 600));
         again.show();
         QVERIFY(User::find<VelocityControl>(&again, "VelocityControl0")->isVisible());
+    }
+
+    void leavingACellUnchangedWritesNothing()
+    {
+        Workbench bench(parse({"--photo", "x", "--page", "parameters"}));
+        bench.show();
+        open(bench);
+        auto* table = User::find<QWidget>(&bench, "parameters")->findChild<QTableView*>();
+        bench.link().module().axis(0).rotate(500);
+        bench.advance(1500);
+        const QModelIndex position = table->model()->index(1, 2);
+        const int shown = position.data().toInt();
+        table->setCurrentIndex(position);
+        table->edit(position);
+        auto* editor = table->findChild<QSpinBox*>();
+        QVERIFY(editor);
+        bench.advance(1500);
+        int writes = 0;
+        connect(&bench.link(), &ModuleLink::sent, this, [&writes](const Command& request) {
+            writes += requestText(request).startsWith("SAP");
+        });
+        QTest::keyClick(editor, Qt::Key_Return);
+        bench.advance(1500);
+        QCOMPARE(writes, 0);
+        QVERIFY(position.data().toInt() > shown); // shows what is read again
     }
 
     void nothingGoesOutUnasked()
