@@ -176,6 +176,7 @@ private Q_SLOTS:
             writes += requestText(request).startsWith("SAP");
         });
         QTest::keyClick(editor, Qt::Key_Return);
+        QTRY_VERIFY(!table->isPersistentEditorOpen(position));
         bench.advance(1500);
         QCOMPARE(writes, 0);
         QVERIFY(position.data().toInt() > shown); // shows what is read again
