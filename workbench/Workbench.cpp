@@ -200,6 +200,14 @@ void Workbench::startClock()
 
 void Workbench::advance(int milliseconds)
 {
+    // In slices, so that the polling is the same however much time is handed in at once.
+    for (; milliseconds > ClockInterval; milliseconds -= ClockInterval)
+        advanceSlice(ClockInterval);
+    advanceSlice(milliseconds);
+}
+
+void Workbench::advanceSlice(int milliseconds)
+{
     m_link.advance(milliseconds);
     m_untilPoll -= milliseconds;
     if (m_untilPoll <= 0) {

@@ -49,6 +49,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void advanceSlice(int milliseconds);
     void makePages();
     void makeToolBar();
     void restoreWindow(const QString& page);

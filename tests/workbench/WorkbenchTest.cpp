@@ -175,6 +175,10 @@ private Q_SLOTS:
         connect(&bench.link(), &ModuleLink::sent, this, [&writes](const Command& request) {
             writes += requestText(request).startsWith("SAP");
         });
+        editor->setValue(-77); // typed, and not overwritten by what is polled
+        bench.advance(1500);
+        QCOMPARE(editor->value(), -77);
+        editor->setValue(shown);
         QTest::keyClick(editor, Qt::Key_Return);
         QTRY_VERIFY(!table->isPersistentEditorOpen(position));
         bench.advance(1500);
