@@ -424,8 +424,10 @@ void SpinBox::keyPressEvent(QKeyEvent* event)
     QLineEdit* edit = lineEdit();
     const bool typed = isTyped(event);
     const bool forward = event->key() == Qt::Key_Delete;
-    const bool deletes = forward || event->key() == Qt::Key_Backspace;
-    if (isReadOnly() || edit->text() == specialValueText() || !(typed || deletes)) {
+    const bool cuts = forward && event->modifiers() & Qt::ShiftModifier;
+    const bool deletes = (forward && !cuts) || event->key() == Qt::Key_Backspace;
+    const bool special = !specialValueText().isEmpty() && edit->text() == specialValueText();
+    if (isReadOnly() || special || !(typed || deletes)) {
         QDoubleSpinBox::keyPressEvent(event);
         return;
     }
@@ -441,22 +443,22 @@ void SpinBox::keyPressEvent(QKeyEvent* event)
         const int end = forward ? numberEnd() : numberStart();
         edit->setSelection(qMin(caret, end), qAbs(end - caret));
     }
-    QKeyEvent plain(event->type(), event->key(),
-                    Qt::NoModifier); // which goes no further than the selection
 
     const QString before = edit->text();
     const bool selected = edit->hasSelectedText();
     const int caret = edit->cursorPosition();
-    const int digitsRight =
-        digitsRightOf(selected ? edit->selectionEnd() : caret) - (forward && !selected ? 1 : 0);
-    const bool replacesAll =
-        selected && edit->selectionStart() == numberStart() && edit->selectionEnd() == numberEnd();
+    const int from = selected ? edit->selectionStart() : caret;
+    const int to = selected ? edit->selectionEnd() : caret;
+    const bool startsAnew = typed && from == numberStart() && to == numberEnd();
+    const int digitsRight = digitsRightOf(to) - (forward && !selected ? 1 : 0);
 
+    // A deletion goes no further than the selection, whatever modifier came with it.
+    QKeyEvent plain(event->type(), event->key(), Qt::NoModifier);
     QDoubleSpinBox::keyPressEvent(deletes ? &plain : event);
 
     if (!selected && edit->text() == before)
         edit->setCursorPosition(caret); // a letter was dropped
-    else if (typed && replacesAll && decimals() > 0)
+    else if (startsAnew && decimals() > 0)
         edit->setCursorPosition(caretBefore(decimals())); // whole units are typed first
     else
         edit->setCursorPosition(caretBefore(digitsRight));

@@ -276,6 +276,9 @@ private Q_SLOTS:
         QTest::newRow("typed over, decimals") << 2 << none << "[1.00]"
                                               << "56"
                                               << "56|.00";
+        QTest::newRow("into nothing, decimals") << 2 << none << "|"
+                                                << "56"
+                                                << "56|.00";
         QTest::newRow("negative over real units") << 0 << real << "[-10]"
                                                   << "-05"
                                                   << "-5|";
