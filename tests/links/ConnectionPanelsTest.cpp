@@ -9,6 +9,7 @@
 
 #include <QComboBox>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QSpinBox>
 
@@ -146,6 +147,21 @@ private Q_SLOTS:
             sizes << QString("%1x%2").arg(panel->width()).arg(panel->height());
         }
         QCOMPARE(sizes.join(" "), QString("198x106 198x173 198x160 285x106 256x106"));
+    }
+
+    void hostMayDeleteThePanelInsideItsSignals()
+    {
+        QPointer<QWidget> connection = new Connection;
+        auto* devices = static_cast<Connection*>(connection.data());
+        devices->addDevice("COM1", "");
+        connect(devices, &Connection::openDevice, [devices] { delete devices; });
+        User::find<QPushButton>(devices, "btnConnect")->click();
+        QPointer<QWidget> can = new CANConnection;
+        auto* canPanel = static_cast<CANConnection*>(can.data());
+        connect(canPanel, &CANConnection::closeDevice, [canPanel] { delete canPanel; });
+        canPanel->setConnected();
+        User::find<QPushButton>(canPanel, "btnDisconnect")->click();
+        QVERIFY(!connection && !can);
     }
 
     void zigBeeAddress()
