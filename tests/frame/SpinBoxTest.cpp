@@ -176,116 +176,52 @@ private Q_SLOTS:
         doomed->sendValue();
     }
 
-    void entryKeepsThePoint_data()
-    {
-        QTest::addColumn<int>("decimals");
-        QTest::addColumn<QString>("start");
-        QTest::addColumn<QString>("keys");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("groups") << 0 << ""
-                                << "10005"
-                                << "10,005";
-        QTest::newRow("point stays") << 2 << "1.23"
-                                     << "56"
-                                     << "123.56";
-        QTest::newRow("letter is dropped") << 2 << "1.23"
-                                           << "x5"
-                                           << "12.35";
-        QTest::newRow("minus") << 0 << ""
-                               << "-05"
-                               << "-5";
-        QTest::newRow("minus alone") << 0 << ""
-                                     << "-"
-                                     << "-";
-        QTest::newRow("fraction") << 2 << "0.00"
-                                  << "5"
-                                  << "0.05";
-        QTest::newRow("negative fraction") << 2 << "-.05"
-                                           << "1"
-                                           << "-.51";
-        QTest::newRow("no digit") << 2 << ""
-                                  << "x"
-                                  << "";
-    }
-    void entryKeepsThePoint()
-    {
-        QFETCH(int, decimals);
-        QFETCH(QString, start);
-        QFETCH(QString, keys);
-        TextBox box;
-        box.setDecimals(decimals);
-        box.setTyped(start);
-        box.edit()->setCursorPosition(box.edit()->text().size());
-        User::type(&box, keys);
-        QTEST(box.edit()->text(), "text");
-        QCOMPARE(box.edit()->cursorPosition(), box.edit()->text().size());
-    }
-
     /// "|" marks the caret, "[" and "]" a selection; "<" is Backspace, ">" is Delete, "^" before
     /// one of them is Ctrl.
     void editing_data()
     {
+        const struct {
+            const char* name;
+            int decimals;
+            const char* suffix;
+            const char* start;
+            const char* keys;
+            const char* end;
+        } rows[] = {
+            {"groups", 0, "", "|", "10005", "10,005|"},
+            {"point stays", 2, "", "1.23|", "56", "123.56|"},
+            {"letter is dropped", 2, "", "1.23|", "x5", "12.35|"},
+            {"minus", 0, "", "|", "-05", "-5|"},
+            {"minus alone", 0, "", "|", "-", "-|"},
+            {"fraction", 2, "", "0.00|", "5", "0.05|"},
+            {"negative fraction", 2, "", "-.05|", "1", "-.51|"},
+            {"no digit", 2, "", "|", "x", "|"},
+            {"digit between groups", 0, "", "1,2|34", "9", "12,9|34"},
+            {"taken back", 0, "", "12,9|34", "<", "1,2|34"},
+            {"letter", 0, "", "1,2|34", "x", "1,2|34"},
+            {"before the point", 2, "", "1|.23", "5", "15|.23"},
+            {"back at the comma", 0, "", "1,|000", "<", "|0"},
+            {"back behind the point", 2, "", "15.|23", "<", "1|.23"},
+            {"delete", 2, "", "123|456.78", ">", "123|56.78"},
+            {"delete at the point", 2, "", "12|.34", ">", "1.2|4"},
+            {"delete at the end", 0, " m2", "10|", ">", "10|"},
+            {"delete word", 0, " m2", "1|0", "^>", "1|"},
+            {"back at the start", 0, "", "|10", "<", "|10"},
+            {"typed over", 0, "", "[5]", "56", "56|"},
+            {"typed over, same digit", 0, "", "5[5]", "5", "55|"},
+            {"typed over, decimals", 2, "", "[1.00]", "56", "56|.00"},
+            {"into nothing, decimals", 2, "", "|", "56", "56|.00"},
+            {"negative over real units", 0, " [-0.50 rpm]", "[-10]", "-05", "-5|"},
+            {"selection into the suffix", 0, " m2", "1[0 m]", "7", "17|"},
+        };
         QTest::addColumn<int>("decimals");
         QTest::addColumn<QString>("suffix");
         QTest::addColumn<QString>("start");
         QTest::addColumn<QString>("keys");
         QTest::addColumn<QString>("end");
-        const QString none;
-        const QString real(" [-0.50 rpm]");
-        QTest::newRow("digit between groups") << 0 << none << "1,2|34"
-                                              << "9"
-                                              << "12,9|34";
-        QTest::newRow("taken back") << 0 << none << "12,9|34"
-                                    << "<"
-                                    << "1,2|34";
-        QTest::newRow("letter") << 0 << none << "1,2|34"
-                                << "x"
-                                << "1,2|34";
-        QTest::newRow("before the point") << 2 << none << "1|.23"
-                                          << "5"
-                                          << "15|.23";
-        QTest::newRow("back at the comma") << 0 << none << "1,|000"
-                                           << "<"
-                                           << "|0";
-        QTest::newRow("back behind the point") << 2 << none << "15.|23"
-                                               << "<"
-                                               << "1|.23";
-        QTest::newRow("delete") << 2 << none << "123|456.78"
-                                << ">"
-                                << "123|56.78";
-        QTest::newRow("delete at the point") << 2 << none << "12|.34"
-                                             << ">"
-                                             << "1.2|4";
-        QTest::newRow("delete at the end") << 0 << " m2"
-                                           << "10|"
-                                           << ">"
-                                           << "10|";
-        QTest::newRow("delete word") << 0 << " m2"
-                                     << "1|0"
-                                     << "^>"
-                                     << "1|";
-        QTest::newRow("back at the start") << 0 << none << "|10"
-                                           << "<"
-                                           << "|10";
-        QTest::newRow("typed over") << 0 << none << "[5]"
-                                    << "56"
-                                    << "56|";
-        QTest::newRow("typed over, same digit") << 0 << none << "5[5]"
-                                                << "5"
-                                                << "55|";
-        QTest::newRow("typed over, decimals") << 2 << none << "[1.00]"
-                                              << "56"
-                                              << "56|.00";
-        QTest::newRow("into nothing, decimals") << 2 << none << "|"
-                                                << "56"
-                                                << "56|.00";
-        QTest::newRow("negative over real units") << 0 << real << "[-10]"
-                                                  << "-05"
-                                                  << "-5|";
-        QTest::newRow("selection into the suffix") << 0 << " m2"
-                                                   << "1[0 m]"
-                                                   << "7"
-                                                   << "17|";
+        for (const auto& row : rows)
+            QTest::newRow(row.name) << row.decimals << QString(row.suffix) << QString(row.start)
+                                    << QString(row.keys) << QString(row.end);
     }
     void editing()
     {
