@@ -22,6 +22,7 @@ constexpr int DefaultValue = 206;
 constexpr int LargestHue = 359;
 constexpr int ToneStep = 5; // of saturation and value, by a key
 constexpr int EdgeAlpha = 128;
+constexpr double NoAngle = -1.0;
 
 constexpr int FullCircle = 360 * 16; // in the unit of QPainter's arcs
 constexpr int Top = 90 * 16;
@@ -191,10 +192,11 @@ void ColorTriangle::paintEvent(QPaintEvent*)
         return;
     if (m_mustRedraw)
         drawBackground();
+    drawTriangle();
     QPainter painter(this);
     painter.setClipRect(contentsRect());
     painter.translate(contentsRect().topLeft());
-    drawColors(painter);
+    painter.drawImage(0, 0, m_picture);
     painter.setRenderHint(QPainter::Antialiasing);
     drawMarkers(painter);
 }
@@ -205,6 +207,7 @@ void ColorTriangle::drawBackground()
     m_background = QImage(m_geometry->size, QImage::Format_RGB32);
     m_background.fill(palette().color(QPalette::Mid));
     m_picture = m_background.copy();
+    m_pictureAngle = NoAngle;
     QPainter painter(&m_background);
     painter.setRenderHint(QPainter::Antialiasing);
     drawRing(painter);
@@ -244,24 +247,29 @@ void ColorTriangle::drawRingEdges(QPainter& painter) const
     }
 }
 
-/// The ring, and the triangle with its edges.
-void ColorTriangle::drawColors(QPainter& painter)
+/// Puts the triangle into the ring. As long as it does not turn, the last picture holds.
+void ColorTriangle::drawTriangle()
 {
+    using G = ColorTriangleGeometry;
+    if (m_pictureAngle == m_geometry->hueAngle)
+        return;
+    m_pictureAngle = m_geometry->hueAngle;
     std::memcpy(m_picture.bits(), m_background.constBits(),
                 static_cast<size_t>(m_background.sizeInBytes()));
     fillOf(*m_geometry, hueColor()).paint(m_picture);
-    painter.drawImage(0, 0, m_picture);
+
+    const QPointF corners[] = {m_geometry->corner(G::PureHue), m_geometry->corner(G::Black),
+                               m_geometry->corner(G::White)};
+    QPainter painter(&m_picture);
+    painter.setClipRect(m_picture.rect()); // lines are drawn much faster with a clip
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(0, 0, 0, EdgeAlpha), 0));
+    painter.drawConvexPolygon(corners, 3);
 }
 
 void ColorTriangle::drawMarkers(QPainter& painter) const
 {
-    using G = ColorTriangleGeometry;
-    const QPointF edges[] = {m_geometry->corner(G::PureHue), m_geometry->corner(G::Black),
-                             m_geometry->corner(G::White)};
-    painter.setPen(QPen(QColor(0, 0, 0, EdgeAlpha), 0));
     painter.setBrush(Qt::NoBrush);
-    painter.drawConvexPolygon(edges, 3);
-
     painter.setPen(QPen(contrastTo(hueColor()), m_geometry->penWidth()));
     painter.drawEllipse(around(m_geometry->hueMarker(), m_geometry->markerSize()));
     painter.setPen(QPen(contrastTo(m_curColor), m_geometry->penWidth()));

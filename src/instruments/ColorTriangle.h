@@ -57,11 +57,12 @@ private:
     void drawBackground();
     void drawRing(QPainter& painter) const;
     void drawRingEdges(QPainter& painter) const;
-    void drawColors(QPainter& painter);
+    void drawTriangle();
     void drawMarkers(QPainter& painter) const;
 
     QImage m_background; // the ring
-    QImage m_picture;    // the ring with the triangle, kept for its memory only
+    QImage m_picture;    // the ring with the triangle as it stands at m_pictureAngle
+    double m_pictureAngle = 0.0;
     std::unique_ptr<ColorTriangleGeometry> m_geometry;
     QColor m_curColor;
     int m_curHue; // apart from the colour, so that a grey keeps it

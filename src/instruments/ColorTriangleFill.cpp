@@ -94,9 +94,11 @@ void ColorTriangleFill::paint(QImage& image) const
         Shade shade = span.second;
         const int skipped = begin - (span.first + 1);
         shade.add({span.step.red * skipped, span.step.green * skipped, span.step.blue * skipped});
+        const Shade step =
+            span.step; // a copy, so that the compiler may write several pixels at once
         for (int x = begin; x < end; ++x) {
             line[x] = shade.rgb();
-            shade.add(span.step);
+            shade.add(step);
         }
         if (span.last < image.width())
             line[span.last] = span.right.rgb();
