@@ -34,6 +34,7 @@ private:
     void sendRawInstructions();
     void stopByKey();
     void editParameter();
+    void pickColours();
     void surviveSilence();
     void disconnect();
 
@@ -47,6 +48,7 @@ private:
     void expectText(const QString& done, const std::function<QString()>& text,
                     const QString& expected, int within);
     void photograph(const QString& page, const QString& name = QString());
+    void photographWidget(QWidget* widget, const QString& what, const QString& name);
     bool writeReport() const;
 
     template <class T>

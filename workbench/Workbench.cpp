@@ -1,6 +1,7 @@
 #include "Workbench.h"
 
 #include "AppSettings.h"
+#include "ColoursPage.h"
 #include "CommandText.h"
 #include "ConnectionPage.h"
 #include "ConsolePage.h"
@@ -87,7 +88,7 @@ Workbench::~Workbench()
 QStringList Workbench::pageNames()
 {
     return {QStringLiteral("connection"), QStringLiteral("console"), QStringLiteral("motion"),
-            QStringLiteral("parameters")};
+            QStringLiteral("parameters"), QStringLiteral("colours")};
 }
 
 void Workbench::makePages()
@@ -95,7 +96,7 @@ void Workbench::makePages()
     m_connection = new ConnectionPage(m_link);
     m_console = new ConsolePage;
     m_motion = new MotionPage(m_link.module());
-    m_pages = {m_connection, m_console, m_motion, new ParametersPage};
+    m_pages = {m_connection, m_console, m_motion, new ParametersPage, new ColoursPage};
     for (Page* page : qAsConst(m_pages)) {
         m_list->addItem(page->title());
         const int row = m_list->count() - 1;

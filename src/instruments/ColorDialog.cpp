@@ -22,6 +22,7 @@ ColorDialog::ColorDialog(const QColor& color, QWidget* parent)
     layout->addWidget(viewer, 1, 0);
     layout->addWidget(buttons, 1, 1);
     layout->setRowStretch(0, 1);
+    layout->setColumnStretch(0, 1);
     resize(Side, Side);
     setSizeGripEnabled(true);
 

@@ -4,7 +4,7 @@
 #include "ColorPickerButton_p.h"
 #include "ColorPickerItem_p.h"
 #include "ColorPickerPopup_p.h"
-#include "ColorTriangle.h"
+#include "ColorViewer.h"
 #include "Prefix.h"
 #include "TestCase.h"
 #include "User.h"
@@ -178,11 +178,8 @@ private Q_SLOTS:
     {
         ColorPicker picker;
         picker.setStandardColors();
-        picker.show();
-        auto* popup = popupOf(picker);
         const QSignalSpy changed(&picker, &ColorPicker::colorChanged);
-        User::click(&picker);
-        QVERIFY(popup->isVisible());
+        ColorPickerPopup* popup = open(picker);
         ColorPickerItem* black = popup->items().at(15);
         QVERIFY(black->isSelected());
         QCOMPARE(popup->focusWidget(), black);
@@ -199,6 +196,17 @@ private Q_SLOTS:
         QTest::mouseRelease(popup, Qt::LeftButton, {}, popup->rect().bottomRight() + QPoint(9, 9));
         QVERIFY(!popup->isVisible());
         QCOMPARE(changed.size(), 2);
+    }
+
+    void dialogShowsItsColor()
+    {
+        ColorDialog dialog(QColor(0x12, 0xAB, 0xEF));
+        QCOMPARE(dialog.size(), QSize(400, 400));
+        dialog.grab(); // lays it out
+        auto* viewer = dialog.findChild<ColorViewer*>();
+        QVERIFY(viewer->width() > viewer->fontMetrics().horizontalAdvance("#12ABEF") + 8);
+        QCOMPARE(viewer->grab().toImage().pixelColor(4, 4), dialog.color());
+        QVERIFY(ColorDialog(QColor()).color().isValid());
     }
 
     void popupStaysOnTheDesktop()
