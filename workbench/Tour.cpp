@@ -1,6 +1,9 @@
 #include "Tour.h"
 
 #include "CANConnection.h"
+#include "ColorDialog.h"
+#include "ColorPicker.h"
+#include "ColorTriangle.h"
 #include "Connection.h"
 #include "CurrentControl.h"
 #include "EthernetConnection.h"
@@ -24,12 +27,15 @@
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPushButton>
 #include <QSaveFile>
 #include <QSpinBox>
 #include <QTableView>
 #include <QTableWidget>
 #include <QTextStream>
+#include <QTimer>
+#include <QWindow>
 
 #include <cmath>
 
@@ -110,6 +116,7 @@ bool Tour::run()
     stopByKey();
     editParameter();
     pollValues();
+    pickColours();
     surviveSilence();
     disconnect();
 
@@ -441,6 +448,66 @@ void Tour::pollValues()
           m_bench.link().answers() == before);
 }
 
+void Tour::pickColours()
+{
+    m_bench.showPage(QStringLiteral("colours"));
+    QApplication::processEvents();
+    auto* picker = find<ColorPicker>(QStringLiteral("btnCustomColor"));
+    auto* grid = picker->findChild<QDialog*>();
+    const auto emitted = [&] { return find<QLabel>(QStringLiteral("lblEmitted"))->text(); };
+    const auto cell = [&](const QString& name) {
+        const QList<QFrame*> cells = grid->findChildren<QFrame*>();
+        for (QFrame* each : cells) {
+            if (each->toolTip() == name)
+                return each;
+        }
+        qFatal("the grid has no colour %s", qPrintable(name));
+    };
+    // Without a window manager the display complains when a window gets the focus before it shows.
+    const auto isShown = [this](const QWidget* window) {
+        return wait(1000, [window] { return window->windowHandle()->isExposed(); });
+    };
+    click(picker);
+    isShown(grid);
+    photographWidget(grid, QStringLiteral("grid of colours"), QStringLiteral("colour-grid"));
+    click(cell(QStringLiteral("Tomato")));
+    expectText(QStringLiteral("pick \"Tomato\" in the grid: what the picker tells"), emitted,
+               QStringLiteral("Tomato (#ff6347)"), 0);
+    expectText(
+        QStringLiteral("the button's own picture, at its centre"),
+        [&] { return picker->grab().toImage().pixelColor(picker->rect().center()).name(); },
+        QStringLiteral("#ff6347"), 0);
+
+    // The custom colours are the user's; so the dialog is looked at and refused.
+    const int cells = picker->colorList().size();
+    wait(1000, [grid] { return !grid->windowHandle()->isExposed(); });
+    click(picker);
+    isShown(grid);
+    auto* more = cell(QString()); // the last cell alone is without a name
+    QTimer::singleShot(0, &m_bench, [this, isShown] {
+        auto* dialog = qobject_cast<ColorDialog*>(QApplication::activeModalWidget());
+        if (!dialog)
+            qFatal("the grid's last cell opens no dialog");
+        isShown(dialog);
+        dialog->setColor(QColor(QStringLiteral("cornflowerblue")));
+        photographWidget(dialog, QStringLiteral("colour dialog"), QStringLiteral("colour-dialog"));
+        dialog->reject();
+    });
+    press(more, Qt::Key_Return);
+    check(QStringLiteral("refuse the colour dialog"), QStringLiteral("no new cell, same colour"),
+          emitted(),
+          picker->colorList().size() == cells &&
+              picker->currentColor() == QColor(0xff, 0x63, 0x47));
+
+    auto* triangle = m_bench.findChild<ColorTriangle*>();
+    triangle->setColor(QColor::fromHsv(200, 255, 255));
+    press(triangle, Qt::Key_Right);
+    check(QStringLiteral("the colour triangle, one step to the right"), QStringLiteral("hue 201"),
+          QStringLiteral("hue %1").arg(triangle->color().hsvHue()),
+          triangle->color().hsvHue() == 201);
+    photograph(QStringLiteral("colours"));
+}
+
 void Tour::surviveSilence()
 {
     m_bench.showPage(QStringLiteral("motion"));
@@ -541,10 +608,15 @@ void Tour::photograph(const QString& page, const QString& name)
 {
     m_bench.showPage(page);
     QApplication::processEvents();
-    const QString file =
-        QDir(m_folder).filePath((name.isEmpty() ? page : name) + QStringLiteral(".png"));
-    const bool saved = m_bench.grab().save(file, "PNG");
-    check(QStringLiteral("picture of the page \"%1\"").arg(page), QStringLiteral("written"),
+    photographWidget(&m_bench, QStringLiteral("page \"%1\"").arg(page),
+                     name.isEmpty() ? page : name);
+}
+
+void Tour::photographWidget(QWidget* widget, const QString& what, const QString& name)
+{
+    const QString file = QDir(m_folder).filePath(name + QStringLiteral(".png"));
+    const bool saved = widget->grab().save(file, "PNG");
+    check(QStringLiteral("picture of the %1").arg(what), QStringLiteral("written"),
           QFileInfo(file).fileName(), saved);
 }
 

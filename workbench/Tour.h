@@ -35,6 +35,7 @@ private:
     void stopByKey();
     void editParameter();
     void pollValues();
+    void pickColours();
     void surviveSilence();
     void disconnect();
 
@@ -51,6 +52,7 @@ private:
     void expectText(const QString& done, const std::function<QString()>& text,
                     const QString& expected, int within);
     void photograph(const QString& page, const QString& name = QString());
+    void photographWidget(QWidget* widget, const QString& what, const QString& name);
     bool writeReport() const;
 
     template <class T>

@@ -1,6 +1,7 @@
 #include "Workbench.h"
 
 #include "AppSettings.h"
+#include "ColoursPage.h"
 #include "CommandText.h"
 #include "ConnectionPage.h"
 #include "ConsolePage.h"
@@ -88,7 +89,7 @@ Workbench::~Workbench()
 QStringList Workbench::pageNames()
 {
     return {QStringLiteral("connection"), QStringLiteral("console"), QStringLiteral("motion"),
-            QStringLiteral("parameters"), QStringLiteral("polling")};
+            QStringLiteral("parameters"), QStringLiteral("polling"), QStringLiteral("colours")};
 }
 
 void Workbench::makePages()
@@ -97,7 +98,7 @@ void Workbench::makePages()
     m_console = new ConsolePage;
     m_motion = new MotionPage(m_link.module());
     m_polling = new PollingPage(m_link);
-    m_pages = {m_connection, m_console, m_motion, new ParametersPage, m_polling};
+    m_pages = {m_connection, m_console, m_motion, new ParametersPage, m_polling, new ColoursPage};
     for (Page* page : qAsConst(m_pages)) {
         m_list->addItem(page->title());
         const int row = m_list->count() - 1;

@@ -1,4 +1,5 @@
 #include "Logging.h"
 
+Q_LOGGING_CATEGORY(axrInstruments, "axr.instruments")
 Q_LOGGING_CATEGORY(axrLinks, "axr.links")
 Q_LOGGING_CATEGORY(axrShell, "axr.shell")
