@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace
 {
@@ -25,6 +26,7 @@ constexpr double ResultMaximum = 9.99e99;
 constexpr int StripHeight = 20;
 constexpr int MarkerWidth = 10;
 constexpr double ClockFrequency = 16000000.0;
+constexpr QLatin1Char Point('.');
 
 bool isDigit(QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); }
 
@@ -265,12 +267,13 @@ void SpinBox::valueToInt(double value)
 {
     // A receiver may set another value, which then went out and counts.
     const QPointer<SpinBox> self(this);
-    const unsigned confirmations = m_confirmations;
+    const double shown = this->value();
+    const double last = m_lastValue;
     emit valueChanged(roundToInt(value));
-    if (!self || m_confirmations != confirmations)
+    if (!self || this->value() != shown)
         return;
-    emit valueChanged(value, m_lastValue);
-    if (self && m_confirmations == confirmations)
+    emit valueChanged(value, last);
+    if (self && this->value() == shown)
         setLastValue(value);
 }
 
@@ -379,10 +382,12 @@ int SpinBox::numberEnd() const
                 text.endsWith(suffix()) ? text.size() - suffix().size() : text.size());
 }
 
-int SpinBox::digitsRightOf(int caret) const
+QString SpinBox::number(int from, int to) const
 {
-    return digitsIn(lineEdit()->text().mid(caret, qMax(0, numberEnd() - caret)));
+    return lineEdit()->text().mid(from, qMax(0, to - from));
 }
+
+bool SpinBox::hasPoint() const { return number(numberStart(), numberEnd()).contains(Point); }
 
 /// The leftmost place with so many digits of the number right of it, so that the caret stands
 /// before a point or a comma, never behind.
@@ -401,67 +406,124 @@ int SpinBox::caretBefore(int digitsRight) const
     return caret;
 }
 
-/// Keeps a deletion inside the number: prefix and suffix may hold digits, too, and marks between
-/// digits come back by themselves, so the digit behind the mark is meant. False when nothing is
-/// left to delete in this direction.
-bool SpinBox::aimDeletion(bool forward)
+/// Prefix and suffix may hold digits, too: nothing of them is replaced.
+void SpinBox::confineToNumber()
 {
     QLineEdit* edit = lineEdit();
+    const auto inside = [this](int at) { return qBound(numberStart(), at, numberEnd()); };
+    const int from = inside(edit->selectionStart());
     if (edit->hasSelectedText())
-        return true;
-    const int step = forward ? 1 : -1;
+        edit->setSelection(from, inside(edit->selectionEnd()) - from);
+    else
+        edit->setCursorPosition(inside(edit->cursorPosition()));
+}
+
+/// Selects what a deletion takes. Marks between digits come back by themselves, so the digit behind
+/// the mark is meant; a word is the rest of the number.
+void SpinBox::selectToDelete(bool forward, bool word)
+{
+    QLineEdit* edit = lineEdit();
     const int last = forward ? numberEnd() : numberStart();
-    int caret = qBound(numberStart(), edit->cursorPosition(), numberEnd());
+    const int step = forward ? 1 : -1;
+    int caret = edit->cursorPosition();
     const auto next = [&] { return edit->text().at(forward ? caret : caret - 1); };
-    while (caret != last && (next() == QLatin1Char('.') || next() == QLatin1Char(',')))
+    while (caret != last && (next() == Point || next() == QLatin1Char(',')))
         caret += step;
-    edit->setCursorPosition(caret);
-    return caret != last;
+    const int end = word || caret == last ? last : caret + step;
+    edit->setSelection(qMin(caret, end), qAbs(end - caret));
+}
+
+/// Runs a change of what is selected, or at the caret, and keeps the caret left of the digits that
+/// were right of it. Digits without a point are whole units: when they get one, as the first digits
+/// of an entry do, the caret stays before it.
+template <class Change>
+void SpinBox::keepCaret(Change change)
+{
+    const QLineEdit* edit = lineEdit();
+    const int from = edit->hasSelectedText() ? edit->selectionStart() : edit->cursorPosition();
+    const int to = edit->hasSelectedText() ? edit->selectionEnd() : from;
+    const QString right = number(to, numberEnd());
+    const bool wholeUnits = !(number(numberStart(), from) + right).contains(Point);
+    change();
+    if (has(NoDots)) // the text stays as typed, and so does the caret
+        return;
+    const int added = wholeUnits && hasPoint() ? decimals() : 0;
+    lineEdit()->setCursorPosition(caretBefore(digitsIn(right) + added));
+}
+
+/// A point typed where the number has its own steps behind it; the digits that follow then replace
+/// those of the fraction. A number without one gets it at its end. Elsewhere a point is dropped.
+void SpinBox::typePoint()
+{
+    QLineEdit* edit = lineEdit();
+    const bool selected = edit->hasSelectedText();
+    const int caret = selected ? edit->selectionStart() : edit->cursorPosition();
+    const QString right = number(selected ? edit->selectionEnd() : caret, numberEnd());
+    if (decimals() == 0)
+        return;
+    if (right.isEmpty() && !number(numberStart(), caret).contains(Point))
+        edit->insert(Point + QString(decimals(), QLatin1Char('0')));
+    else if (selected || !right.startsWith(Point))
+        return;
+    edit->setCursorPosition(caretBefore(decimals()) + 1);
+    m_fraction = true;
+}
+
+/// Types a character that has a place in a number; any other is dropped here, for the validator
+/// would take a number without a point for hundredths after it.
+void SpinBox::typeIntoNumber(QKeyEvent* event)
+{
+    QLineEdit* edit = lineEdit();
+    const QChar typed = event->text().at(0);
+    if (typed == Point) {
+        typePoint();
+        return;
+    }
+    const bool inFraction = std::exchange(m_fraction, false);
+    const int caret = edit->hasSelectedText() ? edit->selectionStart() : edit->cursorPosition();
+    if (!isDigit(typed) && (typed != QLatin1Char('-') || caret != numberStart()))
+        return;
+    if (inFraction && isDigit(typed) && !edit->hasSelectedText() && caret < numberEnd() &&
+        number(numberStart(), caret).contains(Point)) {
+        edit->setSelection(caret, 1);
+        m_fraction = true;
+    }
+    keepCaret([this, event] { QDoubleSpinBox::keyPressEvent(event); });
 }
 
 void SpinBox::keyPressEvent(QKeyEvent* event)
 {
     QLineEdit* edit = lineEdit();
-    const bool typed = isTyped(event);
-    const bool forward = event->key() == Qt::Key_Delete;
-    const bool cuts = forward && event->modifiers() & Qt::ShiftModifier;
-    const bool deletes = (forward && !cuts) || event->key() == Qt::Key_Backspace;
     const bool special = !specialValueText().isEmpty() && edit->text() == specialValueText();
-    if (isReadOnly() || special || !(typed || deletes)) {
+    const bool cuts = event->modifiers() & Qt::ShiftModifier;
+    const bool forward = event->key() == Qt::Key_Delete && !cuts;
+    const bool deletes = forward || event->key() == Qt::Key_Backspace;
+    if (isReadOnly() || special || !qobject_cast<const DoubleValidator*>(edit->validator()) ||
+        !(deletes || isTyped(event))) {
         QDoubleSpinBox::keyPressEvent(event);
         return;
     }
-    if (edit->hasSelectedText()) { // of prefix and suffix nothing is replaced
-        const int from = qBound(numberStart(), edit->selectionStart(), numberEnd());
-        const int to = qBound(numberStart(), edit->selectionEnd(), numberEnd());
-        edit->setSelection(from, to - from);
+    confineToNumber();
+    if (deletes) {
+        m_fraction = false;
+        if (!edit->hasSelectedText())
+            selectToDelete(forward, event->modifiers() & Qt::ControlModifier);
+        if (edit->hasSelectedText())
+            keepCaret([edit] { edit->del(); });
+    } else if (has(NoDots)) {
+        QDoubleSpinBox::keyPressEvent(event);
+    } else {
+        typeIntoNumber(event);
     }
-    if (deletes && !aimDeletion(forward))
-        return;
-    if (deletes && !edit->hasSelectedText() && event->modifiers() & Qt::ControlModifier) {
-        const int caret = edit->cursorPosition(); // a word is the rest of the number
-        const int end = forward ? numberEnd() : numberStart();
-        edit->setSelection(qMin(caret, end), qAbs(end - caret));
-    }
+}
 
-    const QString before = edit->text();
-    const bool selected = edit->hasSelectedText();
-    const int caret = edit->cursorPosition();
-    const int from = selected ? edit->selectionStart() : caret;
-    const int to = selected ? edit->selectionEnd() : caret;
-    const bool startsAnew = typed && from == numberStart() && to == numberEnd();
-    const int digitsRight = digitsRightOf(to) - (forward && !selected ? 1 : 0);
-
-    // A deletion goes no further than the selection, whatever modifier came with it.
-    QKeyEvent plain(event->type(), event->key(), Qt::NoModifier);
-    QDoubleSpinBox::keyPressEvent(deletes ? &plain : event);
-
-    if (!selected && edit->text() == before)
-        edit->setCursorPosition(caret); // a letter was dropped
-    else if (startsAnew && decimals() > 0)
-        edit->setCursorPosition(caretBefore(decimals())); // whole units are typed first
-    else
-        edit->setCursorPosition(caretBefore(digitsRight));
+void SpinBox::focusOutEvent(QFocusEvent* event)
+{
+    const QPointer<SpinBox> self(this);
+    m_fraction = false;
+    QDoubleSpinBox::focusOutEvent(event); // shows the value again
+    if (self && m_entry != Entry::Clean)
+        validateShown();
 }
 
 void SpinBox::keyReleaseEvent(QKeyEvent* event)
@@ -478,6 +540,8 @@ void SpinBox::keyReleaseEvent(QKeyEvent* event)
                 lineEdit()->setText(text(maximum()));
             else if (event->key() == Qt::Key_End)
                 lineEdit()->setText(text(minimum()));
+            if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End)
+                lineEdit()->setCursorPosition(numberEnd());
         }
         doValidation();
     } else if (has(ChangedOnEnter) &&

@@ -79,7 +79,8 @@ public Q_SLOTS:
     void externItemMouseReleased();
     /// Rebuilds the suffix for a value in device units.
     void valueHasChanged(double value);
-    /// Emits both forms of valueChanged, rounded by qRound, then takes the value as confirmed.
+    /// Emits both forms of valueChanged, rounded by qRound, then takes the value as confirmed. When
+    /// a receiver sets another value, that one goes out and counts, and the rest is left out.
     void valueToInt(double value);
     /// Confirms the entry: takes typed text, and when the value differs from the last one, emits
     /// valueChanged(double, double), valueChanged(int) with the value cut toward zero, and the
@@ -102,8 +103,10 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     /// Keeps the caret at its digit while the validator moves point and digit groups, and the keys
-    /// inside the number. Typing over the whole number starts with its whole units.
+    /// inside the number. Typing over the whole number starts with its whole units; after a typed
+    /// point the digits of the fraction are replaced, at its end they shift the number again.
     void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     friend class DoubleValidator; // which colours the entry and shows its tool tip
@@ -119,9 +122,15 @@ private:
     void validateShown();
     int numberStart() const;
     int numberEnd() const;
-    int digitsRightOf(int caret) const;
+    QString number(int from, int to) const;
+    bool hasPoint() const;
     int caretBefore(int digitsRight) const;
-    bool aimDeletion(bool forward);
+    void confineToNumber();
+    void selectToDelete(bool forward, bool word);
+    void typePoint();
+    void typeIntoNumber(QKeyEvent* event);
+    template <class Change>
+    void keepCaret(Change change);
     template <class Change>
     void keepSelected(Change change);
     void showEntry(Entry entry);
@@ -139,6 +148,7 @@ private:
     int m_apNumber = -1;
     QPoint m_lastCursorPos;
     Entry m_entry = Entry::Clean;
+    bool m_fraction = false; // the next digit replaces one behind the typed point
     bool m_tipShown = false;
     bool m_sending = false;
     unsigned m_confirmations = 0; // tells an emitter that a reply came inside its emission

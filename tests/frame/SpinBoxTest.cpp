@@ -1,5 +1,6 @@
 #include "SpinBox.h"
 #include "DoubleValidator.h"
+#include "Numbers.h"
 #include "SpinboxCommand.h"
 #include "TestCase.h"
 #include "User.h"
@@ -110,7 +111,8 @@ private Q_SLOTS:
         box.setFlags(confirm);
         Listener listener(&box);
         box.selectAll();
-        User::type(&box, "12");
+        User::type(&box, "123");
+        QTest::keyClick(&box, Qt::Key_Backspace);
         QCOMPARE(colourOf(box), QString("gold"));
         QTest::keyPress(&box, Qt::Key_Return);
         QCOMPARE(listener.take(), QStringList());
@@ -146,6 +148,27 @@ private Q_SLOTS:
                  QStringList({"int -2", "-2.5 was 0"}));
         open.externItemMouseReleased();
         QCOMPARE(openListener.take().last(), QString("int -2"));
+    }
+
+    void receiverMaySetTheValueInItsSignal()
+    {
+        SpinBox box;
+        Listener listener(&box);
+        const auto numbers = [&listener] {
+            return listener.take().filter(QRegularExpression("int|was"));
+        };
+        listener.onWhole = [&box] { box.setValue(toInt(box.value())); }; // the same once more
+        box.setValue(5.0);
+        QCOMPARE(numbers(), QStringList({"int 5", "5 was 0"}));
+        QCOMPARE(box.lastValue(), 5.0);
+        listener.onWhole = [&box] { box.setValue(8); };
+        box.setValue(6.0);
+        QCOMPARE(numbers(), QStringList({"int 6", "int 8", "8 was 5"}));
+        QCOMPARE(box.lastValue(), 8.0);
+        listener.onWhole = nullptr;
+        box.valueToInt(2.5); // of somebody else
+        QCOMPARE(numbers(), QStringList({"int 3", "2.5 was 8"}));
+        QCOMPARE(box.lastValue(), 2.5);
     }
 
     void repliesNeverGoOut()
@@ -187,6 +210,9 @@ private Q_SLOTS:
             const char* start;
             const char* keys;
             const char* end;
+            SpinBox::Options options = confirm;
+            double minimum = -1e6;
+            double maximum = 1e6;
         } rows[] = {
             {"groups", 0, "", "|", "10005", "10,005|"},
             {"point stays", 2, "", "1.23|", "56", "123.56|"},
@@ -213,15 +239,41 @@ private Q_SLOTS:
             {"into nothing, decimals", 2, "", "|", "56", "56|.00"},
             {"negative over real units", 0, " [-0.50 rpm]", "[-10]", "-05", "-5|"},
             {"selection into the suffix", 0, " m2", "1[0 m]", "7", "17|"},
+            {"first digit too small", 2, "", "[50.00]", "15", "15|.00", confirm, 10, 100},
+            {"still too small", 2, " 0.5", "[500.00]", "15", "15|", confirm, 100, 1000},
+            {"too small, negative", 2, "", "[-50.00]", "-15", "-15|.00", confirm, -100, -10},
+            {"too large, taken back", 2, "", "1234|", "<", "123|.00", confirm, 0, 1000},
+            {"letter while too small", 2, "", "1|", "x5", "15|.00", confirm, 10, 100},
+            {"negative, decimals", 2, "", "[1.00]", "-56", "-56|.00"},
+            {"selection over the point", 2, "", "[12.]34", "5", "5|34.00"},
+            {"fraction typed", 2, "", "[1.00]", "12.35", "12.35|"},
+            {"fraction only", 2, "", "[1.00]", ".5", "0.5|0"},
+            {"negative fraction typed", 2, "", "[1.00]", "-0.5", "-.5|0"},
+            {"fraction while too small", 2, "", "[50.00]", "1.55", "1.55|", confirm, 10, 100},
+            {"fraction typed, real units", 2, " [0.50 rpm]", "12|.00", ".3", "12.3|0"},
+            {"fraction taken back", 2, "", "12|.34", ".5<6", "12.6|4"},
+            {"inside the fraction", 2, "", "12.|34", "5", "125|.34"},
+            {"second point", 2, "", "12|.34", "..5.", "12.5|4"},
+            {"point elsewhere", 2, "", "1|2.34", ".5", "15|2.34"},
+            {"point, no decimals", 0, "", "12|", ".3", "123|"},
+            {"minus elsewhere", 2, "", "12.|34", "-", "12.|34"},
+            {"letter over all", 0, "", "[12]", "x", "12|"},
+            {"as typed, decimals", 2, "", "[1.00]", "1234", "1234|", confirm | SpinBox::NoDots},
+            {"as typed, base class", 2, "", "[1.00]", "12.35", "12.35|", SpinBox::NoDots},
+            {"as typed, delete at the end", 2, " m2", "10|", ">", "10|", confirm | SpinBox::NoDots},
         };
         QTest::addColumn<int>("decimals");
         QTest::addColumn<QString>("suffix");
         QTest::addColumn<QString>("start");
         QTest::addColumn<QString>("keys");
         QTest::addColumn<QString>("end");
+        QTest::addColumn<int>("options");
+        QTest::addColumn<double>("minimum");
+        QTest::addColumn<double>("maximum");
         for (const auto& row : rows)
-            QTest::newRow(row.name) << row.decimals << QString(row.suffix) << QString(row.start)
-                                    << QString(row.keys) << QString(row.end);
+            QTest::newRow(row.name)
+                << row.decimals << QString(row.suffix) << QString(row.start) << QString(row.keys)
+                << QString(row.end) << int(row.options) << row.minimum << row.maximum;
     }
     void editing()
     {
@@ -229,9 +281,12 @@ private Q_SLOTS:
         QFETCH(QString, suffix);
         QFETCH(QString, start);
         QFETCH(QString, keys);
-        TextBox box;
-        box.setFlags(confirm);
+        QFETCH(int, options);
+        QFETCH(double, minimum);
+        QFETCH(double, maximum);
+        TextBox box(nullptr, SpinBox::Options(options));
         box.setDecimals(decimals);
+        box.setRange(minimum, maximum);
         box.setSuffix(suffix);
         const int caret = start.indexOf('|');
         const int from = start.indexOf('[');
@@ -286,6 +341,11 @@ private Q_SLOTS:
         QCOMPARE(colourOf(box), QString("gold"));
         makeCrimson();
         box.setValue(7);
+        QCOMPARE(colourOf(box), QString());
+        makeCrimson();
+        QFocusEvent out(QEvent::FocusOut);
+        QCoreApplication::sendEvent(&box, &out); // shows the value again
+        QCOMPARE(box.edit()->text(), QString("7.00"));
         QCOMPARE(colourOf(box), QString());
         makeCrimson();
         box.setUnitParameter(Parameter(), false, 0, 0);
@@ -349,8 +409,11 @@ private Q_SLOTS:
         QTest::keyRelease(&box, Qt::Key_End, Qt::ControlModifier);
         QCOMPARE(box.edit()->text(), QString("-500"));
         box.setFactor(0.0);
+        box.setDecimals(1);
+        box.setSuffix(" m2");
         QTest::keyRelease(&box, Qt::Key_Home, Qt::ControlModifier);
-        QCOMPARE(box.edit()->text(), QString("5,000"));
+        QCOMPARE(box.edit()->text(), QString("5000.0 m2"));
+        QCOMPARE(box.edit()->cursorPosition(), 6);
         QCOMPARE(box.valueReal(), box.value());
     }
 
