@@ -35,6 +35,17 @@ int digitsIn(const QString& text)
     return static_cast<int>(std::count_if(text.begin(), text.end(), isDigit));
 }
 
+/// What a key replaces: the selection, or nothing at the caret.
+struct Replaced {
+    explicit Replaced(const QLineEdit* edit)
+        : from(edit->hasSelectedText() ? edit->selectionStart() : edit->cursorPosition())
+        , to(edit->hasSelectedText() ? edit->selectionEnd() : from)
+    {
+    }
+    int from;
+    int to;
+};
+
 bool isTyped(const QKeyEvent* event)
 {
     return !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) &&
@@ -439,11 +450,9 @@ void SpinBox::selectToDelete(bool forward, bool word)
 template <class Change>
 void SpinBox::keepCaret(Change change)
 {
-    const QLineEdit* edit = lineEdit();
-    const int from = edit->hasSelectedText() ? edit->selectionStart() : edit->cursorPosition();
-    const int to = edit->hasSelectedText() ? edit->selectionEnd() : from;
-    const QString right = number(to, numberEnd());
-    const bool wholeUnits = !(number(numberStart(), from) + right).contains(Point);
+    const Replaced replaced(lineEdit());
+    const QString right = number(replaced.to, numberEnd());
+    const bool wholeUnits = !(number(numberStart(), replaced.from) + right).contains(Point);
     change();
     if (has(NoDots)) // the text stays as typed, and so does the caret
         return;
@@ -455,15 +464,14 @@ void SpinBox::keepCaret(Change change)
 /// those of the fraction. A number without one gets it at its end. Elsewhere a point is dropped.
 void SpinBox::typePoint()
 {
-    QLineEdit* edit = lineEdit();
-    const bool selected = edit->hasSelectedText();
-    const int caret = selected ? edit->selectionStart() : edit->cursorPosition();
-    const QString right = number(selected ? edit->selectionEnd() : caret, numberEnd());
     if (decimals() == 0)
         return;
-    if (right.isEmpty() && !number(numberStart(), caret).contains(Point))
+    QLineEdit* edit = lineEdit();
+    const Replaced replaced(edit);
+    const QString right = number(replaced.to, numberEnd());
+    if (right.isEmpty() && !number(numberStart(), replaced.from).contains(Point))
         edit->insert(Point + QString(decimals(), QLatin1Char('0')));
-    else if (selected || !right.startsWith(Point))
+    else if (edit->hasSelectedText() || !right.startsWith(Point))
         return;
     edit->setCursorPosition(caretBefore(decimals()) + 1);
     m_fraction = true;
@@ -479,11 +487,11 @@ void SpinBox::typeIntoNumber(QKeyEvent* event)
         typePoint();
         return;
     }
-    const bool inFraction = std::exchange(m_fraction, false);
-    const int caret = edit->hasSelectedText() ? edit->selectionStart() : edit->cursorPosition();
+    const int caret = Replaced(edit).from;
+    const bool wasFraction = std::exchange(m_fraction, false);
     if (!isDigit(typed) && (typed != QLatin1Char('-') || caret != numberStart()))
         return;
-    if (inFraction && isDigit(typed) && !edit->hasSelectedText() && caret < numberEnd() &&
+    if (wasFraction && !edit->hasSelectedText() && caret < numberEnd() &&
         number(numberStart(), caret).contains(Point)) {
         edit->setSelection(caret, 1);
         m_fraction = true;
