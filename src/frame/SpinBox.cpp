@@ -454,8 +454,6 @@ void SpinBox::keepCaret(Change change)
     const QString right = number(replaced.to, numberEnd());
     const bool wholeUnits = !(number(numberStart(), replaced.from) + right).contains(Point);
     change();
-    if (has(NoDots)) // the text stays as typed, and so does the caret
-        return;
     const int added = wholeUnits && hasPoint() ? decimals() : 0;
     lineEdit()->setCursorPosition(caretBefore(digitsIn(right) + added));
 }

@@ -169,6 +169,11 @@ private Q_SLOTS:
         box.valueToInt(2.5); // of somebody else
         QCOMPARE(numbers(), QStringList({"int 3", "2.5 was 8"}));
         QCOMPARE(box.lastValue(), 2.5);
+        connect(&box, QOverload<double, double>::of(&SpinBox::valueChanged), &box,
+                [&box] { box.QDoubleSpinBox::setValue(3.0); });
+        box.setValue(4.0);
+        QCOMPARE(numbers(), QStringList({"int 4", "4 was 2.5", "int 3", "3 was 2.5"}));
+        QCOMPARE(box.lastValue(), 3.0);
     }
 
     void repliesNeverGoOut()
@@ -200,7 +205,7 @@ private Q_SLOTS:
     }
 
     /// "|" marks the caret, "[" and "]" a selection; "<" is Backspace, ">" is Delete, "^" before
-    /// one of them is Ctrl.
+    /// one of them is Ctrl; "{" is Left.
     void editing_data()
     {
         const struct {
@@ -252,6 +257,7 @@ private Q_SLOTS:
             {"fraction while too small", 2, "", "[50.00]", "1.55", "1.55|", confirm, 10, 100},
             {"fraction typed, real units", 2, " [0.50 rpm]", "12|.00", ".3", "12.3|0"},
             {"fraction taken back", 2, "", "12|.34", ".5<6", "12.6|4"},
+            {"fraction left again", 2, "", "12|.34", ".{5", "125|.34"},
             {"inside the fraction", 2, "", "12.|34", "5", "125|.34"},
             {"second point", 2, "", "12|.34", "..5.", "12.5|4"},
             {"point elsewhere", 2, "", "1|2.34", ".5", "15|2.34"},
@@ -305,6 +311,8 @@ private Q_SLOTS:
                 modifiers = Qt::ControlModifier;
             else if (key == '<' || key == '>')
                 QTest::keyPress(&box, key == '<' ? Qt::Key_Backspace : Qt::Key_Delete, modifiers);
+            else if (key == '{')
+                QTest::keyPress(&box, Qt::Key_Left);
             else
                 User::type(&box, key);
         }
