@@ -6,6 +6,7 @@
 #include "ConnectionPage.h"
 #include "ConsolePage.h"
 #include "Instruction.h"
+#include "MarkersPage.h"
 #include "MotionPage.h"
 #include "ParametersPage.h"
 #include "PollingPage.h"
@@ -89,7 +90,8 @@ Workbench::~Workbench()
 QStringList Workbench::pageNames()
 {
     return {QStringLiteral("connection"), QStringLiteral("console"), QStringLiteral("motion"),
-            QStringLiteral("parameters"), QStringLiteral("polling"), QStringLiteral("colours")};
+            QStringLiteral("parameters"), QStringLiteral("polling"), QStringLiteral("colours"),
+            QStringLiteral("markers")};
 }
 
 void Workbench::makePages()
@@ -98,7 +100,8 @@ void Workbench::makePages()
     m_console = new ConsolePage;
     m_motion = new MotionPage(m_link.module());
     m_polling = new PollingPage(m_link);
-    m_pages = {m_connection, m_console, m_motion, new ParametersPage, m_polling, new ColoursPage};
+    m_pages = {m_connection, m_console,       m_motion,       new ParametersPage,
+               m_polling,    new ColoursPage, new MarkersPage};
     for (Page* page : qAsConst(m_pages)) {
         m_list->addItem(page->title());
         const int row = m_list->count() - 1;

@@ -2,4 +2,5 @@
 
 Q_LOGGING_CATEGORY(axrInstruments, "axr.instruments")
 Q_LOGGING_CATEGORY(axrLinks, "axr.links")
+Q_LOGGING_CATEGORY(axrRamp, "axr.ramp")
 Q_LOGGING_CATEGORY(axrShell, "axr.shell")
