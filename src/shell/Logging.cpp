@@ -1,5 +1,6 @@
 #include "Logging.h"
 
+Q_LOGGING_CATEGORY(axrGraphs, "axr.graphs")
 Q_LOGGING_CATEGORY(axrInstruments, "axr.instruments")
 Q_LOGGING_CATEGORY(axrLinks, "axr.links")
 Q_LOGGING_CATEGORY(axrRamp, "axr.ramp")

@@ -1,0 +1,46 @@
+#include "CurveColumns_p.h"
+
+#include <cmath>
+
+qint64 CurveColumns::slotOf(qint64 time)
+{
+    return time >= 0 ? time / Milliseconds : -((Milliseconds - 1 - time) / Milliseconds);
+}
+
+void CurveColumns::append(double value, qint64 time)
+{
+    add(value, time);
+    while (!m_columns.isEmpty() && m_columns.front().slot < m_timeOutSlot)
+        m_columns.removeFirst();
+}
+
+void CurveColumns::add(double value, qint64 time)
+{
+    if (std::isnan(value))
+        return;
+    const qint64 slot = slotOf(time);
+    while (!m_columns.isEmpty() && m_columns.back().slot > slot)
+        m_columns.removeLast();
+    if (m_columns.isEmpty() || m_columns.back().slot < slot) {
+        m_columns.append({slot, time, value, value, value, value});
+        return;
+    }
+    Column& column = m_columns.back();
+    column.lowest = qMin(column.lowest, value);
+    column.highest = qMax(column.highest, value);
+    column.last = value;
+}
+
+std::size_t CurveColumns::find(qint64 slot) const
+{
+    std::size_t first = 0;
+    std::size_t behind = m_columns.size();
+    while (first < behind) {
+        const std::size_t middle = (first + behind) / 2;
+        if (m_columns[middle].slot < slot)
+            first = middle + 1;
+        else
+            behind = middle;
+    }
+    return first;
+}

@@ -1,0 +1,50 @@
+#ifndef CURVECOLUMNS_P_H
+#define CURVECOLUMNS_P_H
+
+#include "Ring_p.h"
+
+#include <QtGlobal>
+
+#include <limits>
+
+/// What of a curve can be seen, kept as the samples arrive: those of one pixel column, 10 ms of the
+/// clock, are folded into a stroke. A frame then costs what its columns cost, however many samples
+/// there were, and while time passes the strokes only move to the left.
+///
+/// The columns rise in time. When the clock was set back, those that lie in the future go, since no
+/// frame will show them before they are out of date.
+class CurveColumns
+{
+public:
+    static constexpr int Milliseconds = 10;
+
+    struct Column {
+        qint64 slot; ///< time / 10
+        qint64 time; ///< of the first sample, ms
+        double first;
+        double lowest;
+        double highest;
+        double last;
+    };
+
+    static qint64 slotOf(qint64 time);
+
+    /// Columns of which no sample is as young as `time` are dropped when the next one arrives.
+    void setTimeOutTime(qint64 time) { m_timeOutSlot = slotOf(time); }
+    /// "Not a number" is passed over.
+    void add(double value, qint64 time);
+    /// The same for a sample that just arrived: what is timed out goes.
+    void append(double value, qint64 time);
+    void clear() { m_columns.clear(); }
+
+    std::size_t size() const { return m_columns.size(); }
+    const Column& operator[](std::size_t index) const { return m_columns[index]; }
+    /// Index of the first column at or behind this slot.
+    std::size_t find(qint64 slot) const;
+
+private:
+    Ring<Column> m_columns;
+    qint64 m_timeOutSlot = std::numeric_limits<qint64>::min();
+};
+
+#endif

@@ -1,0 +1,82 @@
+#ifndef GRAPHITEM_H
+#define GRAPHITEM_H
+
+#include "AXRGuiExport.h"
+#include "Graph.h"
+#include "MotorController.h"
+
+#include <QGraphicsItem>
+#include <QPen>
+
+#include <memory>
+
+class CurveDrawing;
+
+/// Draws one curve: 10 ms of the clock for a pixel, the time of setActualTime() at the right edge,
+/// the value range over the item's height. What lies outside the range is drawn outside the item.
+///
+/// Samples of one pixel column are drawn as one stroke from the least to the greatest. A sample
+/// stands in the column of its 10 ms of the clock, which is the one of its exact age or the next
+/// one; so the curve moves to the left as a whole.
+class AXRGUI_EXPORT GraphItem : public QGraphicsItem, public MotorController
+{
+public:
+    GraphItem();
+    ~GraphItem() override;
+
+    QRectF boundingRect() const override;
+    void paint(QPainter* painter, const QStyleOptionGraphicsItem* option,
+               QWidget* widget = nullptr) override;
+
+    /// In pixels, default 10 x 10.
+    void setSize(double width, double height);
+    /// Time at the right edge, ms since the epoch. Younger samples are not shown.
+    void setActualTime(qint64 actualTime) { m_actualTime = actualTime; }
+    /// Value at the bottom edge, default -50, and at the top edge, default 150. Painting moves
+    /// equal ones apart, by 1 to each side.
+    void setMinValue(int minValue) { m_minValue = minValue; }
+    void setMaxValue(int maxValue) { m_maxValue = maxValue; }
+    /// Samples older than this (ms since the epoch, default the time of construction) are dropped
+    /// when the next one arrives. There is no other limit.
+    void setTimeOutTime(const qint64& timeOutTime);
+
+    char getCommand() const { return m_command; }
+    void setCommand(char command) { m_command = command; }
+    char getType() const { return m_type; }
+    void setType(char type) { m_type = type; }
+
+    /// A big dot for each 20 pixels of the way (the default), else a small one for each sample.
+    void setUseBoldDataPoints(bool use) { m_useBoldDataPoints = use; }
+    /// Lines between the samples; off by default.
+    void setUseConnectedDataPoints(bool use) { m_useConnectedDataPoints = use; }
+
+    /// Replaces all samples.
+    void setValues(QColor color, QList<TValue> values);
+    /// A sample of now.
+    void addValue(double value);
+    /// A sample of `time`, in ms since the epoch. When the clock was set back, what is younger is
+    /// drawn no more.
+    void addValue(double value, qint64 time);
+
+private:
+    Q_DISABLE_COPY(GraphItem)
+    friend class ValueOverTimeGraph;
+
+    /// Takes over what the graph has stored, and what it gets from now on.
+    void show(Graph* graph);
+
+    char m_command = 0;
+    char m_type = 0;
+    double m_width = 10.0;
+    double m_height = 10.0;
+    qint64 m_actualTime = 0;
+    int m_minValue = -50;
+    int m_maxValue = 150;
+    QPen m_pen; // its colour is the curve's
+    std::shared_ptr<CurveColumns> m_columns;
+    bool m_useConnectedDataPoints = false;
+    bool m_useBoldDataPoints = true;
+    std::unique_ptr<CurveDrawing> m_drawing;
+};
+
+#endif

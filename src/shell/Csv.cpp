@@ -1,0 +1,61 @@
+#include "Csv_p.h"
+
+#include <QFile>
+
+namespace
+{
+
+/// Takes back what was written of a line that did not fit.
+bool writeWhole(QFile* file, const QByteArray& line)
+{
+    const qint64 before = file->pos();
+    if (file->write(line) == line.size())
+        return true;
+    file->resize(before);
+    return false;
+}
+
+} // namespace
+
+void CsvLine::separate()
+{
+    if (!m_isEmpty)
+        m_bytes += ';';
+    m_isEmpty = false;
+}
+
+CsvLine& CsvLine::add(const QString& text)
+{
+    separate();
+    m_bytes += text.toUtf8();
+    return *this;
+}
+
+CsvLine& CsvLine::add(qint64 number)
+{
+    separate();
+    m_bytes += QByteArray::number(number);
+    return *this;
+}
+
+CsvLine& CsvLine::skip(int fields)
+{
+    for (int i = 0; i < fields; ++i)
+        separate();
+    return *this;
+}
+
+bool CsvLog::start(const CsvLine& header) const
+{
+    QFile file(m_fileName);
+    return file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered) &&
+           writeWhole(&file, header.bytes());
+}
+
+bool CsvLog::append(const CsvLine& line) const
+{
+    QFile file(m_fileName);
+    if (!file.open(QIODevice::ReadWrite | QIODevice::Text | QIODevice::Unbuffered))
+        return false;
+    return (file.isSequential() || file.seek(file.size())) && writeWhole(&file, line.bytes());
+}

@@ -1,0 +1,42 @@
+#ifndef CSV_P_H
+#define CSV_P_H
+
+#include <QByteArray>
+#include <QString>
+
+/// One line of a text file whose fields are separated by ";". Numbers do not follow the locale, and
+/// text is UTF-8.
+class CsvLine
+{
+public:
+    CsvLine& add(const QString& text);
+    CsvLine& add(qint64 number);
+    /// Empty fields.
+    CsvLine& skip(int fields);
+
+    /// With the line's end.
+    QByteArray bytes() const { return m_bytes + '\n'; }
+
+private:
+    void separate();
+
+    QByteArray m_bytes;
+    bool m_isEmpty = true; // no field yet
+};
+
+/// A text file that grows line by line, closed in between, so that others can read it. A line goes
+/// out in one piece: whatever happens to the program, it is in the file whole or not at all.
+class CsvLog
+{
+public:
+    explicit CsvLog(QString fileName) : m_fileName(std::move(fileName)) {}
+
+    /// Makes the file anew with its first line.
+    bool start(const CsvLine& header) const;
+    bool append(const CsvLine& line) const;
+
+private:
+    QString m_fileName;
+};
+
+#endif
