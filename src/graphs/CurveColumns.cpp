@@ -1,6 +1,7 @@
 #include "CurveColumns_p.h"
 
 #include <cmath>
+#include <utility>
 
 qint64 CurveColumns::slotOf(qint64 time)
 {
@@ -22,14 +23,26 @@ void CurveColumns::add(double value, qint64 time)
     while (!m_columns.isEmpty() && m_columns.back().slot > slot)
         m_columns.removeLast();
     if (m_columns.isEmpty() || m_columns.back().slot < slot) {
+        // a line from the column before leads to this one
+        m_change = qMin(m_change, m_columns.isEmpty() ? slot : m_columns.back().slot);
         m_columns.append({slot, time, value, value, value, value});
         return;
     }
+    m_change = qMin(m_change, slot);
     Column& column = m_columns.back();
     column.lowest = qMin(column.lowest, value);
     column.highest = qMax(column.highest, value);
     column.last = value;
 }
+
+void CurveColumns::clear()
+{
+    if (!m_columns.isEmpty())
+        m_change = qMin(m_change, m_columns.front().slot);
+    m_columns.clear();
+}
+
+qint64 CurveColumns::takeChange() { return std::exchange(m_change, Nothing); }
 
 std::size_t CurveColumns::find(qint64 slot) const
 {
@@ -43,4 +56,10 @@ std::size_t CurveColumns::find(qint64 slot) const
             behind = middle;
     }
     return first;
+}
+
+std::size_t CurveColumns::findAfter(qint64 time) const
+{
+    const std::size_t index = find(slotOf(time));
+    return index < m_columns.size() && m_columns[index].time <= time ? index + 1 : index;
 }

@@ -35,15 +35,24 @@ public:
     void add(double value, qint64 time);
     /// The same for a sample that just arrived: what is timed out goes.
     void append(double value, qint64 time);
-    void clear() { m_columns.clear(); }
+    void clear();
 
     std::size_t size() const { return m_columns.size(); }
     const Column& operator[](std::size_t index) const { return m_columns[index]; }
     /// Index of the first column at or behind this slot.
     std::size_t find(qint64 slot) const;
 
+    /// Index of the first column that began after this time.
+    std::size_t findAfter(qint64 time) const;
+
+    static constexpr qint64 Nothing = std::numeric_limits<qint64>::max();
+    /// The first slot at which the curve looks different since the last call, or Nothing. What was
+    /// only dropped at the front does not count.
+    qint64 takeChange();
+
 private:
     Ring<Column> m_columns;
+    qint64 m_change = Nothing;
     qint64 m_timeOutSlot = std::numeric_limits<qint64>::min();
 };
 

@@ -14,6 +14,12 @@ namespace
 constexpr double BoldDistance = 20.0; // px of way from dot to dot
 constexpr int Margin = 2;             // px from a dot's picture to the circle
 
+/// The leftmost pixels start no line.
+bool startsLine(const CurveColumns::Column& column, const CurveGeometry& geometry)
+{
+    return geometry.exactX(column.time) > 1.0;
+}
+
 } // namespace
 
 int CurveGeometry::timeSpan() const { return toInt(CurveColumns::Milliseconds * width); }
@@ -23,10 +29,7 @@ double CurveGeometry::exactX(qint64 time) const
     return width - static_cast<double>(actualTime - time) * width / timeSpan();
 }
 
-int CurveGeometry::x(qint64 slot) const
-{
-    return toInt(width - static_cast<double>(CurveColumns::slotOf(actualTime) - slot));
-}
+qint64 CurveGeometry::origin() const { return CurveColumns::slotOf(actualTime) - toInt(width); }
 
 int CurveGeometry::y(double value) const
 {
@@ -36,60 +39,98 @@ int CurveGeometry::y(double value) const
     return toInt(qBound(-Far, (maxValue - value) * height / range, Far));
 }
 
-void CurveStrokes::build(const CurveColumns& columns, const CurveGeometry& geometry, bool withLines,
-                         Dots dots, const QTransform& scene)
+const std::vector<QLineF>& CurveStrokes::lines(const CurveColumns& columns,
+                                               const CurveGeometry& geometry, qint64 from,
+                                               qint64 to, qint64 origin)
 {
     m_lines.clear();
+    // the line that leads into the range begins one column before
+    const std::size_t start = columns.find(geometry.origin());
+    std::size_t i = columns.find(from);
+    i = i > start ? i - 1 : start;
+    bool connects = false;
+    QPointF previous;
+    for (; i < columns.size(); ++i) {
+        const CurveColumns::Column& column = columns[i];
+        if (column.time > geometry.actualTime)
+            break;
+        const auto x = static_cast<qreal>(column.slot - origin);
+        if (connects)
+            m_lines.emplace_back(previous, QPointF(x, geometry.y(column.first)));
+        if (column.slot > to)
+            break;
+        connects = startsLine(column, geometry);
+        if (connects && column.lowest < column.highest)
+            m_lines.emplace_back(x, geometry.y(column.highest), x, geometry.y(column.lowest));
+        previous = QPointF(x, geometry.y(column.last));
+    }
+    return m_lines;
+}
+
+void CurveStrokes::drawLines(QPainter* painter, const CurveColumns& columns,
+                             const CurveGeometry& geometry)
+{
+    const qint64 origin = geometry.origin();
+    lines(columns, geometry, origin, CurveColumns::slotOf(geometry.actualTime), origin);
+    clipToDevice(painter);
+    painter->drawLines(m_lines.data(), static_cast<int>(m_lines.size()));
+}
+
+qint64 CurveStrokes::firstLine(const CurveColumns& columns, const CurveGeometry& geometry)
+{
+    for (std::size_t i = columns.find(geometry.origin()); i < columns.size(); ++i) {
+        if (startsLine(columns[i], geometry))
+            return columns[i].slot;
+    }
+    return CurveColumns::Nothing;
+}
+
+const std::vector<QPoint>& CurveStrokes::dots(const CurveColumns& columns,
+                                              const CurveGeometry& geometry, Dots dots,
+                                              const QTransform& scene)
+{
     m_dots.clear();
+    if (dots == NoDots)
+        return m_dots;
     const bool isShifted = scene.type() <= QTransform::TxTranslate;
     QPoint lastBold(-1, -1);
     const auto mark = [&](const QPoint& point) {
         if (dots == ThinnedDots) {
-            const QLineF way(lastBold, point);
-            if ((isShifted ? way : scene.map(way)).length() <= BoldDistance)
+            QPointF way = point - lastBold;
+            if (!isShifted)
+                way = scene.map(way) - scene.map(QPointF());
+            if (QPointF::dotProduct(way, way) <= BoldDistance * BoldDistance)
                 return;
             lastBold = point;
         }
         m_dots.push_back(point);
     };
-
-    const std::size_t count = columns.size();
-    bool connects = false;
-    QPoint previous;
-    for (std::size_t i = columns.find(CurveColumns::slotOf(geometry.startTime())); i < count; ++i) {
+    const qint64 origin = geometry.origin();
+    for (std::size_t i = columns.find(origin); i < columns.size(); ++i) {
         const CurveColumns::Column& column = columns[i];
         if (column.time > geometry.actualTime)
             break;
-        const int x = geometry.x(column.slot);
+        const auto x = static_cast<int>(column.slot - origin);
         const QPoint first(x, geometry.y(column.first));
-        QPoint lowest = first;
-        QPoint highest = first;
-        QPoint last = first;
-        const bool isStroke = column.lowest < column.highest;
-        if (isStroke) {
-            lowest.setY(geometry.y(column.lowest));
-            highest.setY(geometry.y(column.highest));
-            last.setY(geometry.y(column.last));
-        }
-        if (withLines && connects)
-            m_lines.emplace_back(previous, first);
-        // the leftmost pixels start no line
-        connects = geometry.exactX(column.time) > 1.0;
-        if (withLines && connects && isStroke)
-            m_lines.emplace_back(highest, lowest);
-        previous = last;
-        if (dots == NoDots)
-            continue;
         mark(first);
-        if (isStroke) {
-            if (highest != first)
-                mark(highest);
-            if (lowest != first)
-                mark(lowest);
-            if (last != first && last != highest && last != lowest)
-                mark(last);
-        }
+        if (column.lowest == column.highest)
+            continue;
+        const QPoint highest(x, geometry.y(column.highest));
+        const QPoint lowest(x, geometry.y(column.lowest));
+        const QPoint last(x, geometry.y(column.last));
+        if (highest != first)
+            mark(highest);
+        if (lowest != first)
+            mark(lowest);
+        if (last != first && last != highest && last != lowest)
+            mark(last);
     }
+    return m_dots;
+}
+
+void clipToDevice(QPainter* painter)
+{
+    painter->setClipRect(painter->worldTransform().inverted().mapRect(QRectF(painter->viewport())));
 }
 
 void DotPicture::draw(QPainter* painter, const std::vector<QPoint>& points, int diameter)

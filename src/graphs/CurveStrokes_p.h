@@ -21,35 +21,46 @@ struct CurveGeometry {
     int minValue;      ///< at the bottom
     int maxValue;      ///< at the top; differs from the bottom
 
+    bool isEmpty() const { return timeSpan() <= 0 || height <= 0; }
     /// Milliseconds from the left to the right edge.
     int timeSpan() const;
-    qint64 startTime() const { return actualTime - timeSpan(); }
     /// Where a sample of this time stands, in pixels with a fraction.
     double exactX(qint64 time) const;
-    /// The pixel column of a slot of CurveColumns.
-    int x(qint64 slot) const;
+    /// The slot of CurveColumns whose pixel column is 0.
+    qint64 origin() const;
     int y(double value) const;
 };
 
-/// What a curve draws in one frame: lines and dots, in item coordinates. Made anew for each frame
-/// in the same memory.
+/// What a curve draws, made anew for each frame in the same memory.
 class CurveStrokes
 {
 public:
     enum Dots { NoDots, ThinnedDots, AllDots };
 
-    /// \param scene the item's transformation to its scene, in which the way between dots is long
-    void build(const CurveColumns& columns, const CurveGeometry& geometry, bool withLines,
-               Dots dots, const QTransform& scene);
+    /// The curve's lines as far as they are between two slots, and perhaps a little beyond.
+    /// \param origin the slot at x = 0
+    const std::vector<QLineF>& lines(const CurveColumns& columns, const CurveGeometry& geometry,
+                                     qint64 from, qint64 to, qint64 origin);
 
-    const std::vector<QLineF>& lines() const { return m_lines; }
-    /// The points to be marked.
-    const std::vector<QPoint>& dots() const { return m_dots; }
+    /// All lines, in the item's coordinates and the painter's pen.
+    void drawLines(QPainter* painter, const CurveColumns& columns, const CurveGeometry& geometry);
+
+    /// The points to be marked, in the item's coordinates.
+    /// \param scene the item's transformation to its scene, in which the way between dots is long
+    const std::vector<QPoint>& dots(const CurveColumns& columns, const CurveGeometry& geometry,
+                                    Dots dots, const QTransform& scene);
+
+    /// The first slot from which a line starts; behind the end when there is none.
+    static qint64 firstLine(const CurveColumns& columns, const CurveGeometry& geometry);
 
 private:
     std::vector<QLineF> m_lines;
     std::vector<QPoint> m_dots;
 };
+
+/// Clips to the whole area that is painted on: with a clip the engine draws antialiased lines many
+/// times faster.
+void clipToDevice(QPainter* painter);
 
 /// The picture of a circle's outline, drawn once for a colour, a size and a place between the
 /// pixels.
@@ -66,14 +77,6 @@ private:
     QColor m_color;
     int m_diameter = 0;
     QPointF m_shift; // 0..1 pixel to the right and down
-};
-
-/// What an item keeps from frame to frame, so that a frame allocates nothing.
-class CurveDrawing
-{
-public:
-    CurveStrokes strokes;
-    DotPicture dot;
 };
 
 #endif

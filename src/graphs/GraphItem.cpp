@@ -15,6 +15,14 @@ constexpr int SmallDot = 2;
 
 } // namespace
 
+/// What an item keeps from frame to frame, so that a frame allocates nothing.
+class CurveDrawing
+{
+public:
+    CurveStrokes strokes;
+    DotPicture dot;
+};
+
 GraphItem::GraphItem()
     : m_columns(std::make_shared<CurveColumns>()), m_drawing(std::make_unique<CurveDrawing>())
 {
@@ -28,23 +36,31 @@ QRectF GraphItem::boundingRect() const { return {0, 0, m_width, m_height}; }
 
 void GraphItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
 {
-    if (m_minValue == m_maxValue) {
-        // at the ends of int the other side alone gives way
-        m_maxValue = toInt(qint64(m_maxValue) + 1);
-        m_minValue = toInt(qint64(m_minValue) - 1);
-    }
-    const CurveGeometry geometry{m_width, m_height, m_actualTime, m_minValue, m_maxValue};
-    if (geometry.timeSpan() <= 0 || m_height <= 0)
+    separateRange();
+    const CurveGeometry area = geometry();
+    if (area.isEmpty())
         return;
-    CurveStrokes& strokes = m_drawing->strokes;
-    strokes.build(*m_columns, geometry, m_useConnectedDataPoints,
-                  m_useBoldDataPoints ? CurveStrokes::ThinnedDots : CurveStrokes::AllDots,
-                  sceneTransform());
     painter->setPen(m_pen);
-    // with a clip the engine draws antialiased lines many times faster
-    painter->setClipRect(painter->worldTransform().inverted().mapRect(QRectF(painter->viewport())));
-    painter->drawLines(strokes.lines().data(), static_cast<int>(strokes.lines().size()));
-    m_drawing->dot.draw(painter, strokes.dots(), m_useBoldDataPoints ? BoldDot : SmallDot);
+    if (m_useConnectedDataPoints && !m_hasLayer)
+        m_drawing->strokes.drawLines(painter, *m_columns, area);
+    CurveStrokes::Dots dots = CurveStrokes::NoDots;
+    if (m_dataPointsEnabled)
+        dots = m_useBoldDataPoints ? CurveStrokes::ThinnedDots : CurveStrokes::AllDots;
+    m_drawing->dot.draw(painter, m_drawing->strokes.dots(*m_columns, area, dots, sceneTransform()),
+                        m_useBoldDataPoints ? BoldDot : SmallDot);
+}
+
+CurveGeometry GraphItem::geometry() const
+{
+    return {m_width, m_height, m_actualTime, m_minValue, m_maxValue};
+}
+
+void GraphItem::separateRange()
+{
+    if (m_minValue != m_maxValue)
+        return;
+    m_maxValue = toInt(qint64(m_maxValue) + 1); // at the ends of int only the other side gives way
+    m_minValue = toInt(qint64(m_minValue) - 1);
 }
 
 void GraphItem::setSize(double width, double height)

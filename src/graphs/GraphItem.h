@@ -11,6 +11,7 @@
 #include <memory>
 
 class CurveDrawing;
+struct CurveGeometry;
 
 /// Draws one curve: 10 ms of the clock for a pixel, the time of setActualTime() at the right edge,
 /// the value range over the item's height. What lies outside the range is drawn outside the item.
@@ -47,6 +48,8 @@ public:
 
     /// A big dot for each 20 pixels of the way (the default), else a small one for each sample.
     void setUseBoldDataPoints(bool use) { m_useBoldDataPoints = use; }
+    /// Whether there are dots at all; on by default.
+    void setDataPointsEnabled(bool enabled) { m_dataPointsEnabled = enabled; }
     /// Lines between the samples; off by default.
     void setUseConnectedDataPoints(bool use) { m_useConnectedDataPoints = use; }
 
@@ -60,7 +63,11 @@ public:
 
 private:
     Q_DISABLE_COPY(GraphItem)
+    friend class CurveLayer;
     friend class ValueOverTimeGraph;
+
+    CurveGeometry geometry() const;
+    void separateRange();
 
     /// Takes over what the graph has stored, and what it gets from now on.
     void show(Graph* graph);
@@ -76,6 +83,8 @@ private:
     std::shared_ptr<CurveColumns> m_columns;
     bool m_useConnectedDataPoints = false;
     bool m_useBoldDataPoints = true;
+    bool m_dataPointsEnabled = true;
+    bool m_hasLayer = false; // which draws the lines
     std::unique_ptr<CurveDrawing> m_drawing;
 };
 

@@ -5,6 +5,7 @@
 #include "Bytes.h"
 #include "Command.h"
 #include "Csv_p.h"
+#include "CurveLayer_p.h"
 #include "Graph.h"
 #include "GraphCaptionItem.h"
 #include "GraphController.h"
@@ -37,6 +38,7 @@ constexpr double MillisecondsPerPixel = 10; // of the time axis
 constexpr int Lifetime = 5;                 // of a sample, in spans of the plot
 
 constexpr double AxisDepth = -123.0;
+constexpr double LayerDepth = -0.5;
 constexpr double CaptionDepth = 100.0;
 constexpr double MinMarkerDepth = 123.3;
 constexpr double MaxMarkerDepth = 123.7;
@@ -84,6 +86,8 @@ ValueOverTimeGraph::ValueOverTimeGraph(QWidget* parent)
 {
     m_ui->setupUi(this);
     m_ui->graphicsView->viewport()->setStyleSheet(QStringLiteral("background: white"));
+    // The view's cached background covers all of it; filling it before would double the cost.
+    m_ui->graphicsView->viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     // The items change their size and place with each frame; an index would only cost.
     m_scene->setItemIndexMethod(QGraphicsScene::NoIndex);
     m_ui->graphicsView->setScene(m_scene);
@@ -207,6 +211,9 @@ void ValueOverTimeGraph::initializeScene()
     m_scene->addItem(m_captionItem);
     m_captionItem->setZValue(CaptionDepth);
 
+    auto* layer = new CurveLayer;
+    layer->setZValue(LayerDepth);
+    m_scene->addItem(layer);
     for (Graph* graph : qAsConst(m_graphs)) {
         auto* item = new GraphItem;
         item->setAddress(graph->getAddress());
@@ -219,6 +226,7 @@ void ValueOverTimeGraph::initializeScene()
         item->setZValue(m_graphItems.size() * CurveDepth);
         m_graphItems.append(item);
         m_scene->addItem(item);
+        layer->add(item);
     }
     m_updateTimer->start();
     m_minMarker = addMarker(QStringLiteral("\nMin"), MinMarkerDepth);
@@ -291,6 +299,7 @@ void ValueOverTimeGraph::updateScene(qint64 now)
         item->setSize(qMax(0.0, plotWidth), m_yAreaMax - m_yAreaMin);
         item->setUseBoldDataPoints(m_useBoldDataPoints);
         item->setUseConnectedDataPoints(m_useConnectedDataPoints);
+        item->setDataPointsEnabled(m_dataPointsEnabled);
     }
     setTimeOut(m_actualTime - Lifetime * qint64(m_visibleSpan));
 }

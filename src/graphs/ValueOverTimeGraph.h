@@ -58,6 +58,9 @@ public:
     void setYAxisCaption(const QString& caption) { m_yAxisCaption = caption; }
     /// A red frame about the scene from its next building on; off by default.
     void setDrawBoundingEnabled(bool enabled) { m_drawBoundingEnabled = enabled; }
+    /// Whether the curves have dots, as the context menu says which; on by default. Lines alone are
+    /// clearer, and cheaper, where there are many samples.
+    void setDataPointsEnabled(bool enabled) { m_dataPointsEnabled = enabled; }
     /// Whether the context menu offers "Select items ..."; off by default.
     void setChartSelectorEnabled(bool enabled) { m_chartSelectorEnabled = enabled; }
     /// The panel's settings are loaded from this key, and the selection is stored under it. Empty,
@@ -129,6 +132,7 @@ private:
     void setTimeOut(qint64 time);
     QString askFileName();
 
+    std::function<qint64()> m_clock; // none: the system's
     std::unique_ptr<Ui::ValueOverTimeGraph> m_ui;
     QGraphicsScene* m_scene;
     XTimeAxisItem* m_timeAxis = nullptr;
@@ -153,6 +157,7 @@ private:
     QString m_appSettingKey;
     bool m_useConnectedDataPoints = true;
     bool m_useBoldDataPoints = true;
+    bool m_dataPointsEnabled = true;
     bool m_showMinMaxMarker = true;
     std::unique_ptr<CsvLog> m_log; // none while nothing is logged
     qint64 m_logStartTime = 0;
@@ -161,7 +166,6 @@ private:
     int m_visibleSpan = 0; // ms
     bool m_inFrame = false;
     qint64 m_frameTime = 0;
-    std::function<qint64()> m_clock;
 };
 
 #endif

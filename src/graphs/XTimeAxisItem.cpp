@@ -1,6 +1,7 @@
 #include "XTimeAxisItem.h"
 
 #include "BasicTools.h"
+#include "CurveStrokes_p.h"
 #include "Numbers.h"
 #include "TimeAxisGeometry_p.h"
 
@@ -91,8 +92,7 @@ void XTimeAxisItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QW
                                     fontHeight);
     m_labels->setFont(painter->font());
     painter->setPen(m_pen);
-    // with a clip the engine draws antialiased lines many times faster
-    painter->setClipRect(painter->worldTransform().inverted().mapRect(QRectF(painter->viewport())));
+    clipToDevice(painter);
     const int widest = drawValueAxis(painter, geometry);
     m_areaTop = geometry.topmost().y;
     m_areaBottom = geometry.bottommost().y;
