@@ -18,9 +18,11 @@ constexpr double TopVelocity = 400;   // rpm; a round number, so that the value 
 constexpr double Acceleration = 1000; // rpm/s
 constexpr double Turns = 480;         // rpm x s
 constexpr int Samples = 200;
-constexpr double PlotWidth = 2.2; // of 350 px
+constexpr double PlotWidth = 1.8; // of 350 px
 constexpr double Zoom = 1.25;
-constexpr int CaptionRoom = 70; // px above and beside the plot, for the markers' captions
+constexpr int CaptionRoom = 50; // px above and beside the plot, for the markers' captions
+constexpr int BelowTheBorder = -2;
+constexpr QPointF BadgeOffset(12, 30);
 
 } // namespace
 
@@ -47,7 +49,7 @@ MarkersPage::MarkersPage()
     auto* view = new QGraphicsView(&m_scene);
     view->setObjectName(QStringLiteral("gvMarkers"));
     view->setRenderHint(QPainter::Antialiasing);
-    view->setSceneRect(m_scene.sceneRect().adjusted(0, -CaptionRoom, 0, 0));
+    view->setSceneRect(m_shown.adjusted(0, -CaptionRoom, CaptionRoom, 0));
     view->scale(Zoom, Zoom);
     auto* shown = new QFormLayout;
     shown->addRow(tr("Time:"), m_timeText);
@@ -75,22 +77,25 @@ void MarkersPage::plotRamp()
     const double duration = m_ramp.duration();
     for (int i = 0; i <= Samples; ++i)
         m_data->add(m_ramp.at(i * duration / Samples).velocity);
-    m_data->setCaption(tr("Velocity ramp"), tr("Velocity [rpm]"),
-                       tr("%1 ms").arg(qRound(duration * 1000)), QString());
-    m_data->fillGraph(0, QPen(QColor(QStringLiteral("royalblue")), 2));
+    m_data->setCaption(QString(), tr("Velocity [rpm]"), tr("%1 ms").arg(qRound(duration * 1000)),
+                       QString());
+    m_shown.setSize(m_data->fillGraph(0, QPen(QColor(QStringLiteral("royalblue")), 2)));
+    m_shown.moveCenter(m_scene.sceneRect().center());
     m_data->setNorm(QSizeF(duration * 1000, TopVelocity));
     m_plot = m_scene.addRect(QRectF(QPointF(), m_data->getGrid()), QPen(Qt::NoPen));
+    m_scene.setBackgroundBrush(QColor(QStringLiteral("whitesmoke"))); // as the plot's border
+    m_scene.addRect(m_plot->rect(), QPen(Qt::NoPen), Qt::white)->setZValue(BelowTheBorder);
 }
 
 void MarkersPage::addMarkers()
 {
-    const QColor timeColor(QStringLiteral("seagreen"));
-    const QColor velocityColor(QStringLiteral("darkorange"));
-    m_time = onPlot(m_data->addVerticalMarker(800, tr("Time"), timeColor, false, true),
-                    QStringLiteral("timeMarker"));
-    m_velocity =
-        onPlot(m_data->addHorizontalMarker(250, tr("Velocity\n"), velocityColor, false, true),
-               QStringLiteral("velocityMarker"));
+    const auto pen = [](const QString& color) { return QPen(QColor(color), 2); };
+    m_time = onPlot(
+        m_data->addVerticalMarker(800, tr("Time"), pen(QStringLiteral("seagreen")), false, true),
+        QStringLiteral("timeMarker"));
+    m_velocity = onPlot(m_data->addHorizontalMarker(250, tr("Velocity\n"),
+                                                    pen(QStringLiteral("darkorange")), false, true),
+                        QStringLiteral("velocityMarker"));
 }
 
 MarkerItem* MarkersPage::onPlot(MarkerItem* marker, const QString& name)
@@ -117,7 +122,10 @@ void MarkersPage::addNote(double time, const QString& letter, const QString& nam
     m_scene.addItem(note);
     auto* badge = new NoteTextItem(letter);
     badge->setBrush(QColor(QStringLiteral("crimson")));
-    badge->setPos(place + QPointF(12, 30));
+    const double width = badge->boundingRect().width();
+    const bool isLate = time > m_ramp.duration() / 2; // then to the left, within the ramp
+    badge->setPos(place +
+                  (isLate ? QPointF(-BadgeOffset.x() - width, BadgeOffset.y()) : BadgeOffset));
     m_scene.addItem(badge);
 }
 

@@ -35,6 +35,7 @@ private:
     RampProfile m_ramp;
     QGraphicsScene m_scene;
     FunctionData* m_data;
+    QRectF m_shown;
     QGraphicsRectItem* m_plot = nullptr; // what the markers stay within
     MarkerItem* m_time = nullptr;
     MarkerItem* m_velocity = nullptr;

@@ -8,6 +8,7 @@
 #include "CurrentControl.h"
 #include "EthernetConnection.h"
 #include "Instruction.h"
+#include "MarkerItem.h"
 #include "ParameterTable.h"
 #include "ParametersPage.h"
 #include "PositionControl.h"
@@ -26,6 +27,7 @@
 #include <QComboBox>
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QGraphicsView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -68,13 +70,22 @@ void type(QAbstractSpinBox* box, const QString& text)
     press(box, Qt::Key_Return);
 }
 
-void mouse(QWidget* widget, QEvent::Type what)
+void mouse(QWidget* widget, QEvent::Type what, QPoint at)
 {
-    const QPointF at = widget->rect().center();
-    QMouseEvent event(what, at, widget->mapToGlobal(at.toPoint()), Qt::LeftButton,
-                      what == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
+    const bool isMove = what == QEvent::MouseMove;
+    QMouseEvent event(what, at, widget->mapToGlobal(at), isMove ? Qt::NoButton : Qt::LeftButton,
+                      what == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton,
                       Qt::NoModifier);
     QApplication::sendEvent(widget, &event);
+}
+
+void mouse(QWidget* widget, QEvent::Type what) { mouse(widget, what, widget->rect().center()); }
+
+void drag(const QGraphicsView* view, QPointF from, QPointF to)
+{
+    mouse(view->viewport(), QEvent::MouseButtonPress, view->mapFromScene(from));
+    mouse(view->viewport(), QEvent::MouseMove, view->mapFromScene(to));
+    mouse(view->viewport(), QEvent::MouseButtonRelease, view->mapFromScene(to));
 }
 
 void click(QWidget* widget)
@@ -117,6 +128,7 @@ bool Tour::run()
     editParameter();
     pollValues();
     pickColours();
+    moveMarkers();
     surviveSilence();
     disconnect();
 
@@ -506,6 +518,55 @@ void Tour::pickColours()
           QStringLiteral("hue %1").arg(triangle->color().hsvHue()),
           triangle->color().hsvHue() == 201);
     photograph(QStringLiteral("colours"));
+}
+
+void Tour::moveMarkers()
+{
+    m_bench.showPage(QStringLiteral("markers"));
+    QApplication::processEvents();
+    const auto* view = find<QGraphicsView>(QStringLiteral("gvMarkers"));
+    const auto marker = [view](const QString& name) -> QGraphicsItem* {
+        for (QGraphicsItem* item : view->items()) {
+            if (item->type() == MarkerItem::Type && item->toGraphicsObject()->objectName() == name)
+                return item;
+        }
+        qFatal("the plot has no marker %s", qPrintable(name));
+    };
+    const auto shown = [this](const char* label) {
+        return find<QLabel>(QString::fromLatin1(label))->text();
+    };
+    const QGraphicsItem* time = marker(QStringLiteral("timeMarker"));
+    const QGraphicsItem* velocity = marker(QStringLiteral("velocityMarker"));
+    const QRectF plot = time->parentItem()->sceneBoundingRect();
+    // One pixel of the view is about 2 ms. The ramp rises by 1 rpm in a millisecond.
+    drag(view, QPointF(time->x(), plot.bottom() - 20), QPointF(plot.width() / 8, plot.top()));
+    expectNumber(
+        QStringLiteral("drag the time marker to an eighth of the plot: its x"),
+        [&] { return time->x(); }, plot.width() / 8, 1, 0);
+    expectNumber(
+        QStringLiteral("... the time beside it [ms]"),
+        [&] { return shown("lblTime").section(QLatin1Char(' '), 0, 0).toDouble(); }, 200, 3, 0);
+    expectNumber(
+        QStringLiteral("... the velocity there [rpm]"),
+        [&] { return shown("lblTime").section(QLatin1Char(' '), -2, -2).toDouble(); }, 200, 3, 0);
+    drag(view, QPointF(plot.right() - 20, velocity->y()), plot.topLeft() - QPointF(0, 40));
+    expectText(
+        QStringLiteral("drag the velocity marker beyond the top of the plot"),
+        [&] { return shown("lblVelocity"); }, QStringLiteral("400 rpm"), 0);
+    check(QStringLiteral("... it stays at the edge"), QStringLiteral("0, 0"),
+          QStringLiteral("%1, %2").arg(velocity->x()).arg(velocity->y()),
+          velocity->pos() == plot.topLeft());
+    drag(view, QPointF(plot.right() - 20, velocity->y()),
+         QPointF(plot.right() - 20, plot.center().y()));
+    expectNumber(
+        QStringLiteral("drag it to the middle of the plot [rpm]"),
+        [&] { return shown("lblVelocity").section(QLatin1Char(' '), 0, 0).toDouble(); }, 200, 2, 0);
+    photograph(QStringLiteral("markers"));
+    mouse(view->viewport(), QEvent::MouseButtonPress, view->mapFromScene(plot.bottomRight()));
+    mouse(view->viewport(), QEvent::MouseButtonRelease, view->mapFromScene(plot.bottomRight()));
+    expectText(
+        QStringLiteral("click the last note"), [&] { return shown("lblNote"); },
+        QStringLiteral("The target is reached"), 0);
 }
 
 void Tour::surviveSilence()

@@ -36,6 +36,7 @@ private:
     void editParameter();
     void pollValues();
     void pickColours();
+    void moveMarkers();
     void surviveSilence();
     void disconnect();
 
