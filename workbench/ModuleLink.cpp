@@ -1,10 +1,12 @@
 #include "ModuleLink.h"
 
 #include "Instruction.h"
+#include "ParameterTable.h"
 
 #include <QPointer>
 
 #include <algorithm>
+#include <vector>
 
 namespace
 {
@@ -22,6 +24,19 @@ bool isAnswerTo(const Command& reply, const Command& request)
            u8(reply.getMotorBank()) == u8(request.getMotorBank());
 }
 
+/// Whether it may set its axis in motion.
+bool moves(const Command& request)
+{
+    const auto instruction = static_cast<Instruction>(u8(request.getCommand()));
+    if (instruction != Instruction::SAP)
+        return instruction == Instruction::ROR || instruction == Instruction::ROL ||
+               instruction == Instruction::MVP;
+    const quint8 type = u8(request.getType());
+    return type == AxisParameterNumber::TargetPosition ||
+           type == AxisParameterNumber::TargetVelocity ||
+           type == AxisParameterNumber::TargetCurrent;
+}
+
 } // namespace
 
 ModuleLink::ModuleLink(const Weather& weather, QObject* parent)
@@ -32,9 +47,9 @@ ModuleLink::ModuleLink(const Weather& weather, QObject* parent)
 
 void ModuleLink::open(char address)
 {
+    m_address = address;
     if (isOpen())
         return;
-    m_address = address;
     m_timeOuts = 0;
     m_sinceAnswer = 0;
     setState(State::Answering);
@@ -54,7 +69,36 @@ void ModuleLink::command(const Command& request)
         emit gaveUp(request, tr("not connected"));
         return;
     }
-    lane(Lane::Command).push_back({request});
+    if (carries(request.getCommand(), Instruction::MST) &&
+        u8(request.getAddress()) == u8(m_address) &&
+        u8(request.getMotorBank()) < SimulatedModule::Axes)
+        stop(request);
+    else
+        lane(Lane::Command).push_back({request});
+}
+
+void ModuleLink::stop(const Command& request)
+{
+    std::vector<Command> dropped;
+    auto& waiting = lane(Lane::Command);
+    for (auto entry = waiting.begin(); entry != waiting.end();) {
+        if (entry->request.getMotorBank() != request.getMotorBank() || !moves(entry->request)) {
+            ++entry;
+            continue;
+        }
+        dropped.push_back(entry->request);
+        entry = waiting.erase(entry);
+    }
+    lane(Lane::Stop).push_back({request});
+    if (isOnItsWay(Lane::Read)) // will be asked for again
+        m_onItsWay.reset();
+    if (!m_onItsWay)
+        sendNext();
+    const QPointer<ModuleLink> self(this);
+    for (const Command& lost : dropped) {
+        if (self)
+            emit gaveUp(lost, tr("overtaken by the stop"));
+    }
 }
 
 void ModuleLink::read(const Command& request)
@@ -86,6 +130,12 @@ void ModuleLink::stopAll()
 int ModuleLink::pendingReads() const
 {
     return static_cast<int>(lane(Lane::Read).size()) + (isOnItsWay(Lane::Read) ? 1 : 0);
+}
+
+bool ModuleLink::isIdle() const
+{
+    return !m_onItsWay && std::all_of(m_lanes.begin(), m_lanes.end(),
+                                      [](const auto& waiting) { return waiting.empty(); });
 }
 
 void ModuleLink::doDirectRequest(Command* request, Command* reply)

@@ -15,7 +15,9 @@
 ///
 /// Reads are repeated when no answer comes. A command is sent once only, for its lost answer may
 /// mean a lost request as well as an executed one; and one that could not be sent within a second
-/// is dropped, for nobody expects it any more. A stop is repeated until the module acknowledges it.
+/// is dropped, for nobody expects it any more. A stop of an axis, wherever it comes from, is
+/// repeated until the module acknowledges it, and drops the motion commands for this axis that
+/// wait.
 class ModuleLink : public CommandHandlerInterface
 {
     Q_OBJECT
@@ -26,7 +28,7 @@ public:
 
     State state() const { return m_state; }
     bool isOpen() const { return m_state != State::Closed; }
-    /// \param address of the module, to which the stops go
+    /// \param address of the module, to which the stops go; taken over also when it is open
     void open(char address = 1);
     /// Drops everything that waits.
     void close();
@@ -45,6 +47,8 @@ public:
     int pendingReads() const;
     /// Round trips completed since the start.
     int answers() const { return m_answers; }
+    /// Nothing waits or is on its way.
+    bool isIdle() const;
     /// Milliseconds since the module last answered.
     qint64 silentFor() const { return m_sinceAnswer; }
 
@@ -87,6 +91,7 @@ private:
     bool isOnItsWay(Lane lane) const { return m_onItsWay && m_onItsWay->lane == lane; }
 
     void tick();
+    void stop(const Command& request);
     void sendNext();
     void take(const Command& reply);
     void timeOut();

@@ -10,7 +10,9 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QStandardItemModel>
 #include <QTableView>
@@ -90,19 +92,27 @@ ParametersPage::ParametersPage()
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& index) { select(index.row()); });
     connect(m_model, &QStandardItemModel::itemChanged, this, [this](const QStandardItem* item) {
-        if (!m_filling && item->column() == ValueColumn)
-            write(item->row(), item->data(Qt::EditRole).toInt());
+        if (m_filling || item->column() != ValueColumn)
+            return;
+        const int value = item->data(Qt::EditRole).toInt();
+        const std::optional<int>& read = m_read[size_t(item->row())];
+        if (read && *read != value)
+            write(item->row(), value);
     });
     connect(m_value, QOverload<int>::of(&SpinBox::valueChanged), this, [this](int value) {
         if (m_selected >= 0)
             write(m_selected, value);
     });
+    m_value->installEventFilter(this);
+    connect(m_value->findChild<QLineEdit*>(), &QLineEdit::textEdited, this,
+            [this] { m_isEdited = true; });
     m_table->selectRow(0);
 }
 
 void ParametersPage::fill()
 {
     const QScopedValueRollback<bool> filling(m_filling, true);
+    m_read.assign(axisParameters().size(), std::nullopt);
     m_model->setColumnCount(ColumnCount);
     m_model->setRowCount(rowCount());
     m_model->setHorizontalHeaderLabels(
@@ -115,9 +125,7 @@ void ParametersPage::fill()
         m_model->setItem(
             row, NameColumn,
             cell(isWritable(row) ? QStringLiteral("<b>%1</b>").arg(name) : name, Qt::AlignCenter));
-        QStandardItem* value = cell(QString(), Qt::AlignRight | Qt::AlignVCenter);
-        value->setEditable(isWritable(row));
-        m_model->setItem(row, ValueColumn, value);
+        m_model->setItem(row, ValueColumn, cell(QString(), Qt::AlignRight | Qt::AlignVCenter));
         m_model->setItem(
             row, RangeColumn,
             cell(isWritable(row)
@@ -150,13 +158,28 @@ void ParametersPage::select(int row)
     delete m_delegate;
     m_delegate = delegate;
 
-    const int value = m_model->item(row, ValueColumn)->data(Qt::EditRole).toInt();
+    const std::optional<int>& read = m_read[size_t(row)];
+    const int value = read.value_or(qBound(parameter.minimum, 0, parameter.maximum));
+    m_isNew = true;
+    m_isEdited = false;
     m_caption->setText(
         m_value->setUnitParameter(describe(parameter), *parameter.unit == 0, value, 0));
     m_value->setValue(value);
     m_value->valueHasChanged(value);
-    m_value->setEnabled(isWritable(row));
+    m_value->setEnabled(isWritable(row) && read);
     readRow(row);
+}
+
+bool ParametersPage::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_value && event->type() == QEvent::FocusOut)
+        m_isEdited = false;
+    if (watched == m_value && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape)
+            m_isEdited = false;
+    }
+    return Page::eventFilter(watched, event);
 }
 
 void ParametersPage::readRow(int row)
@@ -196,13 +219,18 @@ void ParametersPage::take(const Command& reply)
     for (int row = 0; row < rowCount(); ++row) {
         if (parameterAt(row).number != u8(reply.getType()))
             continue;
+        m_read[size_t(row)] = reply.getValue();
         QStandardItem* item = m_model->item(row, ValueColumn);
+        item->setEditable(isWritable(row));
         // A cell in which the user edits stays, so that leaving it unchanged writes nothing.
         if (!m_table->isPersistentEditorOpen(item->index()))
             item->setData(reply.getValue(), Qt::EditRole);
-        if (row == m_selected && m_value->value() == m_value->lastValue()) {
-            m_value->setValue(reply.getValue()); // an entry that waits for Return stays
+        const bool waitsForReturn = m_isEdited || m_value->value() != m_value->lastValue();
+        if (row == m_selected && (m_isNew || !waitsForReturn)) {
+            m_isNew = false;
+            m_value->setValue(reply.getValue());
             m_value->valueHasChanged(reply.getValue());
+            m_value->setEnabled(isWritable(row));
         }
     }
 }

@@ -3,6 +3,9 @@
 
 #include "Page.h"
 
+#include <optional>
+#include <vector>
+
 class QComboBox;
 class QLabel;
 class QStandardItemModel;
@@ -23,6 +26,9 @@ public:
     void poll() override;
     void take(const Command& reply) override;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     enum Column { NumberColumn, NameColumn, ValueColumn, RangeColumn, UnitColumn, ColumnCount };
 
@@ -39,7 +45,10 @@ private:
     SpinBox* m_value;
     SpinBoxDelegate* m_delegate = nullptr;
     char m_address = 1;
+    std::vector<std::optional<int>> m_read; // what the module said last, by row
     int m_selected = -1;
+    bool m_isNew = false;    // the value below shows nothing that the module said
+    bool m_isEdited = false; // or digits that wait for Return
     int m_nextRead = 0;
     bool m_filling = false;
 };

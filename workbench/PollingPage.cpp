@@ -2,8 +2,8 @@
 
 #include "Command.h"
 #include "Instruction.h"
-#include "ModuleLink.h"
 #include "ParameterTable.h"
+#include "SimulatedModule.h"
 #include "TraceController.h"
 #include "WTraceController.h"
 
@@ -51,9 +51,8 @@ QWidget* framed(QWidget* controller, const QString& title)
 
 } // namespace
 
-PollingPage::PollingPage(const ModuleLink& link)
+PollingPage::PollingPage()
     : Page(QStringLiteral("polling"), tr("Polling"))
-    , m_link(link)
     , m_firstAxis(new WTraceController)
     , m_secondAxis(new TraceController)
     , m_table(new QTableWidget(0, ColumnCount))
@@ -115,9 +114,8 @@ void PollingPage::setAddress(char address)
 
 void PollingPage::request(const TraceCommand* wanted)
 {
-    // Equal reads wait once only. With room for one of each, a slow module is asked for all in
-    // turn; with less, the ticks that find no room might always be those of the same values.
-    if (isVisible() && m_link.pendingReads() <= static_cast<int>(m_values.size()))
+    // Equal reads wait once only: a slow module is asked for all in turn.
+    if (isVisible())
         emit read(Command(wanted->getAddress(), wanted->getCommand(), wanted->getType(),
                           wanted->getMotorBank(), 0));
 }

@@ -6,7 +6,6 @@
 
 #include <vector>
 
-class ModuleLink;
 class QTableWidget;
 class QTableWidgetItem;
 class TraceController;
@@ -19,8 +18,7 @@ class PollingPage : public Page
 {
     Q_OBJECT
 public:
-    /// \param link tells how many reads wait
-    explicit PollingPage(const ModuleLink& link);
+    PollingPage();
 
     void setAddress(char address) override;
     void take(const Command& reply) override;
@@ -39,7 +37,6 @@ private:
 
     void request(const TraceCommand* wanted);
 
-    const ModuleLink& m_link;
     WTraceController* m_firstAxis;
     TraceController* m_secondAxis;
     QTableWidget* m_table;

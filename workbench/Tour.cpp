@@ -7,13 +7,16 @@
 #include "Connection.h"
 #include "CurrentControl.h"
 #include "EthernetConnection.h"
+#include "GraphPage.h"
 #include "Instruction.h"
 #include "MarkerItem.h"
 #include "ParameterTable.h"
 #include "ParametersPage.h"
+#include "PollingPage.h"
 #include "PositionControl.h"
 #include "SerialConnection.h"
 #include "SpinBox.h"
+#include "TourInput.h"
 #include "TraceCommand.h"
 #include "TraceController.h"
 #include "VelocityControl.h"
@@ -39,60 +42,18 @@
 #include <QTimer>
 #include <QWindow>
 
+#include <algorithm>
 #include <cmath>
 
+using namespace TourInput;
 namespace Number = AxisParameterNumber;
 
 namespace
 {
 
-constexpr int Step = 5;     // ms of virtual time between looks
-constexpr int Settle = 400; // ms in which polled values follow
 constexpr double Velocity = 500.0;
 constexpr int PollDelay = 5;     // ms between two ticks
 constexpr int TickWithin = 1000; // ms of real time
-
-void press(QWidget* widget, int key)
-{
-    QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier);
-    QApplication::sendEvent(widget, &down);
-    QKeyEvent up(QEvent::KeyRelease, key, Qt::NoModifier);
-    QApplication::sendEvent(widget, &up);
-}
-
-void type(QAbstractSpinBox* box, const QString& text)
-{
-    box->selectAll();
-    for (QChar c : text) {
-        QKeyEvent down(QEvent::KeyPress, 0, Qt::NoModifier, c);
-        QApplication::sendEvent(box, &down);
-    }
-    press(box, Qt::Key_Return);
-}
-
-void mouse(QWidget* widget, QEvent::Type what, QPoint at)
-{
-    const bool isMove = what == QEvent::MouseMove;
-    QMouseEvent event(what, at, widget->mapToGlobal(at), isMove ? Qt::NoButton : Qt::LeftButton,
-                      what == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton,
-                      Qt::NoModifier);
-    QApplication::sendEvent(widget, &event);
-}
-
-void mouse(QWidget* widget, QEvent::Type what) { mouse(widget, what, widget->rect().center()); }
-
-void drag(const QGraphicsView* view, QPointF from, QPointF to)
-{
-    mouse(view->viewport(), QEvent::MouseButtonPress, view->mapFromScene(from));
-    mouse(view->viewport(), QEvent::MouseMove, view->mapFromScene(to));
-    mouse(view->viewport(), QEvent::MouseButtonRelease, view->mapFromScene(to));
-}
-
-void click(QWidget* widget)
-{
-    mouse(widget, QEvent::MouseButtonPress);
-    mouse(widget, QEvent::MouseButtonRelease);
-}
 
 QString panelName(const char* panel, int axis)
 {
@@ -118,6 +79,7 @@ bool Tour::run()
     }
     m_bench.show();
     connectByEachPanel();
+    click(find<QPushButton>(QStringLiteral("btnStop"), m_bench.findChild<GraphPage*>()));
     setRamp();
     turnAndStop();
     jog();
@@ -127,6 +89,7 @@ bool Tour::run()
     stopByKey();
     editParameter();
     pollValues();
+    watchCurves();
     pickColours();
     moveMarkers();
     surviveSilence();
@@ -413,15 +376,17 @@ void Tour::pollValues()
         return table->item(row, column)->text().toDouble();
     };
     const auto* panel = find<VelocityControl>(panelName("VelocityControl", 0));
-    const QWidget* controllers[] = {m_bench.findChild<WTraceController*>(),
-                                    m_bench.findChild<TraceController*>()};
+    const auto* page = m_bench.findChild<PollingPage*>();
+    const QList<const QWidget*> controllers = {page->findChild<WTraceController*>(),
+                                               page->findChild<TraceController*>()};
 
     m_bench.showPage(QStringLiteral("motion"));
     click(find<QPushButton>(QStringLiteral("btnRight"), panel));
     m_bench.showPage(QStringLiteral("polling"));
     for (const QWidget* controller : controllers)
         click(find<QPushButton>(QStringLiteral("btnStart"), controller));
-    const bool ticked = passTicks(2000 / Step); // the last whole second of them is counted
+    const bool ticked =
+        passTicks(2000 / Step, controllers); // the last whole second of them is counted
     QStringList rates;
     bool steady = ticked;
     for (int row = 0; row < table->rowCount(); ++row) {
@@ -444,7 +409,7 @@ void Tour::pollValues()
     click(find<QPushButton>(QStringLiteral("btnStop"), panel));
     wait(2000, [&] { return std::abs(module.axis(0).velocity()) < 0.01; });
     m_bench.showPage(QStringLiteral("polling"));
-    passTicks(2 * 4);
+    passTicks(2 * 4, controllers);
     for (int axis = 0; axis < SimulatedModule::Axes; ++axis)
         expectNumber(
             QStringLiteral("axis %1 stands, polled: Actual position").arg(axis),
@@ -453,11 +418,14 @@ void Tour::pollValues()
     for (const QWidget* controller : controllers)
         click(find<QPushButton>(QStringLiteral("btnStop"), controller));
     pass(Settle);
-    const int before = m_bench.link().answers();
+    int asked = 0;
+    const QObject recorder;
+    QObject::connect(&m_bench.link(), &ModuleLink::sent, &recorder, [&asked](const Command& sent) {
+        asked += carries(sent.getCommand(), Instruction::GAP);
+    });
     pass(Settle);
     check(QStringLiteral("stop polling"), QStringLiteral("nothing is asked for any more"),
-          QStringLiteral("%1 answers").arg(m_bench.link().answers() - before),
-          m_bench.link().answers() == before);
+          QStringLiteral("%1 reads").arg(asked), asked == 0);
 }
 
 void Tour::pickColours()
@@ -618,18 +586,20 @@ void Tour::pass(int milliseconds)
     wait(milliseconds, [] { return false; });
 }
 
-bool Tour::passTicks(int count)
+bool Tour::passTicks(int count, const QList<const QWidget*>& controllers)
 {
-    int first = 0;
-    int second = 0;
+    QVector<int> ticks(controllers.size(), 0);
     const QObject context;
-    QObject::connect(m_bench.findChild<WTraceController*>(), &WTraceController::requestTraceCommand,
-                     &context, [&first] { ++first; });
-    QObject::connect(m_bench.findChild<TraceController*>(), &TraceController::requestTraceCommand,
-                     &context, [&second] { ++second; });
+    for (int i = 0; i < controllers.size(); ++i) {
+        const auto countTick = [&ticks, i] { ++ticks[i]; };
+        if (const auto* grouped = qobject_cast<const WTraceController*>(controllers.at(i)))
+            QObject::connect(grouped, &WTraceController::requestTraceCommand, &context, countTick);
+        else if (const auto* plain = qobject_cast<const TraceController*>(controllers.at(i)))
+            QObject::connect(plain, &TraceController::requestTraceCommand, &context, countTick);
+    }
     for (int tick = 1; tick <= count; ++tick) {
         const QDeadlineTimer deadline(TickWithin);
-        while (qMin(first, second) < tick) {
+        while (*std::min_element(ticks.begin(), ticks.end()) < tick) {
             if (deadline.hasExpired())
                 return false;
             QApplication::processEvents();
@@ -693,13 +663,4 @@ bool Tour::writeReport() const
     QTextStream(stderr) << "axrworkbench: cannot write the report: " << file.errorString()
                         << Qt::endl;
     return false;
-}
-
-template <class T>
-T* Tour::find(const QString& name, const QWidget* below) const
-{
-    T* found = (below ? below : &m_bench)->findChild<T*>(name);
-    if (!found)
-        qFatal("the workbench has no %s", qPrintable(name));
-    return found;
 }

@@ -1,13 +1,14 @@
 #ifndef TOUR_H
 #define TOUR_H
 
+#include "Workbench.h"
+
 #include <QString>
 #include <QStringList>
 
 #include <functional>
 
-class QWidget;
-class Workbench;
+class ValueOverTimeGraph;
 
 /// One scripted commissioning session: drives the workbench's widgets as a user would, on the
 /// module's virtual clock, and compares what they show with what the simulated axes did. Writes one
@@ -25,6 +26,9 @@ public:
     static void settle(Workbench& bench);
 
 private:
+    static constexpr int Step = 5;     // ms of virtual time between looks
+    static constexpr int Settle = 400; // ms in which polled values follow
+
     void connectByEachPanel();
     void setRamp();
     void turnAndStop();
@@ -35,6 +39,10 @@ private:
     void stopByKey();
     void editParameter();
     void pollValues();
+    void watchCurves();
+    void exportCurves(ValueOverTimeGraph* graph);
+    void logCurves(ValueOverTimeGraph* graph);
+    void selectCurves(ValueOverTimeGraph* graph);
     void pickColours();
     void moveMarkers();
     void surviveSilence();
@@ -43,9 +51,9 @@ private:
     /// Lets the workbench run until the condition holds. False when it does not within the time.
     bool wait(int milliseconds, const std::function<bool()>& condition);
     void pass(int milliseconds);
-    /// Lets `count` ticks of both trace controllers, which run in real time, come one Step of
-    /// virtual time apart. False when one of them does not come.
-    bool passTicks(int count);
+    /// Lets `count` ticks of each of these trace controllers, which run in real time, come one Step
+    /// of virtual time apart. False when one of them does not come.
+    bool passTicks(int count, const QList<const QWidget*>& controllers);
     void check(const QString& done, const QString& expected, const QString& seen, bool ok);
     /// Waits until the value is within the tolerance, and reports it.
     void expectNumber(const QString& done, const std::function<double()>& value, double expected,
@@ -56,8 +64,15 @@ private:
     void photographWidget(QWidget* widget, const QString& what, const QString& name);
     bool writeReport() const;
 
+    /// Ends the program when there is no such widget.
     template <class T>
-    T* find(const QString& name, const QWidget* below = nullptr) const;
+    T* find(const QString& name, const QWidget* below = nullptr) const
+    {
+        T* found = (below ? below : &m_bench)->findChild<T*>(name);
+        if (!found)
+            qFatal("the workbench has no %s", qPrintable(name));
+        return found;
+    }
 
     Workbench& m_bench;
     QString m_folder;

@@ -5,6 +5,7 @@
 #include "CommandText.h"
 #include "ConnectionPage.h"
 #include "ConsolePage.h"
+#include "GraphPage.h"
 #include "Instruction.h"
 #include "MarkersPage.h"
 #include "MotionPage.h"
@@ -14,6 +15,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDateTime>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -27,11 +29,13 @@
 namespace
 {
 
-constexpr int ClockInterval = 5;   // ms
-constexpr int LongestStep = 100;   // ms; after a pause the module does not race to catch up
-constexpr int PollInterval = 50;   // ms
-constexpr int RateInterval = 1000; // ms
-constexpr int MessageTime = 8000;  // ms
+constexpr int ClockInterval = 5;    // ms
+constexpr int LongestStep = 100;    // ms; after a pause the module does not race to catch up
+constexpr int PollInterval = 50;    // ms
+constexpr int HeartbeatAfter = 200; // ms without an answer
+constexpr char UpTime = 4;          // global parameter, bank 0
+constexpr int RateInterval = 1000;  // ms
+constexpr int MessageTime = 8000;   // ms
 const QString geometryKey = QStringLiteral("Workbench/Geometry");
 const QString pageKey = QStringLiteral("Workbench/Page");
 
@@ -44,6 +48,7 @@ Workbench::Workbench(const WorkbenchOptions& options)
     , m_stack(new QStackedWidget)
     , m_strip(new QLabel)
     , m_rate(new QLabel)
+    , m_time(QDateTime::currentMSecsSinceEpoch())
 {
     m_link.wire().setSilent(options.silent);
     setWindowTitle(tr("AXR workbench"));
@@ -83,15 +88,17 @@ Workbench::Workbench(const WorkbenchOptions& options)
 
 Workbench::~Workbench()
 {
-    // The link outlives the pages' last words, but the window's slots do not.
+    // The pages' last words still reach the module, but not the window, which is half gone.
     disconnect(&m_link, nullptr, this, nullptr);
+    delete takeCentralWidget();
+    m_link.finishCommands();
 }
 
 QStringList Workbench::pageNames()
 {
     return {QStringLiteral("connection"), QStringLiteral("console"), QStringLiteral("motion"),
-            QStringLiteral("parameters"), QStringLiteral("polling"), QStringLiteral("colours"),
-            QStringLiteral("markers")};
+            QStringLiteral("parameters"), QStringLiteral("polling"), QStringLiteral("graph"),
+            QStringLiteral("colours"),    QStringLiteral("markers")};
 }
 
 void Workbench::makePages()
@@ -99,9 +106,12 @@ void Workbench::makePages()
     m_connection = new ConnectionPage(m_link);
     m_console = new ConsolePage;
     m_motion = new MotionPage(m_link.module());
-    m_polling = new PollingPage(m_link);
-    m_pages = {m_connection, m_console,       m_motion,       new ParametersPage,
-               m_polling,    new ColoursPage, new MarkersPage};
+    m_polling = new PollingPage;
+    m_graph = new GraphPage(m_link);
+    if (m_unattended)
+        m_graph->setClock([this] { return m_time; });
+    m_pages = {m_connection, m_console, m_motion,        new ParametersPage,
+               m_polling,    m_graph,   new ColoursPage, new MarkersPage};
     for (Page* page : qAsConst(m_pages)) {
         m_list->addItem(page->title());
         const int row = m_list->count() - 1;
@@ -153,13 +163,13 @@ void Workbench::restoreWindow(const QString& page)
 
 void Workbench::closeEvent(QCloseEvent* event)
 {
-    hide(); // a jog button that is held stops its axis now
-    m_link.finishCommands();
-    if (!m_unattended) {
+    if (!m_unattended) { // while the window is where the user left it
         AppSettings settings;
         settings.setValue(geometryKey, saveGeometry());
         settings.setValue(pageKey, currentPage()->name());
     }
+    hide(); // a jog button that is held stops its axis now
+    m_link.finishCommands();
     QMainWindow::closeEvent(event);
 }
 
@@ -212,11 +222,15 @@ void Workbench::advance(int milliseconds)
 
 void Workbench::advanceSlice(int milliseconds)
 {
+    m_time += milliseconds;
     m_link.advance(milliseconds);
+    // Silence must show also where nothing is polled.
+    if (m_link.isOpen() && m_link.isIdle() && m_link.silentFor() >= HeartbeatAfter)
+        m_link.read(Command(m_address, toByte(Instruction::GGP), UpTime, 0, 0));
     m_untilPoll -= milliseconds;
     if (m_untilPoll <= 0) {
         m_untilPoll = PollInterval;
-        if (m_link.isOpen() && m_link.pendingReads() == 0)
+        if (m_link.isOpen() && m_link.pendingReads() <= m_graph->curves())
             currentPage()->poll();
         m_motion->showShafts(m_link.module());
         showLinkState();
@@ -224,6 +238,7 @@ void Workbench::advanceSlice(int milliseconds)
     m_untilRate -= milliseconds;
     if (m_untilRate <= 0) {
         m_polling->showRates(RateInterval - m_untilRate);
+        m_graph->showRate(RateInterval - m_untilRate);
         m_untilRate = RateInterval;
         m_rate->setText(tr("%1 answers/s").arg(m_link.answers() - m_answersBefore));
         m_answersBefore = m_link.answers();
@@ -234,6 +249,7 @@ void Workbench::advanceSlice(int milliseconds)
 void Workbench::takeOpened(const QString& link, char address)
 {
     m_linkName = link;
+    m_address = address;
     for (Page* page : qAsConst(m_pages))
         page->setAddress(address);
     m_link.open(address);
@@ -244,6 +260,7 @@ void Workbench::takeOpened(const QString& link, char address)
 
 void Workbench::takeClosed()
 {
+    m_link.finishCommands(); // a stop must not be lost with the link
     m_link.close();
     tell(tr("Disconnected"));
 }

@@ -10,6 +10,7 @@
 
 class ConnectionPage;
 class ConsolePage;
+class GraphPage;
 class MotionPage;
 class Page;
 class PollingPage;
@@ -37,6 +38,8 @@ public:
     void advance(int milliseconds);
 
     ModuleLink& link() { return m_link; }
+    /// Virtual time in ms since the epoch, which began when the workbench did.
+    qint64 time() const { return m_time; }
     /// The text of the strip that tells whether the module answers.
     QString linkText() const;
 
@@ -64,15 +67,19 @@ private:
     const bool m_unattended;
     ModuleLink m_link;
     QString m_linkName;
+    char m_address = 1;
     QList<Page*> m_pages;
     ConnectionPage* m_connection = nullptr;
     ConsolePage* m_console = nullptr;
     MotionPage* m_motion = nullptr;
     PollingPage* m_polling = nullptr;
+    GraphPage* m_graph = nullptr;
+
     QListWidget* m_list;
     QStackedWidget* m_stack;
     QLabel* m_strip;
     QLabel* m_rate;
+    qint64 m_time; // ms since the epoch, on the virtual clock
     QTimer m_clock;
     QElapsedTimer m_realTime;
     int m_untilPoll = 0;

@@ -57,6 +57,22 @@ public:
         return fallback;
     }
 
+    qint64 wholeNumber(const QString& name, qint64 minimum, qint64 maximum, qint64 fallback)
+    {
+        if (!m_parser.isSet(name))
+            return fallback;
+        bool ok = false;
+        const qint64 value = m_parser.value(name).toLongLong(&ok);
+        if (ok && value >= minimum && value <= maximum)
+            return value;
+        complain(QStringLiteral("--%1 takes a whole number from %2 to %3, not \"%4\"")
+                     .arg(name)
+                     .arg(minimum)
+                     .arg(maximum)
+                     .arg(m_parser.value(name)));
+        return fallback;
+    }
+
     QString value(const QString& name)
     {
         if (m_parser.isSet(name) && m_parser.value(name).isEmpty())
@@ -117,9 +133,9 @@ WorkbenchOptions WorkbenchOptions::parse(const QStringList& arguments, const QSt
         reader.complain(QStringLiteral("--tour and --photo do not go together"));
 
     options.weather.seed =
-        static_cast<quint32>(reader.number(QStringLiteral("seed"), 0, 4294967295.0, 1));
+        static_cast<quint32>(reader.wholeNumber(QStringLiteral("seed"), 0, 4294967295, 1));
     const int delay =
-        static_cast<int>(reader.number(QString::fromLatin1(delayOption), 0, 10000, 1));
+        static_cast<int>(reader.wholeNumber(QString::fromLatin1(delayOption), 0, 10000, 1));
     options.weather.minimumDelay = delay;
     options.weather.maximumDelay = delay;
     for (const Chance& chance : chances)

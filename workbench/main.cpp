@@ -3,6 +3,8 @@
 
 #include <QApplication>
 #include <QLoggingCategory>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QTextStream>
 
 namespace
@@ -60,8 +62,12 @@ int main(int argc, char* argv[])
     }
 
     QApplication app(argc, argv);
-    if (options.unattended())
+    QTemporaryDir settings;
+    if (options.unattended()) {
         QLoggingCategory::setFilterRules(QStringLiteral("axr.*=false")); // the report stands alone
+        // what the user has stored neither changes the pictures nor is changed
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
+    }
     Workbench bench(options);
     if (!options.tourFolder.isEmpty())
         return Tour(bench, options.tourFolder).run() ? EXIT_SUCCESS : EXIT_FAILURE;

@@ -127,8 +127,10 @@ ValueOverTimeGraph::~ValueOverTimeGraph() { qDeleteAll(m_graphs); }
 
 void ValueOverTimeGraph::addGraph(Graph* graph)
 {
-    if (graph && !m_graphs.contains(graph))
-        m_graphs.append(graph);
+    if (!graph || m_graphs.contains(graph))
+        return;
+    m_graphs.append(graph);
+    m_timeOut = qMax(m_timeOut, graph->m_timeOutTime);
 }
 
 void ValueOverTimeGraph::removeAllGraphs()
@@ -223,11 +225,13 @@ void ValueOverTimeGraph::initializeScene()
         item->setUseConnectedDataPoints(graph->isUseConnectPointsEnabled());
         item->setPos(m_timeAxis->plotLeft(), m_yAreaMin);
         item->show(graph);
+        item->setTimeOutTime(graph->m_timeOutTime);
         item->setZValue(m_graphItems.size() * CurveDepth);
         m_graphItems.append(item);
         m_scene->addItem(item);
         layer->add(item);
     }
+    layOut(); // so that an axis shows while the curves have no samples yet
     m_updateTimer->start();
     m_minMarker = addMarker(QStringLiteral("\nMin"), MinMarkerDepth);
     m_maxMarker = addMarker(QStringLiteral("Max\n"), MaxMarkerDepth);
@@ -259,10 +263,6 @@ void ValueOverTimeGraph::updateScene(qint64 now)
     const QScopedValueRollback<bool> inFrame(m_inFrame, true);
     m_frameTime = now;
 
-    const QSize view = m_ui->graphicsView->viewport()->size();
-    const QFontMetrics metrics = fontMetrics();
-    const double sceneWidth = view.width() - 2 * metrics.horizontalAdvance(QLatin1Char('X'));
-    const double sceneHeight = view.height() - 2 * metrics.height();
     if (m_drawing)
         m_actualTime = now;
     if (!m_graphs.isEmpty()) {
@@ -276,6 +276,27 @@ void ValueOverTimeGraph::updateScene(qint64 now)
         m_minValue = toInt(qint64(m_minValue) - 1);
     }
 
+    layOut();
+    for (GraphItem* item : qAsConst(m_graphItems)) {
+        item->setActualTime(m_actualTime);
+        item->setMinValue(toInt(m_xyMinValue));
+        item->setMaxValue(toInt(m_xyMaxValue));
+        item->setPos(m_timeAxis->plotLeft(), m_yAreaMin);
+        item->setSize(qMax(0.0, m_timeAxis->plotWidth()), m_yAreaMax - m_yAreaMin);
+        item->setUseBoldDataPoints(m_useBoldDataPoints);
+        item->setUseConnectedDataPoints(m_useConnectedDataPoints);
+        item->setDataPointsEnabled(m_dataPointsEnabled);
+    }
+    setTimeOut(m_actualTime - Lifetime * qint64(m_visibleSpan));
+}
+
+/// Axis and captions, in the widget's present size and the axis' last text width.
+void ValueOverTimeGraph::layOut()
+{
+    const QSize view = m_ui->graphicsView->viewport()->size();
+    const QFontMetrics metrics = fontMetrics();
+    const double sceneWidth = view.width() - 2 * metrics.horizontalAdvance(QLatin1Char('X'));
+    const double sceneHeight = view.height() - 2 * metrics.height();
     m_timeAxis->setActualTime(m_actualTime);
     m_timeAxis->setMinValue(m_minValue);
     m_timeAxis->setMaxValue(m_maxValue);
@@ -290,18 +311,6 @@ void ValueOverTimeGraph::updateScene(qint64 now)
     m_captionItem->setVisible(plotWidth >= captionWidth + captionGap);
     m_captionItem->setPos(sceneWidth - captionWidth - captionGap,
                           (sceneHeight - m_captionItem->getHeight()) / 3.0);
-
-    for (GraphItem* item : qAsConst(m_graphItems)) {
-        item->setActualTime(m_actualTime);
-        item->setMinValue(toInt(m_xyMinValue));
-        item->setMaxValue(toInt(m_xyMaxValue));
-        item->setPos(m_timeAxis->plotLeft(), m_yAreaMin);
-        item->setSize(qMax(0.0, plotWidth), m_yAreaMax - m_yAreaMin);
-        item->setUseBoldDataPoints(m_useBoldDataPoints);
-        item->setUseConnectedDataPoints(m_useConnectedDataPoints);
-        item->setDataPointsEnabled(m_dataPointsEnabled);
-    }
-    setTimeOut(m_actualTime - Lifetime * qint64(m_visibleSpan));
 }
 
 bool ValueOverTimeGraph::scaleToData()
@@ -345,6 +354,7 @@ void ValueOverTimeGraph::placeMarker(MarkerItem* marker, double value, double y)
 
 void ValueOverTimeGraph::setTimeOut(qint64 time)
 {
+    m_timeOut = time;
     for (GraphItem* item : qAsConst(m_graphItems))
         item->setTimeOutTime(time);
     for (Graph* graph : qAsConst(m_graphs))
@@ -359,8 +369,9 @@ void ValueOverTimeGraph::IN_replyValue(Command* reply)
 
 void ValueOverTimeGraph::takeReply(const Command& reply, qint64 now)
 {
-    // No frame tells what is out of date while the widget is hidden or the clock was just set.
-    if (m_drawing && qAbs(now - m_actualTime) > m_visibleSpan)
+    // No frame tells what is out of date while the widget is hidden, and what a frame told before
+    // the clock was set back holds no more.
+    if ((m_drawing && m_visibleSpan > 0 && now - m_actualTime > m_visibleSpan) || now < m_timeOut)
         setTimeOut(now - Lifetime * qint64(m_visibleSpan));
     const double value = reply.getValue();
     for (int i = 0; i < m_graphs.size(); ++i) {

@@ -127,6 +127,7 @@ private Q_SLOTS:
 private:
     qint64 now() const;
     MarkerItem* addMarker(const QString& text, double z);
+    void layOut();
     bool scaleToData();
     void placeMarker(MarkerItem* marker, double value, double y);
     void setTimeOut(qint64 time);
@@ -164,6 +165,7 @@ private:
     QList<Graph*> m_graphs;
     QList<GraphItem*> m_graphItems;
     int m_visibleSpan = 0; // ms
+    qint64 m_timeOut = 0;  // of all curves, ms since the epoch
     bool m_inFrame = false;
     qint64 m_frameTime = 0;
 };

@@ -74,6 +74,32 @@ private Q_SLOTS:
         QCOMPARE(traffic.link.module().axis(1).velocity(), 0.0);
     }
 
+    void stopOfOneAxisIsRepeatedAndDropsItsMotion()
+    {
+        Traffic traffic;
+        traffic.link.wire().setSilent(true);
+        traffic.link.command(request(Instruction::SAP, Number::Acceleration, 7)); // goes out, lost
+        traffic.link.advance(1);
+        traffic.link.command(request(Instruction::ROR, 0, 500));
+        traffic.link.command(request(Instruction::SAP, Number::TargetVelocity, 400));
+        traffic.link.command(request(Instruction::SAP, Number::MaxVelocity, 3000));
+        traffic.link.command(request(Instruction::MVP, 0, 99, 1));
+        traffic.link.command(request(Instruction::MST, 0));
+        QCOMPARE(traffic.gaveUp, QStringList({"1 1 0 0 500", "1 5 2 0 400"}));
+        QVERIFY(traffic.link.isStopping());
+        traffic.link.advance(450);
+        QVERIFY(traffic.sent.count("1 3 0 0 0") >= 3);
+        traffic.link.wire().setSilent(false);
+        traffic.link.advance(300);
+        QVERIFY(!traffic.link.isStopping());
+        QCOMPARE(traffic.sent.mid(traffic.sent.size() - 2),
+                 QStringList({"1 5 4 0 3000", "1 4 0 1 99"}));
+        // not the module's axis: refused once, as any other command
+        traffic.link.command(request(Instruction::MST, 0, 0, 7));
+        traffic.link.advance(50);
+        QCOMPARE(traffic.sent.count("1 3 0 7 0"), 1);
+    }
+
     void silentModule()
     {
         Traffic traffic;

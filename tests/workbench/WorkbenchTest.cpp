@@ -55,6 +55,8 @@ private Q_SLOTS:
         QTest::newRow("unknown option") << QStringList{"--fly"};
         QTest::newRow("unknown page") << QStringList{"--page", "kitchen"};
         QTest::newRow("no number") << QStringList{"--seed", "x"};
+        QTest::newRow("half a seed") << QStringList{"--seed", "1.5"};
+        QTest::newRow("half a millisecond") << QStringList{"--delay", "0.5"};
         QTest::newRow("out of range") << QStringList{"--late", "101"};
         QTest::newRow("not a number") << QStringList{"--late", "nan"};
         QTest::newRow("stray word") << QStringList{"tour"};
@@ -109,9 +111,14 @@ private Q_SLOTS:
         bench.show();
         open(bench);
         bench.advance(10000); // everything that the pages asked for at the start
-        const auto tick = [&bench] {
-            for (QWidget* controller : QList<QWidget*>{bench.findChild<TraceController*>(),
-                                                       bench.findChild<WTraceController*>()})
+        const QList<QWidget*> graphControllers = {
+            User::find<QWidget>(&bench, "graph")->findChild<WTraceController*>()};
+        User::click(User::find<QPushButton>(graphControllers.first(), "btnStop"));
+        const auto* page = User::find<QWidget>(&bench, "polling");
+        QList<QWidget*> controllers = {page->findChild<TraceController*>(),
+                                       page->findChild<WTraceController*>()};
+        const auto tick = [&bench, &controllers] {
+            for (QWidget* controller : qAsConst(controllers))
                 QMetaObject::invokeMethod(controller, "requestTraceValue");
             bench.advance(5);
             return bench.link().pendingReads();
@@ -140,6 +147,17 @@ private Q_SLOTS:
         bench.showPage("console");
         bench.advance(1000);
         QCOMPARE(tick(), 0);
+
+        // curves are polled whatever page is shown, and take no more than their share
+        bench.showPage("polling");
+        controllers += graphControllers;
+        for (int i = 0; i < 600; ++i)
+            tick();
+        const double shared = 1000.0 / RoundTrip / (table->rowCount() + 4);
+        for (int row = 0; row < table->rowCount(); ++row) {
+            const double rate = table->item(row, 4)->text().toDouble();
+            QVERIFY2(qAbs(rate - shared) <= 1.5, qPrintable(QString::number(rate)));
+        }
     }
 
     void windowStateIsRemembered()
@@ -186,6 +204,84 @@ private Q_SLOTS:
         QVERIFY(position.data().toInt() > shown); // shows what is read again
     }
 
+    void unreadParametersCannotBeWritten()
+    {
+        Workbench bench(parse({"--photo", "x", "--page", "parameters"}));
+        bench.show();
+        bench.link().wire().setSilent(true);
+        open(bench);
+        int writes = 0;
+        connect(&bench.link(), &ModuleLink::sent, this, [&writes](const Command& request) {
+            writes += requestText(request).startsWith("SAP");
+        });
+        auto* table = User::find<QWidget>(&bench, "parameters")->findChild<QTableView*>();
+        auto* box = User::find<SpinBox>(&bench, "sbParameter");
+        const QModelIndex maxVelocity = table->model()->index(4, 2);
+        table->setCurrentIndex(maxVelocity);
+        QVERIFY(!(maxVelocity.flags() & Qt::ItemIsEditable));
+        QVERIFY(!box->isEnabled());
+        bench.link().wire().setSilent(false);
+        bench.advance(1500);
+        QVERIFY(maxVelocity.flags() & Qt::ItemIsEditable);
+        QVERIFY(box->isEnabled());
+        const int read = maxVelocity.data().toInt();
+        QCOMPARE(box->value(), read);
+        QTest::keyClick(box, Qt::Key_Return);
+        bench.advance(300);
+        QCOMPARE(writes, 0);
+
+        // digits stay while values come in, and go out once
+        auto* line = box->findChild<QLineEdit*>();
+        line->selectAll();
+        QTest::keyClicks(box, "12");
+        const QString typed = line->text();
+        bench.advance(1500);
+        QCOMPARE(line->text(), typed);
+        QTest::keyClick(box, Qt::Key_Return);
+        bench.advance(300);
+        QCOMPARE(writes, 1);
+        QCOMPARE(bench.link().module().axis(0).read(4), 12);
+    }
+
+    void silenceShowsOnEveryPage()
+    {
+        Workbench bench(parse({"--photo", "x"}));
+        bench.show();
+        open(bench);
+        for (const QString& page : Workbench::pageNames()) {
+            bench.showPage(page);
+            bench.link().wire().setSilent(true);
+            bench.advance(1500);
+            QVERIFY2(bench.linkText().contains("has not answered"), qPrintable(page));
+            bench.link().wire().setSilent(false);
+            bench.advance(500);
+            QVERIFY2(bench.linkText().startsWith("Connected"), qPrintable(page));
+        }
+    }
+
+    void disconnectingKeepsTheStop()
+    {
+        Workbench bench(parse({"--photo", "x", "--delay", "20"}));
+        bench.show();
+        open(bench);
+        bench.link().module().axis(0).rotate(500);
+        bench.link().module().axis(1).rotate(500);
+        bench.advance(1000);
+        bench.link().wire().setWeather([] {
+            Weather weather;
+            weather.seed = 3;
+            weather.requestLoss = 0.5;
+            return weather;
+        }());
+        bench.stopAxes();
+        QTest::mouseClick(User::find<QPushButton>(bench.findChild<Connection*>(), "btnDisconnect"),
+                          Qt::LeftButton);
+        QVERIFY(!bench.link().isOpen());
+        bench.link().module().advance(5000);
+        QCOMPARE(bench.link().module().axis(0).velocity(), 0.0);
+        QCOMPARE(bench.link().module().axis(1).velocity(), 0.0);
+    }
+
     void nothingGoesOutUnasked()
     {
         Workbench bench(parse({"--photo", "x"}));
@@ -193,7 +289,7 @@ private Q_SLOTS:
         QStringList sent;
         connect(&bench.link(), &ModuleLink::sent, this, [&sent](const Command& request) {
             const QString text = requestText(request);
-            if (!text.startsWith("GAP"))
+            if (!text.startsWith("GAP") && !text.startsWith("GGP"))
                 sent << text;
         });
         open(bench);

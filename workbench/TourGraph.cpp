@@ -1,0 +1,232 @@
+// The steps of the tour on the page of live curves.
+
+#include "Bytes.h"
+#include "Command.h"
+#include "Graph.h"
+#include "GraphPage.h"
+#include "MarkerItem.h"
+#include "Tour.h"
+#include "TourInput.h"
+#include "ValueOverTimeGraph.h"
+#include "VelocityControl.h"
+#include "WTraceController.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QFile>
+#include <QFileDialog>
+#include <QGraphicsScene>
+#include <QGraphicsView>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QTableWidget>
+#include <QTimer>
+
+#include <algorithm>
+
+using namespace TourInput;
+
+namespace
+{
+
+/// What the module said, beside what the graph made of it.
+struct Answer {
+    qint64 time;
+    Command reply;
+};
+
+bool belongs(const Graph& graph, const Command& reply)
+{
+    return graph.getCommand() == reply.getCommand() && graph.getType() == reply.getType() &&
+           graph.getMotorBank() == reply.getMotorBank() && graph.getAddress() == reply.getAddress();
+}
+
+/// The last `samples` of the graph against those of the answers that belong to it.
+bool isAsAnswered(const Graph& graph, const QVector<Answer>& answers, int* samples)
+{
+    const QList<TValue> values = graph.getValues();
+    QVector<Answer> own;
+    std::copy_if(answers.begin(), answers.end(), std::back_inserter(own),
+                 [&graph](const Answer& answer) { return belongs(graph, answer.reply); });
+    *samples += own.size();
+    return own.size() <= values.size() && !own.isEmpty() &&
+           std::equal(own.begin(), own.end(), values.end() - own.size(),
+                      [](const Answer& answer, const TValue& value) {
+                          return answer.reply.getValue() == value.value &&
+                                 answer.time == value.time;
+                      });
+}
+
+/// Answers the file dialog that the next step opens.
+void answerFileDialog(QWidget* context, const QString& file)
+{
+    QTimer::singleShot(0, context, [file] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (!dialog)
+            qFatal("no file dialog came");
+        dialog->selectFile(file);
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+}
+
+QList<QByteArrayList> readCsv(const QString& name)
+{
+    QFile file(name);
+    QList<QByteArrayList> rows;
+    if (!file.open(QIODevice::ReadOnly))
+        return rows;
+    while (!file.atEnd())
+        rows << file.readLine().trimmed().split(';');
+    return rows;
+}
+
+} // namespace
+
+void Tour::watchCurves()
+{
+    auto* graph = m_bench.findChild<ValueOverTimeGraph*>();
+    auto* controller = m_bench.findChild<GraphPage*>()->findChild<WTraceController*>();
+    const auto* motion = find<VelocityControl>(QStringLiteral("VelocityControl0"));
+    m_bench.showPage(QStringLiteral("motion"));
+    click(find<QPushButton>(QStringLiteral("btnRight"), motion));
+    m_bench.showPage(QStringLiteral("graph"));
+
+    QVector<Answer> answers;
+    const QObject recorder;
+    QObject::connect(&m_bench.link(), &ModuleLink::answered, &recorder,
+                     [&](const Command&, const Command& reply) {
+                         answers.append({m_bench.time(), reply});
+                     });
+    click(find<QPushButton>(QStringLiteral("btnStart"), controller));
+    const bool ticked = passTicks(3000 / Step, {controller});
+    int samples = 0;
+    bool same = ticked;
+    for (const Graph* curve : graph->getGraphs())
+        same = isAsAnswered(*curve, answers, &samples) && same;
+    check(QStringLiteral("curves of %1 values while axis 0 turns").arg(graph->getGraphs().size()),
+          QStringLiteral("each sample as the module answered, value and time"),
+          QStringLiteral("%1 samples %2").arg(samples).arg(same ? "alike" : "not alike"), same);
+    expectText(
+        QStringLiteral("refresh rate of the curves"),
+        [this] { return find<QLabel>(QStringLiteral("lblPolled"))->text(); },
+        QStringLiteral("4 values, each 50.0 times a second"), 0);
+    photograph(QStringLiteral("graph"));
+
+    const auto* panel = find<QWidget>(QStringLiteral("graphController"), graph);
+    click(find<QPushButton>(QStringLiteral("btnHideController"), graph));
+    QApplication::processEvents();
+    click(find<QRadioButton>(QStringLiteral("btnScaleManually"), panel));
+    type(find<QSpinBox>(QStringLiteral("sbMax"), panel), QStringLiteral("1000"));
+    type(find<QSpinBox>(QStringLiteral("sbMin"), panel), QStringLiteral("-200"));
+    passTicks(200 / Step, {controller});
+    photograph(QStringLiteral("graph"), QStringLiteral("graph-manual"));
+    const auto visibleMarkers = [graph] {
+        const auto items = graph->findChild<QGraphicsScene*>()->items();
+        return std::count_if(items.begin(), items.end(), [](const QGraphicsItem* item) {
+            return item->type() == MarkerItem::Type && item->isVisible();
+        });
+    };
+    check(QStringLiteral("scale -200..1000 by hand"), QStringLiteral("no marker of the extremes"),
+          QStringLiteral("%1 markers").arg(visibleMarkers()), visibleMarkers() == 0);
+    click(find<QRadioButton>(QStringLiteral("btnScaleDynamic"), panel));
+    passTicks(200 / Step, {controller});
+    double lowest = 0;
+    double highest = 0;
+    for (const Graph* curve : graph->getGraphs())
+        curve->valueRange(&lowest, &highest);
+    const int shownMin = find<QSpinBox>(QStringLiteral("sbMin"), panel)->value();
+    const int shownMax = find<QSpinBox>(QStringLiteral("sbMax"), panel)->value();
+    check(QStringLiteral("scale by the data again"), QStringLiteral("a range that covers them"),
+          QStringLiteral("%1..%2").arg(shownMin).arg(shownMax),
+          shownMin <= lowest && shownMax >= highest && shownMin != -200);
+
+    exportCurves(graph);
+    logCurves(graph);
+    click(find<QPushButton>(QStringLiteral("btnStop"), controller));
+    m_bench.showPage(QStringLiteral("motion"));
+    click(find<QPushButton>(QStringLiteral("btnStop"), motion));
+    pass(2 * Settle);
+}
+
+void Tour::exportCurves(ValueOverTimeGraph* graph)
+{
+    const QString name = m_folder + QStringLiteral("/graph.csv");
+    QFile::remove(name);
+    answerFileDialog(&m_bench, name);
+    click(find<QPushButton>(QStringLiteral("btnSave"), graph));
+
+    const QList<QByteArrayList> rows = readCsv(name);
+    const QList<Graph*> curves = graph->getGraphs();
+    QVector<QList<TValue>> left; // not found in the file yet
+    qint64 begin = std::numeric_limits<qint64>::max();
+    for (const Graph* curve : curves) {
+        left << curve->getValues();
+        begin = qMin(begin, left.last().first().time);
+    }
+    bool same = rows.size() > 1 && rows.first().size() == curves.size() + 1;
+    for (int i = 1; same && i < rows.size(); ++i) {
+        const QByteArrayList& row = rows.at(i);
+        int column = 1;
+        while (column < row.size() && row.at(column).isEmpty())
+            ++column;
+        same = column < row.size() && !left[column - 1].isEmpty();
+        if (!same)
+            break;
+        const TValue sample = left[column - 1].takeFirst();
+        same = row.at(0).toLongLong() == sample.time - begin &&
+               row.at(column) == QByteArray::number(static_cast<int>(sample.value));
+    }
+    for (const QList<TValue>& rest : left)
+        same = same && rest.isEmpty();
+    check(QStringLiteral("save the curves, read graph.csv back"),
+          QStringLiteral("all samples, and no other"),
+          QStringLiteral("%1 rows %2").arg(rows.size() - 1).arg(same ? "alike" : "not alike"),
+          same);
+}
+
+void Tour::logCurves(ValueOverTimeGraph* graph)
+{
+    auto* controller = m_bench.findChild<GraphPage*>()->findChild<WTraceController*>();
+    const QString name = m_folder + QStringLiteral("/graph-log.csv");
+    QFile::remove(name);
+    answerFileDialog(&m_bench, name);
+    auto* box = find<QCheckBox>(QStringLiteral("cbLog"), graph);
+    click(box);
+    QVector<Answer> answers;
+    {
+        const QObject recorder;
+        QObject::connect(&m_bench.link(), &ModuleLink::answered, &recorder,
+                         [&](const Command&, const Command& reply) {
+                             answers.append({m_bench.time(), reply});
+                         });
+        passTicks(500 / Step, {controller});
+    }
+    click(box);
+    passTicks(8, {controller});
+
+    const QList<QByteArrayList> rows = readCsv(name);
+    const QList<Graph*> curves = graph->getGraphs();
+    bool same = rows.size() == answers.size() + 1;
+    for (int i = 1; same && i < rows.size(); ++i) {
+        const Command& reply = answers.at(i - 1).reply;
+        const QByteArrayList& row = rows.at(i);
+        same = row.size() == curves.size() + 1 &&
+               row.at(0).toLongLong() - rows.at(1).at(0).toLongLong() ==
+                   answers.at(i - 1).time - answers.first().time;
+        for (int column = 1; same && column < row.size(); ++column)
+            same = row.at(column) == (belongs(*curves.at(column - 1), reply)
+                                          ? QByteArray::number(reply.getValue())
+                                          : QByteArray());
+    }
+    check(QStringLiteral("log for half a second, read graph-log.csv back"),
+          QStringLiteral("a row for each answer, and none after the end"),
+          QStringLiteral("%1 answers, %2 rows %3")
+              .arg(answers.size())
+              .arg(rows.size() - 1)
+              .arg(same ? "alike" : "not alike"),
+          same);
+}

@@ -1,0 +1,54 @@
+#include "TourInput.h"
+
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QGraphicsView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+namespace TourInput
+{
+
+void press(QWidget* widget, int key)
+{
+    QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier);
+    QApplication::sendEvent(widget, &down);
+    QKeyEvent up(QEvent::KeyRelease, key, Qt::NoModifier);
+    QApplication::sendEvent(widget, &up);
+}
+
+void type(QAbstractSpinBox* box, const QString& text)
+{
+    box->selectAll();
+    for (QChar c : text) {
+        QKeyEvent down(QEvent::KeyPress, 0, Qt::NoModifier, c);
+        QApplication::sendEvent(box, &down);
+    }
+    press(box, Qt::Key_Return);
+}
+
+void mouse(QWidget* widget, QEvent::Type what, QPoint at)
+{
+    const bool isMove = what == QEvent::MouseMove;
+    QMouseEvent event(what, at, widget->mapToGlobal(at), isMove ? Qt::NoButton : Qt::LeftButton,
+                      what == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(widget, &event);
+}
+
+void mouse(QWidget* widget, QEvent::Type what) { mouse(widget, what, widget->rect().center()); }
+
+void drag(const QGraphicsView* view, QPointF from, QPointF to)
+{
+    mouse(view->viewport(), QEvent::MouseButtonPress, view->mapFromScene(from));
+    mouse(view->viewport(), QEvent::MouseMove, view->mapFromScene(to));
+    mouse(view->viewport(), QEvent::MouseButtonRelease, view->mapFromScene(to));
+}
+
+void click(QWidget* widget)
+{
+    mouse(widget, QEvent::MouseButtonPress);
+    mouse(widget, QEvent::MouseButtonRelease);
+}
+
+} // namespace TourInput

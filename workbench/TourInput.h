@@ -1,0 +1,29 @@
+#ifndef TOURINPUT_H
+#define TOURINPUT_H
+
+#include <QEvent>
+#include <QPoint>
+
+class QAbstractSpinBox;
+class QGraphicsView;
+class QPointF;
+class QString;
+class QWidget;
+
+/// What a user does to a widget, by events.
+namespace TourInput
+{
+
+void press(QWidget* widget, int key);
+/// Replaces the text of the box and ends the entry.
+void type(QAbstractSpinBox* box, const QString& text);
+void mouse(QWidget* widget, QEvent::Type what, QPoint at);
+/// At the centre.
+void mouse(QWidget* widget, QEvent::Type what);
+void click(QWidget* widget);
+/// From one place of the scene to another.
+void drag(const QGraphicsView* view, QPointF from, QPointF to);
+
+} // namespace TourInput
+
+#endif
