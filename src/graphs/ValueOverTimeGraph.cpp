@@ -251,6 +251,9 @@ void ValueOverTimeGraph::updateItemClock()
 {
     if (!isVisible() || window()->isMinimized())
         return;
+    // When the widget was resized while it was hidden, its view follows only now, without a word.
+    if (m_scene->sceneRect().size() != QSizeF(m_ui->graphicsView->viewport()->size()))
+        initializeScene();
     updateScene();
     m_scene->update();
 }
