@@ -26,6 +26,8 @@ QPainterPath NoteTextItem::shape() const
     return path;
 }
 
+bool NoteTextItem::contains(const QPointF& point) const { return QGraphicsItem::contains(point); }
+
 void NoteTextItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
 {
     const QRectF place = circle();

@@ -17,6 +17,7 @@ public:
     /// The circle, not the base class' text.
     QRectF boundingRect() const override;
     QPainterPath shape() const override;
+    bool contains(const QPointF& point) const override;
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option,
                QWidget* widget = nullptr) override;
 
