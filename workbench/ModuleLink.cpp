@@ -1,6 +1,7 @@
 #include "ModuleLink.h"
 
 #include "Instruction.h"
+#include "ParameterTable.h"
 
 #include <QPointer>
 
@@ -13,6 +14,7 @@ constexpr int AnswerWithin = 100; // ms
 constexpr int ReadTries = 3;
 constexpr int SilentAfter = 3;   // time-outs in a row
 constexpr int StaleAfter = 1000; // ms
+constexpr int QuietFor = 200;    // ms
 
 bool isAnswerTo(const Command& reply, const Command& request)
 {
@@ -149,8 +151,13 @@ void ModuleLink::tick()
         return;
     if (m_onItsWay && ++m_onItsWay->entry.age >= AnswerWithin)
         timeOut();
-    if (self && isOpen() && !m_onItsWay)
-        sendNext();
+    if (!self || !isOpen() || m_onItsWay)
+        return;
+    const auto isEmpty = [](const std::deque<Entry>& waiting) { return waiting.empty(); };
+    if (m_sinceAnswer > QuietFor && std::all_of(m_lanes.begin(), m_lanes.end(), isEmpty))
+        read(Command(m_address, toByte(Instruction::GAP),
+                     toByte(AxisParameterNumber::ActualVelocity), 0, 0));
+    sendNext();
 }
 
 void ModuleLink::sendNext()

@@ -16,6 +16,9 @@
 /// Reads are repeated when no answer comes. A command is sent once only, for its lost answer may
 /// mean a lost request as well as an executed one; and one that could not be sent within a second
 /// is dropped, for nobody expects it any more. A stop is repeated until the module acknowledges it.
+///
+/// When nothing waits and the module has not answered for 200 ms, the link reads the velocity of
+/// axis 0 by itself, so that a silent module is noticed also when nobody asks anything.
 class ModuleLink : public CommandHandlerInterface
 {
     Q_OBJECT

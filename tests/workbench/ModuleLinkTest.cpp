@@ -79,11 +79,11 @@ private Q_SLOTS:
         Traffic traffic;
         traffic.link.wire().setSilent(true);
         traffic.link.command(request(Instruction::ROR, 0, 500));
-        traffic.link.read(request(Instruction::GAP, 3));
+        traffic.link.read(request(Instruction::GAP, Number::ActualPosition));
         traffic.link.advance(1000);
         QCOMPARE(traffic.link.state(), ModuleLink::State::Silent);
         QCOMPARE(traffic.sent.count("1 1 0 0 500"), 1); // never repeated
-        QCOMPARE(traffic.sent.count("1 6 3 0 0"), 3);
+        QCOMPARE(traffic.sent.count("1 6 1 0 0"), 3);
         QCOMPARE(traffic.gaveUp, QStringList("1 1 0 0 500"));
 
         traffic.link.stopAll();
@@ -97,6 +97,19 @@ private Q_SLOTS:
         QCOMPARE(traffic.link.state(), ModuleLink::State::Answering);
         QVERIFY(!traffic.sent.contains("1 1 0 0 700"));
         QCOMPARE(traffic.link.module().axis(0).velocity(), 0.0);
+    }
+
+    void quietModuleIsAskedWhetherItAnswers()
+    {
+        Traffic traffic;
+        traffic.link.advance(1000);
+        QVERIFY(traffic.sent.size() >= 3 && traffic.sent.size() <= 5);
+        traffic.link.wire().setSilent(true);
+        traffic.link.advance(600);
+        QCOMPARE(traffic.link.state(), ModuleLink::State::Silent);
+        traffic.link.wire().setSilent(false);
+        traffic.link.advance(150);
+        QCOMPARE(traffic.link.state(), ModuleLink::State::Answering);
     }
 
     void badWeatherLosesNoRead()
@@ -113,11 +126,16 @@ private Q_SLOTS:
         link.module().axis(0).write(Number::ActualPosition, 1234);
         int right = 0;
         int wrong = 0;
-        connect(&link, &ModuleLink::answered, this, [&](const Command&, const Command& answer) {
-            const bool fits = u8(answer.getType()) == Number::ActualPosition &&
-                              answer.getValue() == 1234 && answer.getMotorBank() == 0;
-            ++(fits ? right : wrong);
-        });
+        connect(&link, &ModuleLink::answered, this,
+                [&](const Command& asked, const Command& answer) {
+                    const bool isPosition =
+                        u8(asked.getType()) == Number::ActualPosition; // else the link's
+                    const bool fits = answer.getType() == asked.getType() &&
+                                      answer.getValue() == (isPosition ? 1234 : 0) &&
+                                      answer.getMotorBank() == 0;
+                    wrong += !fits;
+                    right += fits && isPosition;
+                });
         link.open();
         for (int i = 0; i < 200; ++i) {
             link.read(request(Instruction::GAP, Number::ActualPosition));
