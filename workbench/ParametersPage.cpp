@@ -115,9 +115,7 @@ void ParametersPage::fill()
         m_model->setItem(
             row, NameColumn,
             cell(isWritable(row) ? QStringLiteral("<b>%1</b>").arg(name) : name, Qt::AlignCenter));
-        QStandardItem* value = cell(QString(), Qt::AlignRight | Qt::AlignVCenter);
-        value->setEditable(isWritable(row));
-        m_model->setItem(row, ValueColumn, value);
+        m_model->setItem(row, ValueColumn, cell(QString(), Qt::AlignRight | Qt::AlignVCenter));
         m_model->setItem(
             row, RangeColumn,
             cell(isWritable(row)
@@ -200,6 +198,7 @@ void ParametersPage::take(const Command& reply)
         // A cell in which the user edits stays, so that leaving it unchanged writes nothing.
         if (!m_table->isPersistentEditorOpen(item->index()))
             item->setData(reply.getValue(), Qt::EditRole);
+        item->setEditable(isWritable(row));
         if (row == m_selected && m_value->value() == m_value->lastValue()) {
             m_value->setValue(reply.getValue()); // an entry that waits for Return stays
             m_value->valueHasChanged(reply.getValue());

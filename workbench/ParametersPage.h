@@ -11,7 +11,8 @@ class SpinBox;
 class SpinBoxDelegate;
 
 /// Every axis parameter of the module in one table, edited in place in device units, and the
-/// selected one below in real units.
+/// selected one below in real units. A value can be edited once it was read: what is shown before
+/// is nobody's value, and leaving it unchanged must not write it.
 class ParametersPage : public Page
 {
     Q_OBJECT

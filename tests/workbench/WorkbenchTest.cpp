@@ -9,6 +9,7 @@
 #include "VelocityControl.h"
 #include "WTraceController.h"
 
+#include <QComboBox>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTableView>
@@ -27,6 +28,36 @@ void open(Workbench& bench)
     User::click(User::find<QPushButton>(bench.findChild<Connection*>(), "btnConnect"));
     bench.advance(300);
 }
+
+/// A connected workbench at its parameters page, with every write that goes out.
+struct ParameterSheet {
+    Workbench bench;
+    QTableView* table;
+    SpinBox* box;
+    QStringList writes;
+
+    explicit ParameterSheet(const QStringList& arguments)
+        : bench(parse(QStringList{"--photo", "x", "--page", "parameters"} + arguments))
+        , table(User::find<QWidget>(&bench, "parameters")->findChild<QTableView*>())
+        , box(User::find<SpinBox>(&bench, "sbParameter"))
+    {
+        QObject::connect(&bench.link(), &ModuleLink::sent, [this](const Command& request) {
+            const QString text = requestText(request);
+            if (text.startsWith("SAP"))
+                writes << text;
+        });
+        bench.show();
+        open(bench);
+    }
+
+    QModelIndex valueOf(int number) const
+    {
+        int row = 0;
+        while (table->model()->index(row, 0).data().toInt() != number)
+            ++row;
+        return table->model()->index(row, 2);
+    }
+};
 
 } // namespace
 
@@ -205,6 +236,32 @@ private Q_SLOTS:
         bench.advance(1500);
         QCOMPARE(writes, 0);
         QVERIFY(position.data().toInt() > shown); // shows what is read again
+    }
+
+    void valueThatWasNotReadCannotBeWritten()
+    {
+        ParameterSheet sheet({"--silent"});
+        const QModelIndex maximum = sheet.valueOf(AxisParameterNumber::MaxVelocity);
+        const auto leaveUnchanged = [&] {
+            sheet.table->setCurrentIndex(maximum);
+            QTest::mouseDClick(sheet.table->viewport(), Qt::LeftButton, {},
+                               sheet.table->visualRect(maximum).center());
+            if (auto* editor = sheet.table->findChild<QSpinBox*>())
+                QTest::keyClick(editor, Qt::Key_Return);
+            QCoreApplication::processEvents();
+            sheet.bench.advance(500);
+        };
+        leaveUnchanged();
+        QVERIFY(!(maximum.flags() & Qt::ItemIsEditable));
+        sheet.bench.link().wire().setSilent(false);
+        sheet.bench.advance(1500);
+        QVERIFY(maximum.flags() & Qt::ItemIsEditable);
+        leaveUnchanged();
+        sheet.bench.link().wire().setSilent(true);
+        User::find<QWidget>(&sheet.bench, "parameters")->findChild<QComboBox*>()->setCurrentIndex(1);
+        leaveUnchanged();
+        QCOMPARE(sheet.writes, QStringList());
+        QVERIFY(!(maximum.flags() & Qt::ItemIsEditable));
     }
 
     void nothingGoesOutUnasked()
