@@ -132,8 +132,7 @@ void ParametersPage::fill()
     m_table->setColumnWidth(NameColumn, 260);
     m_table->setColumnWidth(RangeColumn, 190);
     m_nextRead = 0;
-    if (m_selected >= 0)
-        m_table->selectRow(m_selected);
+    select(m_selected);
 }
 
 void ParametersPage::select(int row)
@@ -148,12 +147,17 @@ void ParametersPage::select(int row)
     delete m_delegate;
     m_delegate = delegate;
 
-    const int value = m_model->item(row, ValueColumn)->data(Qt::EditRole).toInt();
+    const QStandardItem* item = m_model->item(row, ValueColumn);
+    const bool isRead = !item->text().isEmpty();
+    const int value =
+        isRead ? item->data(Qt::EditRole).toInt() : qBound(parameter.minimum, 0, parameter.maximum);
     m_caption->setText(
         m_value->setUnitParameter(describe(parameter), *parameter.unit == 0, value, 0));
     m_value->setValue(value);
     m_value->valueHasChanged(value);
-    m_value->setEnabled(isWritable(row));
+    if (!isRead)
+        m_value->clear();
+    m_value->setEnabled(item->isEditable());
     readRow(row);
 }
 
@@ -199,9 +203,12 @@ void ParametersPage::take(const Command& reply)
         if (!m_table->isPersistentEditorOpen(item->index()))
             item->setData(reply.getValue(), Qt::EditRole);
         item->setEditable(isWritable(row));
-        if (row == m_selected && m_value->value() == m_value->lastValue()) {
-            m_value->setValue(reply.getValue()); // an entry that waits for Return stays
+        // An entry that waits for Return stays; a box that is not enabled has none.
+        if (row == m_selected &&
+            (!m_value->isEnabled() || m_value->value() == m_value->lastValue())) {
+            m_value->setValue(reply.getValue());
             m_value->valueHasChanged(reply.getValue());
+            m_value->setEnabled(item->isEditable());
         }
     }
 }

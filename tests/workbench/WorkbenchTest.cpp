@@ -264,6 +264,30 @@ private Q_SLOTS:
         QVERIFY(!(maximum.flags() & Qt::ItemIsEditable));
     }
 
+    void fieldOfAParameterWaitsForItsValue()
+    {
+        ParameterSheet sheet({"--silent"});
+        sheet.table->setCurrentIndex(sheet.valueOf(AxisParameterNumber::Acceleration));
+        QTest::keyClick(sheet.box, Qt::Key_Return);
+        QVERIFY(!sheet.box->isEnabled());
+        QCOMPARE(sheet.box->styleSheet(), QString());
+        sheet.bench.link().wire().setSilent(false);
+        sheet.bench.advance(1500);
+        QVERIFY(sheet.box->isEnabled());
+        QCOMPARE(sheet.box->value(), 5000.0);
+        QTest::keyClick(sheet.box, Qt::Key_Return);
+        sheet.bench.advance(500);
+        QCOMPARE(sheet.writes, QStringList());
+        sheet.bench.link().wire().setSilent(true);
+        User::find<QWidget>(&sheet.bench, "parameters")->findChild<QComboBox*>()->setCurrentIndex(1);
+        QVERIFY(!sheet.box->isEnabled());
+        sheet.bench.link().wire().setSilent(false);
+        sheet.bench.advance(1500);
+        QVERIFY(sheet.box->isEnabled());
+        sheet.table->setCurrentIndex(sheet.valueOf(AxisParameterNumber::ActualVelocity));
+        QVERIFY(!sheet.box->isEnabled());
+    }
+
     void nothingGoesOutUnasked()
     {
         Workbench bench(parse({"--photo", "x"}));
