@@ -10,7 +10,9 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QStandardItemModel>
 #include <QTableView>
@@ -97,7 +99,23 @@ ParametersPage::ParametersPage()
         if (m_selected >= 0)
             write(m_selected, value);
     });
+    connect(m_value->findChild<QLineEdit*>(), &QLineEdit::textEdited, this,
+            [this] { m_typing = true; });
+    m_value->installEventFilter(this);
     m_table->selectRow(0);
+}
+
+bool ParametersPage::eventFilter(QObject* watched, QEvent* event)
+{
+    // These end the typing: the field takes the digits as its value, or drops them.
+    if (event->type() == QEvent::FocusOut)
+        m_typing = false;
+    if (event->type() == QEvent::KeyRelease) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape)
+            m_typing = false;
+    }
+    return Page::eventFilter(watched, event);
 }
 
 void ParametersPage::fill()
@@ -138,6 +156,7 @@ void ParametersPage::fill()
 void ParametersPage::select(int row)
 {
     m_selected = row;
+    m_typing = false;
     if (row < 0)
         return;
     const ParameterInfo& parameter = parameterAt(row);
@@ -204,8 +223,8 @@ void ParametersPage::take(const Command& reply)
             item->setData(reply.getValue(), Qt::EditRole);
         item->setEditable(isWritable(row));
         // An entry that waits for Return stays; a box that is not enabled has none.
-        if (row == m_selected &&
-            (!m_value->isEnabled() || m_value->value() == m_value->lastValue())) {
+        const bool isEntering = m_typing || m_value->value() != m_value->lastValue();
+        if (row == m_selected && !(m_value->isEnabled() && isEntering)) {
             m_value->setValue(reply.getValue());
             m_value->valueHasChanged(reply.getValue());
             m_value->setEnabled(item->isEditable());

@@ -23,6 +23,7 @@ public:
     void refresh() override;
     void poll() override;
     void take(const Command& reply) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     enum Column { NumberColumn, NameColumn, ValueColumn, RangeColumn, UnitColumn, ColumnCount };
@@ -43,6 +44,7 @@ private:
     int m_selected = -1;
     int m_nextRead = 0;
     bool m_filling = false;
+    bool m_typing = false; ///< Digits were typed that the field does not yet count as its value.
 };
 
 #endif

@@ -288,6 +288,38 @@ private Q_SLOTS:
         QVERIFY(!sheet.box->isEnabled());
     }
 
+    void typedDigitsStayWhileAnswersCome()
+    {
+        ParameterSheet sheet({});
+        SimulatedAxis& axis = sheet.bench.link().module().axis(0);
+        sheet.table->setCurrentIndex(sheet.valueOf(AxisParameterNumber::Acceleration));
+        sheet.bench.advance(1500);
+        const auto typeOver = [&sheet](const QString& text) {
+            sheet.box->setFocus();
+            sheet.box->selectAll();
+            User::type(sheet.box, text);
+            sheet.bench.advance(1500);
+        };
+        typeOver("12");
+        User::type(sheet.box, "34");
+        QTest::keyClick(sheet.box, Qt::Key_Return);
+        sheet.bench.advance(1500);
+        QCOMPARE(axis.read(AxisParameterNumber::Acceleration), 1234);
+
+        typeOver("777");
+        QTest::keyClick(sheet.box, Qt::Key_Escape);
+        QCOMPARE(sheet.box->value(), 1234.0);
+        axis.write(AxisParameterNumber::Acceleration, 900); // by another host
+        sheet.bench.advance(1500);
+        QCOMPARE(sheet.box->value(), 900.0);
+
+        typeOver("777");
+        sheet.table->setCurrentIndex(sheet.valueOf(AxisParameterNumber::MaxVelocity));
+        sheet.bench.advance(1500);
+        QCOMPARE(sheet.box->value(), 4000.0);
+        QCOMPARE(sheet.writes.size(), 1);
+    }
+
     void nothingGoesOutUnasked()
     {
         Workbench bench(parse({"--photo", "x"}));
