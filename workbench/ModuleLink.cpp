@@ -24,6 +24,22 @@ bool isAnswerTo(const Command& reply, const Command& request)
            u8(reply.getMotorBank()) == u8(request.getMotorBank());
 }
 
+/// Whether a request can set the axis in motion that a stop is for.
+bool isMotion(const Command& request, const Command& stop)
+{
+    if (u8(request.getAddress()) != u8(stop.getAddress()) ||
+        u8(request.getMotorBank()) != u8(stop.getMotorBank()))
+        return false;
+    const quint8 type = u8(request.getType());
+    const bool isTarget = type == AxisParameterNumber::TargetPosition ||
+                          type == AxisParameterNumber::TargetVelocity ||
+                          type == AxisParameterNumber::TargetCurrent;
+    return carries(request.getCommand(), Instruction::ROR) ||
+           carries(request.getCommand(), Instruction::ROL) ||
+           carries(request.getCommand(), Instruction::MVP) ||
+           (carries(request.getCommand(), Instruction::SAP) && isTarget);
+}
+
 } // namespace
 
 ModuleLink::ModuleLink(const Weather& weather, QObject* parent)
@@ -56,23 +72,58 @@ void ModuleLink::command(const Command& request)
         emit gaveUp(request, tr("not connected"));
         return;
     }
-    lane(Lane::Command).push_back({request});
+    if (isStop(request))
+        stop(request);
+    else
+        lane(Lane::Command).push_back({request});
+}
+
+bool ModuleLink::isStop(const Command& request) const
+{
+    return carries(request.getCommand(), Instruction::MST) &&
+           u8(request.getAddress()) == u8(m_address) &&
+           u8(request.getMotorBank()) < SimulatedModule::Axes;
+}
+
+void ModuleLink::stop(const Command& request)
+{
+    addOnce(Lane::Stop, request);
+    dropCommands([&request](const Command& waiting) { return isMotion(waiting, request); });
 }
 
 void ModuleLink::read(const Command& request)
 {
+    if (isOpen())
+        addOnce(Lane::Read, request);
+}
+
+void ModuleLink::addOnce(Lane where, const Command& request)
+{
     const auto same = [&request](const Entry& entry) { return isAnswerTo(entry.request, request); };
-    const auto& waiting = lane(Lane::Read);
-    if (isOpen() && std::none_of(waiting.begin(), waiting.end(), same))
-        lane(Lane::Read).push_back({request});
+    auto& waiting = lane(where);
+    if (std::none_of(waiting.begin(), waiting.end(), same))
+        waiting.push_back({request});
+}
+
+/// Gives up the commands that a stop overtakes.
+void ModuleLink::dropCommands(const std::function<bool(const Command&)>& isDropped)
+{
+    std::deque<Entry> dropped;
+    std::deque<Entry> kept;
+    for (const Entry& entry : lane(Lane::Command))
+        (isDropped(entry.request) ? dropped : kept).push_back(entry);
+    lane(Lane::Command) = kept;
+    const QPointer<ModuleLink> self(this);
+    for (const Entry& entry : dropped) {
+        if (self)
+            emit gaveUp(entry.request, tr("overtaken by the stop"));
+    }
 }
 
 void ModuleLink::stopAll()
 {
     if (!isOpen())
         return;
-    std::deque<Entry> dropped;
-    dropped.swap(lane(Lane::Command));
     lane(Lane::Stop).clear();
     m_onItsWay.reset();
     for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
@@ -81,8 +132,7 @@ void ModuleLink::stopAll()
         lane(Lane::Stop).push_back({stop});
     }
     sendNext();
-    for (const Entry& entry : dropped)
-        emit gaveUp(entry.request, tr("overtaken by the stop"));
+    dropCommands([](const Command&) { return true; });
 }
 
 int ModuleLink::pendingReads() const

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <deque>
+#include <functional>
 #include <optional>
 
 /// The host's link to the module, on the module's virtual clock. One request is on its way at a
@@ -34,14 +35,16 @@ public:
     /// Drops everything that waits.
     void close();
 
-    /// A command of the user: sent before any read that waits.
+    /// A command of the user: sent before any read that waits. The stop of one axis goes into the
+    /// lane of the stops and drops what waits to move that axis, except a stop that the module
+    /// could never acknowledge (other address, no such axis): it is a command like any other.
     void command(const Command& request);
     /// A read. One that already waits is not queued again.
     void read(const Command& request);
     /// Stops every axis now: overtakes everything, forgets the request on its way and drops the
     /// commands that wait.
     void stopAll();
-    /// True until the module has acknowledged the stop of every axis.
+    /// True until the module has acknowledged every stop.
     bool isStopping() const { return !lane(Lane::Stop).empty() || isOnItsWay(Lane::Stop); }
 
     /// Reads that wait or are on their way.
@@ -89,6 +92,10 @@ private:
     const std::deque<Entry>& lane(Lane lane) const { return m_lanes[static_cast<size_t>(lane)]; }
     bool isOnItsWay(Lane lane) const { return m_onItsWay && m_onItsWay->lane == lane; }
 
+    bool isStop(const Command& request) const;
+    void stop(const Command& request);
+    void addOnce(Lane where, const Command& request);
+    void dropCommands(const std::function<bool(const Command&)>& isDropped);
     void tick();
     void sendNext();
     void take(const Command& reply);

@@ -74,6 +74,48 @@ private Q_SLOTS:
         QCOMPARE(traffic.link.module().axis(1).velocity(), 0.0);
     }
 
+    void stopOfOneAxisIsRepeatedAndDropsItsMotion()
+    {
+        Traffic traffic;
+        traffic.link.command(request(Instruction::ROR, 0, 500));
+        traffic.link.advance(1000);
+        traffic.link.wire().setSilent(true);
+        const Command motions[] = {request(Instruction::ROR, 0, 600),
+                                   request(Instruction::ROL, 0, 600),
+                                   request(Instruction::MVP, 1, 9999),
+                                   request(Instruction::SAP, Number::TargetPosition, 9999),
+                                   request(Instruction::SAP, Number::TargetVelocity, 600),
+                                   request(Instruction::SAP, Number::TargetCurrent, 600)};
+        QStringList lines;
+        for (const Command& motion : motions) {
+            traffic.link.command(motion);
+            lines << line(motion);
+        }
+        traffic.link.command(request(Instruction::SAP, Number::Acceleration, 777));
+        traffic.link.command(request(Instruction::ROL, 0, 600, 1));
+        traffic.link.command(request(Instruction::MST, 0));
+        QCOMPARE(traffic.gaveUp, lines);
+        traffic.link.advance(500);
+        QVERIFY(traffic.link.isStopping());
+        traffic.link.wire().setSilent(false);
+        traffic.link.advance(2000);
+        QVERIFY(!traffic.link.isStopping());
+        QCOMPARE(traffic.link.module().axis(0).velocity(), 0.0);
+        QCOMPARE(traffic.link.module().axis(0).read(Number::Acceleration), 777);
+        QCOMPARE(qRound(traffic.link.module().axis(1).velocity()), -600);
+    }
+
+    void stopThatTheModuleCannotTakeBlocksNothing()
+    {
+        Traffic traffic;
+        traffic.link.command(request(Instruction::MST, 0, 0, 7));
+        traffic.link.command(Command(9, toByte(Instruction::MST), 0, 0, 0));
+        traffic.link.command(request(Instruction::SAP, Number::Acceleration, 777));
+        traffic.link.advance(200);
+        QVERIFY(!traffic.link.isStopping());
+        QCOMPARE(traffic.link.module().axis(0).read(Number::Acceleration), 777);
+    }
+
     void silentModule()
     {
         Traffic traffic;
