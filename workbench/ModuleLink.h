@@ -58,7 +58,7 @@ public:
     void doDirectRequest(Command* request, Command* reply) override;
 
     /// Runs on until no stop or command waits for its answer, a second at the most: before the
-    /// program ends.
+    /// link is closed and before the program ends.
     void finishCommands();
 
     /// Moves the module and the link on.

@@ -241,8 +241,11 @@ void Workbench::takeOpened(const QString& link, char address)
 
 void Workbench::takeClosed()
 {
+    m_link.finishCommands();
+    const bool isStopLost = m_link.isStopping();
     m_link.close();
-    tell(tr("Disconnected"));
+    tell(isStopLost ? tr("Disconnected. The module has NOT acknowledged the stop.")
+                    : tr("Disconnected"));
 }
 
 void Workbench::takeAnswer(const Command& request, const Command& reply)

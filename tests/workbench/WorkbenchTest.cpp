@@ -133,6 +133,23 @@ private Q_SLOTS:
         QCOMPARE(bench.link().module().axis(0).velocity(), 0.0);
     }
 
+    void disconnectingFinishesTheStop()
+    {
+        Workbench bench(parse({"--photo", "x"}));
+        bench.show();
+        open(bench);
+        SimulatedAxis& axis = bench.link().module().axis(0);
+        axis.rotate(300);
+        bench.advance(1000);
+        bench.link().wire().setSilent(true);
+        bench.stopAxes(); // is not heard
+        bench.link().wire().setSilent(false);
+        User::click(User::find<QPushButton>(bench.findChild<Connection*>(), "btnDisconnect"));
+        QVERIFY(!bench.link().isOpen());
+        bench.advance(1000);
+        QCOMPARE(axis.velocity(), 0.0);
+    }
+
     void pollingLeavesASlowModuleRoom()
     {
         constexpr int RoundTrip = 31;
