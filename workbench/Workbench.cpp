@@ -82,8 +82,13 @@ Workbench::Workbench(const WorkbenchOptions& options)
 
 Workbench::~Workbench()
 {
-    // The link outlives the pages' last words, but the window's slots do not.
+    // The pages go while the link still carries their last words, such as the stop of a jog; what
+    // those bring forth no longer concerns the window.
     disconnect(&m_link, nullptr, this, nullptr);
+    for (const Page* page : qAsConst(m_pages))
+        page->disconnect(this);
+    delete takeCentralWidget();
+    m_link.finishCommands();
 }
 
 QStringList Workbench::pageNames()

@@ -33,12 +33,14 @@ void open(Workbench& bench)
 struct ParameterSheet {
     Workbench bench;
     QTableView* table;
+    QComboBox* axis;
     SpinBox* box;
     QStringList writes;
 
     explicit ParameterSheet(const QStringList& arguments)
         : bench(parse(QStringList{"--photo", "x", "--page", "parameters"} + arguments))
         , table(User::find<QWidget>(&bench, "parameters")->findChild<QTableView*>())
+        , axis(User::find<QWidget>(&bench, "parameters")->findChild<QComboBox*>())
         , box(User::find<SpinBox>(&bench, "sbParameter"))
     {
         QObject::connect(&bench.link(), &ModuleLink::sent, [this](const Command& request) {
@@ -148,6 +150,24 @@ private Q_SLOTS:
         QVERIFY(!bench.link().isOpen());
         bench.advance(1000);
         QCOMPARE(axis.velocity(), 0.0);
+    }
+
+    void destroyingTheWindowEndsAJog()
+    {
+        QStringList answered;
+        {
+            Workbench bench(parse({"--photo", "x", "--page", "motion"}));
+            bench.show();
+            open(bench);
+            auto* panel = User::find<VelocityControl>(&bench, "VelocityControl0");
+            User::press(User::find<QPushButton>(panel, "btnJogLeft"));
+            bench.advance(100);
+            connect(&bench.link(), &ModuleLink::answered, this,
+                    [&answered](const Command& request) {
+                        answered << requestText(request).section(' ', 0, 0);
+                    });
+        }
+        QVERIFY2(answered.contains("MST"), qPrintable(answered.join(' ')));
     }
 
     void pollingLeavesASlowModuleRoom()
@@ -275,7 +295,7 @@ private Q_SLOTS:
         QVERIFY(maximum.flags() & Qt::ItemIsEditable);
         leaveUnchanged();
         sheet.bench.link().wire().setSilent(true);
-        User::find<QWidget>(&sheet.bench, "parameters")->findChild<QComboBox*>()->setCurrentIndex(1);
+        sheet.axis->setCurrentIndex(1);
         leaveUnchanged();
         QCOMPARE(sheet.writes, QStringList());
         QVERIFY(!(maximum.flags() & Qt::ItemIsEditable));
@@ -296,7 +316,7 @@ private Q_SLOTS:
         sheet.bench.advance(500);
         QCOMPARE(sheet.writes, QStringList());
         sheet.bench.link().wire().setSilent(true);
-        User::find<QWidget>(&sheet.bench, "parameters")->findChild<QComboBox*>()->setCurrentIndex(1);
+        sheet.axis->setCurrentIndex(1);
         QVERIFY(!sheet.box->isEnabled());
         sheet.bench.link().wire().setSilent(false);
         sheet.bench.advance(1500);
