@@ -50,9 +50,9 @@ ModuleLink::ModuleLink(const Weather& weather, QObject* parent)
 
 void ModuleLink::open(char address)
 {
+    m_address = address;
     if (isOpen())
         return;
-    m_address = address;
     m_timeOuts = 0;
     m_sinceAnswer = 0;
     setState(State::Answering);

@@ -30,6 +30,7 @@ public:
 
     State state() const { return m_state; }
     bool isOpen() const { return m_state != State::Closed; }
+    /// On an open link only the address changes.
     /// \param address of the module, to which the stops go
     void open(char address = 1);
     /// Drops everything that waits.

@@ -155,13 +155,13 @@ void Workbench::restoreWindow(const QString& page)
 
 void Workbench::closeEvent(QCloseEvent* event)
 {
-    hide(); // a jog button that is held stops its axis now
-    m_link.finishCommands();
     if (!m_unattended) {
         AppSettings settings;
-        settings.setValue(geometryKey, saveGeometry());
+        settings.setValue(geometryKey, saveGeometry()); // of the window as it is still shown
         settings.setValue(pageKey, currentPage()->name());
     }
+    hide(); // a jog button that is held stops its axis now
+    m_link.finishCommands();
     QMainWindow::closeEvent(event);
 }
 

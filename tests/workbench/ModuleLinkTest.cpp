@@ -206,6 +206,14 @@ private Q_SLOTS:
         QVERIFY(!none.isValid());
     }
 
+    void openedAgainStopsTheNewAddress()
+    {
+        Traffic traffic;
+        traffic.link.open(2);
+        traffic.link.stopAll();
+        QCOMPARE(traffic.sent, QStringList("2 3 0 0 0"));
+    }
+
     void closedLinkSendsNothing()
     {
         Traffic traffic;

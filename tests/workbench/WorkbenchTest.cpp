@@ -88,6 +88,8 @@ private Q_SLOTS:
         QTest::newRow("unknown option") << QStringList{"--fly"};
         QTest::newRow("unknown page") << QStringList{"--page", "kitchen"};
         QTest::newRow("no number") << QStringList{"--seed", "x"};
+        QTest::newRow("half a seed") << QStringList{"--seed", "1.5"};
+        QTest::newRow("half a millisecond") << QStringList{"--delay", "0.5"};
         QTest::newRow("out of range") << QStringList{"--late", "101"};
         QTest::newRow("not a number") << QStringList{"--late", "nan"};
         QTest::newRow("stray word") << QStringList{"tour"};
