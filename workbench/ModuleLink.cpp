@@ -6,7 +6,7 @@
 #include <QPointer>
 
 #include <algorithm>
-#include <vector>
+#include <utility>
 
 namespace
 {
@@ -15,6 +15,7 @@ constexpr int AnswerWithin = 100; // ms
 constexpr int ReadTries = 3;
 constexpr int SilentAfter = 3;   // time-outs in a row
 constexpr int StaleAfter = 1000; // ms
+constexpr int QuietFor = 200;    // ms
 
 bool isAnswerTo(const Command& reply, const Command& request)
 {
@@ -24,17 +25,20 @@ bool isAnswerTo(const Command& reply, const Command& request)
            u8(reply.getMotorBank()) == u8(request.getMotorBank());
 }
 
-/// Whether it may set its axis in motion.
-bool moves(const Command& request)
+/// Whether a request can set the axis in motion that a stop is for.
+bool isMotion(const Command& request, const Command& stop)
 {
-    const auto instruction = static_cast<Instruction>(u8(request.getCommand()));
-    if (instruction != Instruction::SAP)
-        return instruction == Instruction::ROR || instruction == Instruction::ROL ||
-               instruction == Instruction::MVP;
+    if (u8(request.getAddress()) != u8(stop.getAddress()) ||
+        u8(request.getMotorBank()) != u8(stop.getMotorBank()))
+        return false;
     const quint8 type = u8(request.getType());
-    return type == AxisParameterNumber::TargetPosition ||
-           type == AxisParameterNumber::TargetVelocity ||
-           type == AxisParameterNumber::TargetCurrent;
+    const bool isTarget = type == AxisParameterNumber::TargetPosition ||
+                          type == AxisParameterNumber::TargetVelocity ||
+                          type == AxisParameterNumber::TargetCurrent;
+    return carries(request.getCommand(), Instruction::ROR) ||
+           carries(request.getCommand(), Instruction::ROL) ||
+           carries(request.getCommand(), Instruction::MVP) ||
+           (carries(request.getCommand(), Instruction::SAP) && isTarget);
 }
 
 } // namespace
@@ -69,73 +73,77 @@ void ModuleLink::command(const Command& request)
         emit gaveUp(request, tr("not connected"));
         return;
     }
-    if (carries(request.getCommand(), Instruction::MST) &&
-        u8(request.getAddress()) == u8(m_address) &&
-        u8(request.getMotorBank()) < SimulatedModule::Axes)
+    if (isStop(request))
         stop(request);
     else
         lane(Lane::Command).push_back({request});
 }
 
+bool ModuleLink::isStop(const Command& request) const
+{
+    return carries(request.getCommand(), Instruction::MST) &&
+           u8(request.getAddress()) == u8(m_address) &&
+           u8(request.getMotorBank()) < SimulatedModule::Axes;
+}
+
 void ModuleLink::stop(const Command& request)
 {
-    std::vector<Command> dropped;
-    auto& waiting = lane(Lane::Command);
-    for (auto entry = waiting.begin(); entry != waiting.end();) {
-        if (entry->request.getMotorBank() != request.getMotorBank() || !moves(entry->request)) {
-            ++entry;
-            continue;
-        }
-        dropped.push_back(entry->request);
-        entry = waiting.erase(entry);
-    }
-    lane(Lane::Stop).push_back({request});
-    if (isOnItsWay(Lane::Read)) // will be asked for again
-        m_onItsWay.reset();
-    if (!m_onItsWay)
-        sendNext();
-    const QPointer<ModuleLink> self(this);
-    for (const Command& lost : dropped) {
-        if (self)
-            emit gaveUp(lost, tr("overtaken by the stop"));
-    }
+    addOnce(Lane::Stop, request);
+    dropCommands([&request](const Command& waiting) { return isMotion(waiting, request); });
 }
 
 void ModuleLink::read(const Command& request)
 {
+    if (isOpen())
+        addOnce(Lane::Read, request);
+}
+
+void ModuleLink::addOnce(Lane where, const Command& request)
+{
     const auto same = [&request](const Entry& entry) { return isAnswerTo(entry.request, request); };
-    const auto& waiting = lane(Lane::Read);
-    if (isOpen() && std::none_of(waiting.begin(), waiting.end(), same))
-        lane(Lane::Read).push_back({request});
+    auto& waiting = lane(where);
+    if (std::none_of(waiting.begin(), waiting.end(), same))
+        waiting.push_back({request});
+}
+
+/// Gives up the commands that a stop overtakes.
+void ModuleLink::dropCommands(const std::function<bool(const Command&)>& isDropped)
+{
+    std::deque<Entry> dropped;
+    std::deque<Entry> kept;
+    for (const Entry& entry : lane(Lane::Command))
+        (isDropped(entry.request) ? dropped : kept).push_back(entry);
+    lane(Lane::Command) = kept;
+    const QPointer<ModuleLink> self(this);
+    for (const Entry& entry : dropped) {
+        if (self)
+            emit gaveUp(entry.request, tr("overtaken by the stop"));
+    }
 }
 
 void ModuleLink::stopAll()
 {
     if (!isOpen())
         return;
-    std::deque<Entry> dropped;
-    dropped.swap(lane(Lane::Command));
     lane(Lane::Stop).clear();
-    m_onItsWay.reset();
+    const std::optional<OnItsWay> forgotten = std::exchange(m_onItsWay, std::nullopt);
     for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
         const Command stop(m_address, toByte(Instruction::MST), 0, toByte(axis), 0);
         m_wire.send(stop); // at once for all axes; the lane then sees to the acknowledgements
         lane(Lane::Stop).push_back({stop});
     }
     sendNext();
-    for (const Entry& entry : dropped)
-        emit gaveUp(entry.request, tr("overtaken by the stop"));
+    const QPointer<ModuleLink> self(this);
+    if (forgotten && forgotten->lane == Lane::Command)
+        emit gaveUp(forgotten->entry.request,
+                    tr("overtaken by the stop; it may have been executed"));
+    if (self)
+        dropCommands([](const Command&) { return true; });
 }
 
 int ModuleLink::pendingReads() const
 {
     return static_cast<int>(lane(Lane::Read).size()) + (isOnItsWay(Lane::Read) ? 1 : 0);
-}
-
-bool ModuleLink::isIdle() const
-{
-    return !m_onItsWay && std::all_of(m_lanes.begin(), m_lanes.end(),
-                                      [](const auto& waiting) { return waiting.empty(); });
 }
 
 void ModuleLink::doDirectRequest(Command* request, Command* reply)
@@ -199,8 +207,13 @@ void ModuleLink::tick()
         return;
     if (m_onItsWay && ++m_onItsWay->entry.age >= AnswerWithin)
         timeOut();
-    if (self && isOpen() && !m_onItsWay)
-        sendNext();
+    if (!self || !isOpen() || m_onItsWay)
+        return;
+    const auto isEmpty = [](const std::deque<Entry>& waiting) { return waiting.empty(); };
+    if (m_sinceAnswer > QuietFor && std::all_of(m_lanes.begin(), m_lanes.end(), isEmpty))
+        read(Command(m_address, toByte(Instruction::GAP),
+                     toByte(AxisParameterNumber::ActualVelocity), 0, 0));
+    sendNext();
 }
 
 void ModuleLink::sendNext()

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <deque>
+#include <functional>
 #include <optional>
 
 /// The host's link to the module, on the module's virtual clock. One request is on its way at a
@@ -15,9 +16,10 @@
 ///
 /// Reads are repeated when no answer comes. A command is sent once only, for its lost answer may
 /// mean a lost request as well as an executed one; and one that could not be sent within a second
-/// is dropped, for nobody expects it any more. A stop of an axis, wherever it comes from, is
-/// repeated until the module acknowledges it, and drops the motion commands for this axis that
-/// wait.
+/// is dropped, for nobody expects it any more. A stop is repeated until the module acknowledges it.
+///
+/// When nothing waits and the module has not answered for 200 ms, the link reads the velocity of
+/// axis 0 by itself, so that a silent module is noticed also when nobody asks anything.
 class ModuleLink : public CommandHandlerInterface
 {
     Q_OBJECT
@@ -28,27 +30,28 @@ public:
 
     State state() const { return m_state; }
     bool isOpen() const { return m_state != State::Closed; }
-    /// \param address of the module, to which the stops go; taken over also when it is open
+    /// On an open link only the address changes.
+    /// \param address of the module, to which the stops go
     void open(char address = 1);
     /// Drops everything that waits.
     void close();
 
-    /// A command of the user: sent before any read that waits.
+    /// A command of the user: sent before any read that waits. The stop of one axis goes into the
+    /// lane of the stops and drops what waits to move that axis, except a stop that the module
+    /// could never acknowledge (other address, no such axis): it is a command like any other.
     void command(const Command& request);
     /// A read. One that already waits is not queued again.
     void read(const Command& request);
     /// Stops every axis now: overtakes everything, forgets the request on its way and drops the
     /// commands that wait.
     void stopAll();
-    /// True until the module has acknowledged the stop of every axis.
+    /// True until the module has acknowledged every stop.
     bool isStopping() const { return !lane(Lane::Stop).empty() || isOnItsWay(Lane::Stop); }
 
     /// Reads that wait or are on their way.
     int pendingReads() const;
     /// Round trips completed since the start.
     int answers() const { return m_answers; }
-    /// Nothing waits or is on its way.
-    bool isIdle() const;
     /// Milliseconds since the module last answered.
     qint64 silentFor() const { return m_sinceAnswer; }
 
@@ -56,7 +59,7 @@ public:
     void doDirectRequest(Command* request, Command* reply) override;
 
     /// Runs on until no stop or command waits for its answer, a second at the most: before the
-    /// program ends.
+    /// link is closed and before the program ends.
     void finishCommands();
 
     /// Moves the module and the link on.
@@ -90,8 +93,11 @@ private:
     const std::deque<Entry>& lane(Lane lane) const { return m_lanes[static_cast<size_t>(lane)]; }
     bool isOnItsWay(Lane lane) const { return m_onItsWay && m_onItsWay->lane == lane; }
 
-    void tick();
+    bool isStop(const Command& request) const;
     void stop(const Command& request);
+    void addOnce(Lane where, const Command& request);
+    void dropCommands(const std::function<bool(const Command&)>& isDropped);
+    void tick();
     void sendNext();
     void take(const Command& reply);
     void timeOut();

@@ -102,7 +102,9 @@ MotionPage::MotionPage(SimulatedModule& module) : Page(QStringLiteral("motion"),
 
 MotionPage::~MotionPage()
 {
-    qDeleteAll(m_panels); // while this page can still pass on the stop of a jog
+    // A panel that goes ends its jog. The stop is passed on by this page, so the panels go before
+    // it does, and the page before the link.
+    qDeleteAll(m_panels);
 }
 
 QWidget* MotionPage::makeAxis(SimulatedModule& module, int axis)

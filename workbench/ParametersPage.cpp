@@ -92,27 +92,35 @@ ParametersPage::ParametersPage()
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& index) { select(index.row()); });
     connect(m_model, &QStandardItemModel::itemChanged, this, [this](const QStandardItem* item) {
-        if (m_filling || item->column() != ValueColumn)
-            return;
-        const int value = item->data(Qt::EditRole).toInt();
-        const std::optional<int>& read = m_read[size_t(item->row())];
-        if (read && *read != value)
-            write(item->row(), value);
+        if (!m_filling && item->column() == ValueColumn)
+            write(item->row(), item->data(Qt::EditRole).toInt());
     });
     connect(m_value, QOverload<int>::of(&SpinBox::valueChanged), this, [this](int value) {
         if (m_selected >= 0)
             write(m_selected, value);
     });
-    m_value->installEventFilter(this);
     connect(m_value->findChild<QLineEdit*>(), &QLineEdit::textEdited, this,
-            [this] { m_isEdited = true; });
+            [this] { m_typing = true; });
+    m_value->installEventFilter(this);
     m_table->selectRow(0);
+}
+
+bool ParametersPage::eventFilter(QObject* watched, QEvent* event)
+{
+    // These end the typing: the field takes the digits as its value, or drops them.
+    if (event->type() == QEvent::FocusOut)
+        m_typing = false;
+    if (event->type() == QEvent::KeyRelease) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape)
+            m_typing = false;
+    }
+    return Page::eventFilter(watched, event);
 }
 
 void ParametersPage::fill()
 {
     const QScopedValueRollback<bool> filling(m_filling, true);
-    m_read.assign(axisParameters().size(), std::nullopt);
     m_model->setColumnCount(ColumnCount);
     m_model->setRowCount(rowCount());
     m_model->setHorizontalHeaderLabels(
@@ -142,13 +150,13 @@ void ParametersPage::fill()
     m_table->setColumnWidth(NameColumn, 260);
     m_table->setColumnWidth(RangeColumn, 190);
     m_nextRead = 0;
-    if (m_selected >= 0)
-        m_table->selectRow(m_selected);
+    select(m_selected);
 }
 
 void ParametersPage::select(int row)
 {
     m_selected = row;
+    m_typing = false;
     if (row < 0)
         return;
     const ParameterInfo& parameter = parameterAt(row);
@@ -158,28 +166,18 @@ void ParametersPage::select(int row)
     delete m_delegate;
     m_delegate = delegate;
 
-    const std::optional<int>& read = m_read[size_t(row)];
-    const int value = read.value_or(qBound(parameter.minimum, 0, parameter.maximum));
-    m_isNew = true;
-    m_isEdited = false;
+    const QStandardItem* item = m_model->item(row, ValueColumn);
+    const bool isRead = !item->text().isEmpty();
+    const int value =
+        isRead ? item->data(Qt::EditRole).toInt() : qBound(parameter.minimum, 0, parameter.maximum);
     m_caption->setText(
         m_value->setUnitParameter(describe(parameter), *parameter.unit == 0, value, 0));
     m_value->setValue(value);
     m_value->valueHasChanged(value);
-    m_value->setEnabled(isWritable(row) && read);
+    if (!isRead)
+        m_value->clear();
+    m_value->setEnabled(item->isEditable());
     readRow(row);
-}
-
-bool ParametersPage::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == m_value && event->type() == QEvent::FocusOut)
-        m_isEdited = false;
-    if (watched == m_value && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape)
-            m_isEdited = false;
-    }
-    return Page::eventFilter(watched, event);
 }
 
 void ParametersPage::readRow(int row)
@@ -219,18 +217,17 @@ void ParametersPage::take(const Command& reply)
     for (int row = 0; row < rowCount(); ++row) {
         if (parameterAt(row).number != u8(reply.getType()))
             continue;
-        m_read[size_t(row)] = reply.getValue();
         QStandardItem* item = m_model->item(row, ValueColumn);
-        item->setEditable(isWritable(row));
         // A cell in which the user edits stays, so that leaving it unchanged writes nothing.
         if (!m_table->isPersistentEditorOpen(item->index()))
             item->setData(reply.getValue(), Qt::EditRole);
-        const bool waitsForReturn = m_isEdited || m_value->value() != m_value->lastValue();
-        if (row == m_selected && (m_isNew || !waitsForReturn)) {
-            m_isNew = false;
+        item->setEditable(isWritable(row));
+        // An entry that waits for Return stays; a box that is not enabled has none.
+        const bool isEntering = m_typing || m_value->value() != m_value->lastValue();
+        if (row == m_selected && !(m_value->isEnabled() && isEntering)) {
             m_value->setValue(reply.getValue());
             m_value->valueHasChanged(reply.getValue());
-            m_value->setEnabled(isWritable(row));
+            m_value->setEnabled(item->isEditable());
         }
     }
 }

@@ -3,9 +3,6 @@
 
 #include "Page.h"
 
-#include <optional>
-#include <vector>
-
 class QComboBox;
 class QLabel;
 class QStandardItemModel;
@@ -14,7 +11,8 @@ class SpinBox;
 class SpinBoxDelegate;
 
 /// Every axis parameter of the module in one table, edited in place in device units, and the
-/// selected one below in real units.
+/// selected one below in real units. A value can be edited once it was read: what is shown before
+/// is nobody's value, and leaving it unchanged must not write it.
 class ParametersPage : public Page
 {
     Q_OBJECT
@@ -25,8 +23,6 @@ public:
     void refresh() override;
     void poll() override;
     void take(const Command& reply) override;
-
-protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -45,12 +41,10 @@ private:
     SpinBox* m_value;
     SpinBoxDelegate* m_delegate = nullptr;
     char m_address = 1;
-    std::vector<std::optional<int>> m_read; // what the module said last, by row
     int m_selected = -1;
-    bool m_isNew = false;    // the value below shows nothing that the module said
-    bool m_isEdited = false; // or digits that wait for Return
     int m_nextRead = 0;
     bool m_filling = false;
+    bool m_typing = false; ///< Digits were typed that the field does not yet count as its value.
 };
 
 #endif

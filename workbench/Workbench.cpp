@@ -29,13 +29,11 @@
 namespace
 {
 
-constexpr int ClockInterval = 5;    // ms
-constexpr int LongestStep = 100;    // ms; after a pause the module does not race to catch up
-constexpr int PollInterval = 50;    // ms
-constexpr int HeartbeatAfter = 200; // ms without an answer
-constexpr char UpTime = 4;          // global parameter, bank 0
-constexpr int RateInterval = 1000;  // ms
-constexpr int MessageTime = 8000;   // ms
+constexpr int ClockInterval = 5;   // ms
+constexpr int LongestStep = 100;   // ms; after a pause the module does not race to catch up
+constexpr int PollInterval = 50;   // ms
+constexpr int RateInterval = 1000; // ms
+constexpr int MessageTime = 8000;  // ms
 const QString geometryKey = QStringLiteral("Workbench/Geometry");
 const QString pageKey = QStringLiteral("Workbench/Page");
 
@@ -88,8 +86,11 @@ Workbench::Workbench(const WorkbenchOptions& options)
 
 Workbench::~Workbench()
 {
-    // The pages' last words still reach the module, but not the window, which is half gone.
+    // The pages go while the link still carries their last words, such as the stop of a jog; what
+    // those bring forth no longer concerns the window.
     disconnect(&m_link, nullptr, this, nullptr);
+    for (const Page* page : qAsConst(m_pages))
+        page->disconnect(this);
     delete takeCentralWidget();
     m_link.finishCommands();
 }
@@ -163,9 +164,9 @@ void Workbench::restoreWindow(const QString& page)
 
 void Workbench::closeEvent(QCloseEvent* event)
 {
-    if (!m_unattended) { // while the window is where the user left it
+    if (!m_unattended) {
         AppSettings settings;
-        settings.setValue(geometryKey, saveGeometry());
+        settings.setValue(geometryKey, saveGeometry()); // of the window as it is still shown
         settings.setValue(pageKey, currentPage()->name());
     }
     hide(); // a jog button that is held stops its axis now
@@ -224,9 +225,6 @@ void Workbench::advanceSlice(int milliseconds)
 {
     m_time += milliseconds;
     m_link.advance(milliseconds);
-    // Silence must show also where nothing is polled.
-    if (m_link.isOpen() && m_link.isIdle() && m_link.silentFor() >= HeartbeatAfter)
-        m_link.read(Command(m_address, toByte(Instruction::GGP), UpTime, 0, 0));
     m_untilPoll -= milliseconds;
     if (m_untilPoll <= 0) {
         m_untilPoll = PollInterval;
@@ -249,7 +247,6 @@ void Workbench::advanceSlice(int milliseconds)
 void Workbench::takeOpened(const QString& link, char address)
 {
     m_linkName = link;
-    m_address = address;
     for (Page* page : qAsConst(m_pages))
         page->setAddress(address);
     m_link.open(address);
@@ -260,9 +257,11 @@ void Workbench::takeOpened(const QString& link, char address)
 
 void Workbench::takeClosed()
 {
-    m_link.finishCommands(); // a stop must not be lost with the link
+    m_link.finishCommands();
+    const bool isStopLost = m_link.isStopping();
     m_link.close();
-    tell(tr("Disconnected"));
+    tell(isStopLost ? tr("Disconnected. The module has NOT acknowledged the stop.")
+                    : tr("Disconnected"));
 }
 
 void Workbench::takeAnswer(const Command& request, const Command& reply)

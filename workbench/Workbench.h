@@ -67,7 +67,6 @@ private:
     const bool m_unattended;
     ModuleLink m_link;
     QString m_linkName;
-    char m_address = 1;
     QList<Page*> m_pages;
     ConnectionPage* m_connection = nullptr;
     ConsolePage* m_console = nullptr;

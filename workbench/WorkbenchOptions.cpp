@@ -4,6 +4,8 @@
 
 #include <QCommandLineParser>
 
+#include <cmath>
+
 namespace
 {
 
@@ -41,34 +43,22 @@ class Reader
 public:
     explicit Reader(const QCommandLineParser& parser) : m_parser(parser) {}
 
-    double number(const QString& name, double minimum, double maximum, double fallback)
+    enum class Numbers { Whole, Any };
+
+    double number(const QString& name, Numbers numbers, double minimum, double maximum,
+                  double fallback)
     {
         if (!m_parser.isSet(name))
             return fallback;
         bool ok = false;
         const double value = m_parser.value(name).toDouble(&ok);
-        if (ok && value >= minimum && value <= maximum)
+        const bool whole = numbers == Numbers::Whole;
+        if (ok && value >= minimum && value <= maximum && !(whole && value != std::floor(value)))
             return value;
-        complain(QStringLiteral("--%1 takes a number from %2 to %3, not \"%4\"")
-                     .arg(name)
+        complain(QStringLiteral("--%1 takes a %2number from %3 to %4, not \"%5\"")
+                     .arg(name, whole ? QStringLiteral("whole ") : QString())
                      .arg(minimum)
                      .arg(maximum, 0, 'f', 0)
-                     .arg(m_parser.value(name)));
-        return fallback;
-    }
-
-    qint64 wholeNumber(const QString& name, qint64 minimum, qint64 maximum, qint64 fallback)
-    {
-        if (!m_parser.isSet(name))
-            return fallback;
-        bool ok = false;
-        const qint64 value = m_parser.value(name).toLongLong(&ok);
-        if (ok && value >= minimum && value <= maximum)
-            return value;
-        complain(QStringLiteral("--%1 takes a whole number from %2 to %3, not \"%4\"")
-                     .arg(name)
-                     .arg(minimum)
-                     .arg(maximum)
                      .arg(m_parser.value(name)));
         return fallback;
     }
@@ -132,15 +122,16 @@ WorkbenchOptions WorkbenchOptions::parse(const QStringList& arguments, const QSt
     if (!options.tourFolder.isEmpty() && !options.photoFile.isEmpty())
         reader.complain(QStringLiteral("--tour and --photo do not go together"));
 
-    options.weather.seed =
-        static_cast<quint32>(reader.wholeNumber(QStringLiteral("seed"), 0, 4294967295, 1));
-    const int delay =
-        static_cast<int>(reader.wholeNumber(QString::fromLatin1(delayOption), 0, 10000, 1));
+    options.weather.seed = static_cast<quint32>(
+        reader.number(QStringLiteral("seed"), Reader::Numbers::Whole, 0, 4294967295.0, 1));
+    const int delay = static_cast<int>(
+        reader.number(QString::fromLatin1(delayOption), Reader::Numbers::Whole, 0, 10000, 1));
     options.weather.minimumDelay = delay;
     options.weather.maximumDelay = delay;
     for (const Chance& chance : chances)
         options.weather.*chance.member =
-            reader.number(QString::fromLatin1(chance.name), 0, 100, 0) / 100.0;
+            reader.number(QString::fromLatin1(chance.name), Reader::Numbers::Any, 0, 100, 0) /
+            100.0;
 
     if (!reader.complaint().isEmpty()) {
         options.action = Action::Error;
