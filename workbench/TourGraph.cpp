@@ -4,6 +4,7 @@
 #include "Command.h"
 #include "Graph.h"
 #include "GraphPage.h"
+#include "GraphSelector.h"
 #include "MarkerItem.h"
 #include "Tour.h"
 #include "TourInput.h"
@@ -146,6 +147,9 @@ void Tour::watchCurves()
 
     exportCurves(graph);
     logCurves(graph);
+    selectCurves(graph);
+    passTicks(1000 / Step, {controller});
+    photograph(QStringLiteral("graph"), QStringLiteral("graph-selected"));
     click(find<QPushButton>(QStringLiteral("btnStop"), controller));
     m_bench.showPage(QStringLiteral("motion"));
     click(find<QPushButton>(QStringLiteral("btnStop"), motion));
@@ -229,4 +233,50 @@ void Tour::logCurves(ValueOverTimeGraph* graph)
               .arg(rows.size() - 1)
               .arg(same ? "alike" : "not alike"),
           same);
+}
+
+void Tour::selectCurves(ValueOverTimeGraph* graph)
+{
+    const QString added = QStringLiteral("0 Temperature [°C]");
+    QTimer::singleShot(0, &m_bench, [this, graph, added] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (!menu)
+            qFatal("no context menu came");
+        photographWidget(menu, QStringLiteral("menu of the graph"), QStringLiteral("graph-menu"));
+        QTimer::singleShot(0, graph, [this, added] {
+            auto* dialog = qobject_cast<GraphSelector*>(QApplication::activeModalWidget());
+            if (!dialog)
+                qFatal("no selection dialog came");
+            const auto clickName = [](QTableWidget* table, const QString& name) {
+                constexpr int NameColumn = 2;
+                for (int row = 0; row < table->rowCount(); ++row) {
+                    QTableWidgetItem* cell = table->item(row, NameColumn);
+                    if (cell->text() != name)
+                        continue;
+                    table->scrollToItem(cell);
+                    const QPoint at = table->visualItemRect(cell).center();
+                    mouse(table->viewport(), QEvent::MouseButtonPress, at);
+                    mouse(table->viewport(), QEvent::MouseButtonRelease, at);
+                    return;
+                }
+                qFatal("the table has no row %s", qPrintable(name));
+            };
+            auto* selected = find<QTableWidget>(QStringLiteral("twSelected"), dialog);
+            clickName(find<QTableWidget>(QStringLiteral("twAvailable"), dialog), added);
+            clickName(selected, selected->item(0, 2)->text());
+            photographWidget(dialog, QStringLiteral("selection of curves"),
+                             QStringLiteral("graph-selection"));
+            click(dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok));
+        });
+        menu->setActiveAction(menu->actions().last());
+        press(menu, Qt::Key_Return);
+    });
+    const QString first = graph->getGraphs().first()->getLabel();
+    graph->contextMenuRequest(graph->rect().center());
+    QStringList labels;
+    for (const Graph* curve : graph->getGraphs())
+        labels << curve->getLabel();
+    check(QStringLiteral("drop the first curve and add %1 in the dialog").arg(added),
+          QStringLiteral("4 curves, those"), labels.join(QStringLiteral(", ")),
+          labels.size() == 4 && labels.contains(added) && !labels.contains(first));
 }

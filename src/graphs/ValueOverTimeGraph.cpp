@@ -10,10 +10,12 @@
 #include "GraphCaptionItem.h"
 #include "GraphController.h"
 #include "GraphItem.h"
+#include "GraphSelector.h"
 #include "Logging.h"
 #include "MarkerItem.h"
 #include "MethodName.h"
 #include "Numbers.h"
+#include "SelectionTable_p.h"
 #include "XTimeAxisItem.h"
 #include "ui_ValueOverTimeGraph.h"
 
@@ -472,6 +474,9 @@ void ValueOverTimeGraph::contextMenuRequest(QPoint pos)
         addSwitch(tr("Show min/max marker"), tr("display range of minimum and maximum values"),
                   m_showMinMaxMarker);
     menu->addSeparator();
+    const QAction* select = m_chartSelectorEnabled
+                                ? addEntry(tr("Select items ..."), tr("add given value to graph"))
+                                : nullptr;
 
     const QAction* chosen = menu->exec(mapToGlobal(pos));
     if (!menu) // the widget was deleted meanwhile
@@ -489,7 +494,37 @@ void ValueOverTimeGraph::contextMenuRequest(QPoint pos)
             item->setUseConnectedDataPoints(m_useConnectedDataPoints);
     } else if (chosen == markers) {
         m_showMinMaxMarker = chosen->isChecked();
+    } else if (chosen == select) {
+        selectItems();
     }
+}
+
+void ValueOverTimeGraph::selectItems()
+{
+    const QPointer<ValueOverTimeGraph> self(this);
+    GraphSelector dialog(this, this, &m_traceableParameters);
+    dialog.setWindowFlags(Qt::Dialog | Qt::WindowTitleHint);
+    dialog.setWindowIcon(QIcon(QStringLiteral(":/WindowIcons/Drawer")));
+    if (dialog.exec() != QDialog::Accepted || !self)
+        return;
+
+    removeAllGraphs();
+    const QTableWidget& table = *dialog.getSelectionTable();
+    QMap<QString, QMap<QString, QVariant>> selection;
+    for (int row = 0; row < table.rowCount(); ++row) {
+        const SelectionRow chosen = SelectionTable::read(table, row);
+        addGraph(new Graph(chosen.address, chosen.motor, chosen.command, chosen.type, chosen.name,
+                           chosen.color));
+        const char stored[] = {chosen.address, chosen.motor, chosen.command, chosen.type};
+        selection.insert(BasicTools::iToInt(row, 4, QString(), '0') + chosen.name,
+                         {{QStringLiteral("ba"), QByteArray(stored, sizeof stored)},
+                          {QStringLiteral("col"), chosen.color}});
+    }
+    if (!m_appSettingKey.isEmpty())
+        AppSettings().saveParaMapVariant(selection, m_appSettingKey);
+    emit graphSelectionChanged();
+    if (self)
+        initializeScene();
 }
 
 QString ValueOverTimeGraph::askFileName()

@@ -131,6 +131,7 @@ private:
     bool scaleToData();
     void placeMarker(MarkerItem* marker, double value, double y);
     void setTimeOut(qint64 time);
+    void selectItems();
     QString askFileName();
 
     std::function<qint64()> m_clock; // none: the system's

@@ -141,15 +141,29 @@ void ColorPicker::buttonPressed(bool checked)
 {
     if (!checked)
         return;
-    const QPoint position = mapToGlobal(rect().bottomLeft());
+    m_popup->move(popupPosition());
+    m_popup->mark(m_popup->find(m_color));
+    m_popup->setFocus();
+    m_popup->show();
+}
+
+QColor ColorPicker::exec()
+{
+    const QPointer<ColorPicker> self(this);
+    m_popup->mark(m_popup->find(m_color));
+    m_popup->getColor(popupPosition());
+    return self ? m_color : QColor();
+}
+
+/// Below the button, but on its screen.
+QPoint ColorPicker::popupPosition()
+{
     const QScreen* screen = QGuiApplication::screenAt(mapToGlobal(rect().center()));
     if (!screen)
         screen = QGuiApplication::primaryScreen();
     m_popup->adjustSize();
-    m_popup->move(movedInside(screen->availableGeometry(), position, m_popup->size()));
-    m_popup->mark(m_popup->find(m_color));
-    m_popup->setFocus();
-    m_popup->show();
+    return movedInside(screen->availableGeometry(), mapToGlobal(rect().bottomLeft()),
+                       m_popup->size());
 }
 
 void ColorPicker::popupClosed()

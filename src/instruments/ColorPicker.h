@@ -48,6 +48,10 @@ public:
     void setColorDialogEnabled(bool enabled) { m_withColorDialog = enabled; }
     bool colorDialogEnabled() const { return m_withColorDialog; }
 
+    /// Opens the grid below the button and waits until it closes.
+    /// \return the current colour then; invalid when the picker was destroyed meanwhile
+    QColor exec();
+
     /// Lets the user choose without a button: shows a popup with two greys at `position` on the
     /// screen and waits until it closes.
     /// \param allowCustomColors adds the cell that opens the dialog
@@ -72,6 +76,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    QPoint popupPosition();
+
     ColorPickerPopup* m_popup;
     QColor m_color;
     bool m_withColorDialog;

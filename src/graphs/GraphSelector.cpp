@@ -1,0 +1,184 @@
+#include "GraphSelector.h"
+
+#include "Bytes.h"
+#include "ColorPicker.h"
+#include "Graph.h"
+#include "Instruction.h"
+#include "SelectionTable_p.h"
+#include "TraceCommand.h"
+#include "ValueOverTimeGraph.h"
+#include "ui_GraphSelector.h"
+
+#include <QKeyEvent>
+#include <QPointer>
+#include <QSignalBlocker>
+
+namespace
+{
+
+struct Group {
+    const char* name;
+    int command; // -1: any
+};
+constexpr Group groups[] = {
+    {QT_TRANSLATE_NOOP("GraphSelector", "axis parameter"), static_cast<int>(Instruction::GAP)},
+    {QT_TRANSLATE_NOOP("GraphSelector", "user variables"), static_cast<int>(Instruction::GGP)},
+    {QT_TRANSLATE_NOOP("GraphSelector", "IOs"), static_cast<int>(Instruction::GIO)},
+    {QT_TRANSLATE_NOOP("GraphSelector", "all"), -1}};
+
+SelectionRow rowOf(const TraceCommand& command, const QColor& color)
+{
+    return {command.getCommand(), command.getType(),     command.getCaption(), color,
+            command.getAddress(), command.getMotorBank()};
+}
+
+} // namespace
+
+GraphSelector::GraphSelector(QWidget* parent, ValueOverTimeGraph* graph,
+                             QList<TraceCommand*>* traceCommands)
+    : m_ui(std::make_unique<Ui::GraphSelector>()), m_graph(graph), m_traceCommands(traceCommands)
+{
+    m_ui->setupUi(this);
+    setWindowTitle(
+        tr("Select values for \"%1\" graph").arg(parent ? parent->windowTitle() : QString()));
+    SelectionTable::setUp(m_ui->twAvailable, true);
+    SelectionTable::setUp(m_ui->twSelected, false);
+    m_ui->twAvailable->installEventFilter(this);
+    m_ui->twSelected->installEventFilter(this);
+    const QList<Graph*> graphs = m_graph ? m_graph->getGraphs() : QList<Graph*>();
+    for (const Graph* curve : graphs)
+        SelectionTable::append(m_ui->twSelected,
+                               {curve->getCommand(), curve->getType(), curve->getLabel(),
+                                curve->getColor(), curve->getAddress(), curve->getMotorBank()});
+    {
+        const QSignalBlocker blocker(m_ui->cbGroupSelector);
+        for (const Group& group : groups)
+            m_ui->cbGroupSelector->addItem(tr(group.name));
+    }
+    updateTableWithAvailableParameters();
+    connect(m_ui->twSelected, &QTableWidget::cellClicked, this,
+            &GraphSelector::onLWSelectedClicked);
+    connect(m_ui->twAvailable, &QTableWidget::cellClicked, this,
+            &GraphSelector::onLWAvailableClicked);
+}
+
+GraphSelector::~GraphSelector() = default;
+
+QTableWidget* GraphSelector::getSelectionTable() const { return m_ui->twSelected; }
+
+bool GraphSelector::isParameterSelected(QString text) const
+{
+    const QTableWidget& table = *m_ui->twSelected;
+    for (int row = 0; row < table.rowCount(); ++row) {
+        if (table.item(row, SelectionRow::Command)->text() == text)
+            return true;
+    }
+    return false;
+}
+
+bool GraphSelector::isParameterSelected(const TraceCommand& command) const
+{
+    const SelectionRow wanted = rowOf(command, QColor());
+    const QTableWidget& table = *m_ui->twSelected;
+    for (int row = 0; row < table.rowCount(); ++row) {
+        if (SelectionTable::read(table, row).isSameValue(wanted))
+            return true;
+    }
+    return false;
+}
+
+void GraphSelector::updateTableWithAvailableParameters()
+{
+    const QSignalBlocker blocker(m_ui->twAvailable);
+    m_ui->twAvailable->setRowCount(0);
+    const QString current = m_ui->cbGroupSelector->currentText();
+    for (const Group& group : groups) {
+        if (tr(group.name) != current || !m_traceCommands)
+            continue;
+        for (const TraceCommand* command : qAsConst(*m_traceCommands)) {
+            if (command && (group.command < 0 || u8(command->getCommand()) == group.command) &&
+                !isParameterSelected(*command))
+                SelectionTable::append(m_ui->twAvailable, rowOf(*command, m_defaultColor));
+        }
+    }
+}
+
+bool GraphSelector::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* table = qobject_cast<QTableWidget*>(watched);
+    if (table && event->type() == QEvent::KeyPress && table->currentRow() >= 0) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space) {
+            emit table->cellClicked(table->currentRow(), table->currentColumn());
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void GraphSelector::onLWAvailableClicked(int x, int y)
+{
+    QTableWidget* offered = m_ui->twAvailable;
+    QTableWidget* chosen = m_ui->twSelected;
+    if (y > SelectionRow::Name) {
+        chooseColor(offered, x);
+        return;
+    }
+    const QString name = offered->item(x, SelectionRow::Name)->text();
+    for (int row = 0; row < chosen->rowCount(); ++row) {
+        if (chosen->item(row, SelectionRow::Name)->text() == name)
+            return;
+    }
+    if (SelectionTable::color(*offered, x) == m_defaultColor)
+        SelectionTable::setColor(offered, x, freeColor());
+    SelectionTable::move(offered, x, chosen);
+}
+
+void GraphSelector::onLWSelectedClicked(int x, int y)
+{
+    if (y > SelectionRow::Name) {
+        chooseColor(m_ui->twSelected, x);
+        return;
+    }
+    m_ui->twSelected->removeRow(x);
+    updateTableWithAvailableParameters();
+}
+
+void GraphSelector::on_cbGroupSelector_currentIndexChanged(int)
+{
+    updateTableWithAvailableParameters();
+}
+
+void GraphSelector::chooseColor(QTableWidget* table, int row)
+{
+    const QPointer<GraphSelector> self(this);
+    const QPointer<ColorPicker> picker(new ColorPicker(this, -1, true));
+    picker->setStandardColors();
+    picker->setCurrentColor(SelectionTable::color(*table, row));
+    table->setCellWidget(row, SelectionRow::Color, picker);
+    const QColor color = picker->exec();
+    if (!self)
+        return;
+    if (color.isValid() && row < table->rowCount())
+        SelectionTable::setColor(table, row, color);
+    table->removeCellWidget(row, SelectionRow::Color);
+    table->clearSelection();
+}
+
+/// The first standard colour that can be told from the ground and from the curves; the default one
+/// when there is none.
+QColor GraphSelector::freeColor() const
+{
+    ColorPicker picker(nullptr, -1, true);
+    picker.setStandardColors();
+    const QTableWidget& table = *m_ui->twSelected;
+    const QList<QColor> colors = picker.colorList();
+    for (const QColor& color : colors) {
+        bool isUsed = color == palette().color(QPalette::Base);
+        for (int row = 0; row < table.rowCount(); ++row)
+            isUsed = isUsed || SelectionTable::color(table, row).rgb() == color.rgb();
+        if (!isUsed)
+            return color;
+    }
+    return m_defaultColor;
+}

@@ -1,0 +1,93 @@
+#include "SelectionTable_p.h"
+
+#include "Bytes.h"
+
+#include <QHeaderView>
+
+namespace
+{
+
+constexpr int NumberWidth = 50;
+constexpr int OtherWidth = 269; // all columns but the name, and the scroll bar
+
+char byteOf(const QTableWidget& table, int row, SelectionRow::Column column)
+{
+    return toByte(table.item(row, column)->text().toInt());
+}
+
+} // namespace
+
+bool SelectionRow::isSameValue(const SelectionRow& other) const
+{
+    return command == other.command && type == other.type && address == other.address &&
+           motor == other.motor;
+}
+
+void SelectionTable::setUp(QTableWidget* table, bool withGrid)
+{
+    table->setColumnCount(SelectionRow::ColumnCount);
+    table->setHorizontalHeaderLabels({QTableWidget::tr("Cmd"), QTableWidget::tr("Type"),
+                                      QTableWidget::tr("Name"), QTableWidget::tr("Color"),
+                                      QTableWidget::tr("Address"), QTableWidget::tr("Motor")});
+    QHeaderView* header = table->horizontalHeader();
+    header->setMinimumSectionSize(NumberWidth);
+    header->setSectionResizeMode(QHeaderView::Interactive);
+    for (int column = 0; column < SelectionRow::ColumnCount; ++column)
+        table->setColumnWidth(column, column == SelectionRow::Name
+                                          ? table->maximumWidth() - OtherWidth
+                                          : NumberWidth);
+    table->verticalHeader()->hide();
+    table->verticalHeader()->setMinimumSectionSize(RowHeight);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    table->setShowGrid(withGrid);
+}
+
+void SelectionTable::append(QTableWidget* table, const SelectionRow& row)
+{
+    const int index = table->rowCount();
+    const QString texts[] = {
+        QString::number(u8(row.command)), QString::number(u8(row.type)), row.name, QString(),
+        QString::number(u8(row.address)), QString::number(u8(row.motor))};
+    table->insertRow(index);
+    table->setRowHeight(index, RowHeight);
+    for (int column = 0; column < SelectionRow::ColumnCount; ++column) {
+        auto* cell = new QTableWidgetItem(texts[column]);
+        cell->setTextAlignment(Qt::AlignCenter);
+        table->setItem(index, column, cell);
+    }
+    // the last columns may be out of sight
+    table->item(index, SelectionRow::Name)
+        ->setToolTip(
+            QTableWidget::tr("%1, address %2, motor %3").arg(row.name, texts[4], texts[5]));
+    setColor(table, index, row.color);
+}
+
+SelectionRow SelectionTable::read(const QTableWidget& table, int row)
+{
+    return {byteOf(table, row, SelectionRow::Command),   byteOf(table, row, SelectionRow::Type),
+            table.item(row, SelectionRow::Name)->text(), color(table, row),
+            byteOf(table, row, SelectionRow::Address),   byteOf(table, row, SelectionRow::Motor)};
+}
+
+QColor SelectionTable::color(const QTableWidget& table, int row)
+{
+    return table.item(row, SelectionRow::Color)->background().color();
+}
+
+void SelectionTable::setColor(QTableWidget* table, int row, const QColor& color)
+{
+    table->item(row, SelectionRow::Color)->setBackground(color);
+}
+
+void SelectionTable::move(QTableWidget* from, int row, QTableWidget* to)
+{
+    const int index = to->rowCount();
+    to->insertRow(index);
+    to->setRowHeight(index, RowHeight);
+    for (int column = 0; column < SelectionRow::ColumnCount; ++column)
+        to->setItem(index, column, from->takeItem(row, column));
+    from->removeRow(row);
+}
