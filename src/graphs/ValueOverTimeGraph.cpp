@@ -24,10 +24,10 @@
 #include <QMenu>
 #include <QPointer>
 #include <QSaveFile>
-#include <QScopedValueRollback>
 #include <QTimer>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace
@@ -222,7 +222,7 @@ void ValueOverTimeGraph::initializeScene()
         item->setType(graph->getType());
         item->setUseConnectedDataPoints(graph->isUseConnectPointsEnabled());
         item->setPos(m_timeAxis->plotLeft(), m_yAreaMin);
-        item->show(graph);
+        item->follow(graph);
         item->setZValue(m_graphItems.size() * CurveDepth);
         m_graphItems.append(item);
         m_scene->addItem(item);
@@ -247,8 +247,10 @@ void ValueOverTimeGraph::updateItemClock()
 {
     if (!isVisible() || window()->isMinimized())
         return;
-    updateScene();
-    m_scene->update();
+    const QPointer<ValueOverTimeGraph> self(this);
+    updateScene(now());
+    if (self)
+        m_scene->update();
 }
 
 void ValueOverTimeGraph::updateScene() { updateScene(m_inFrame ? m_frameTime : now()); }
@@ -256,9 +258,16 @@ void ValueOverTimeGraph::updateScene() { updateScene(m_inFrame ? m_frameTime : n
 void ValueOverTimeGraph::updateScene(qint64 now)
 {
     // The panel's answer to scaleChanged() comes back here and belongs to the same frame.
-    const QScopedValueRollback<bool> inFrame(m_inFrame, true);
+    const bool wasInFrame = std::exchange(m_inFrame, true);
     m_frameTime = now;
+    const QPointer<ValueOverTimeGraph> self(this);
+    advance(now);
+    if (self) // a host may delete the widget when the scale changes
+        m_inFrame = wasInFrame;
+}
 
+void ValueOverTimeGraph::advance(qint64 now)
+{
     const QSize view = m_ui->graphicsView->viewport()->size();
     const QFontMetrics metrics = fontMetrics();
     const double sceneWidth = view.width() - 2 * metrics.horizontalAdvance(QLatin1Char('X'));
@@ -284,7 +293,7 @@ void ValueOverTimeGraph::updateScene(qint64 now)
     m_timeAxis->setYCaption(m_yAxisCaption);
 
     const double plotWidth = m_timeAxis->plotWidth();
-    m_visibleSpan = toInt((plotWidth > 0 ? plotWidth : sceneWidth) * MillisecondsPerPixel);
+    m_visibleSpan = qMax(0, toInt((plotWidth > 0 ? plotWidth : sceneWidth) * MillisecondsPerPixel));
     const double captionWidth = m_captionItem->getWidth();
     const double captionGap = metrics.horizontalAdvance(QStringLiteral("XXX"));
     m_captionItem->setVisible(plotWidth >= captionWidth + captionGap);
@@ -360,8 +369,10 @@ void ValueOverTimeGraph::IN_replyValue(Command* reply)
 void ValueOverTimeGraph::takeReply(const Command& reply, qint64 now)
 {
     // No frame tells what is out of date while the widget is hidden or the clock was just set.
-    if (m_drawing && qAbs(now - m_actualTime) > m_visibleSpan)
-        setTimeOut(now - Lifetime * qint64(m_visibleSpan));
+    const qint64 lifetime = Lifetime * qint64(m_visibleSpan);
+    const bool isOutOfDate = now < m_actualTime - lifetime;
+    if (isOutOfDate || (m_drawing && qAbs(now - m_actualTime) > m_visibleSpan))
+        setTimeOut(now - lifetime);
     const double value = reply.getValue();
     for (int i = 0; i < m_graphs.size(); ++i) {
         Graph* graph = m_graphs.at(i);

@@ -127,6 +127,7 @@ private Q_SLOTS:
 private:
     qint64 now() const;
     MarkerItem* addMarker(const QString& text, double z);
+    void advance(qint64 now);
     bool scaleToData();
     void placeMarker(MarkerItem* marker, double value, double y);
     void setTimeOut(qint64 time);
@@ -163,7 +164,7 @@ private:
     qint64 m_logStartTime = 0;
     QList<Graph*> m_graphs;
     QList<GraphItem*> m_graphItems;
-    int m_visibleSpan = 0; // ms
+    int m_visibleSpan = 60000; // ms; generous until the first frame knows the width
     bool m_inFrame = false;
     qint64 m_frameTime = 0;
 };
