@@ -274,6 +274,7 @@ void ValueOverTimeGraph::advance(qint64 now)
     const double sceneHeight = view.height() - 2 * metrics.height();
     if (m_drawing)
         m_actualTime = now;
+    keepPresent(now);
     if (!m_graphs.isEmpty()) {
         m_minMarker->hide();
         m_maxMarker->hide();
@@ -310,7 +311,7 @@ void ValueOverTimeGraph::advance(qint64 now)
         item->setUseConnectedDataPoints(m_useConnectedDataPoints);
         item->setDataPointsEnabled(m_dataPointsEnabled);
     }
-    setTimeOut(m_actualTime - Lifetime * qint64(m_visibleSpan));
+    setTimeOut(m_actualTime - lifetime());
 }
 
 bool ValueOverTimeGraph::scaleToData()
@@ -360,6 +361,15 @@ void ValueOverTimeGraph::setTimeOut(qint64 time)
         graph->setTimeOutTime(time);
 }
 
+void ValueOverTimeGraph::keepPresent(qint64 now)
+{
+    const auto isOutOfDate = [now](const Graph* graph) { return now < graph->m_timeOutTime; };
+    if (std::any_of(m_graphs.cbegin(), m_graphs.cend(), isOutOfDate))
+        setTimeOut(now - lifetime());
+}
+
+qint64 ValueOverTimeGraph::lifetime() const { return Lifetime * qint64(m_visibleSpan); }
+
 void ValueOverTimeGraph::IN_replyValue(Command* reply)
 {
     if (reply)
@@ -369,10 +379,9 @@ void ValueOverTimeGraph::IN_replyValue(Command* reply)
 void ValueOverTimeGraph::takeReply(const Command& reply, qint64 now)
 {
     // No frame tells what is out of date while the widget is hidden or the clock was just set.
-    const qint64 lifetime = Lifetime * qint64(m_visibleSpan);
-    const bool isOutOfDate = now < m_actualTime - lifetime;
-    if (isOutOfDate || (m_drawing && qAbs(now - m_actualTime) > m_visibleSpan))
-        setTimeOut(now - lifetime);
+    if (m_drawing && qAbs(now - m_actualTime) > m_visibleSpan)
+        setTimeOut(now - lifetime());
+    keepPresent(now);
     const double value = reply.getValue();
     for (int i = 0; i < m_graphs.size(); ++i) {
         Graph* graph = m_graphs.at(i);

@@ -131,6 +131,9 @@ private:
     bool scaleToData();
     void placeMarker(MarkerItem* marker, double value, double y);
     void setTimeOut(qint64 time);
+    /// When the clock was set back, a sample of now is not out of date.
+    void keepPresent(qint64 now);
+    qint64 lifetime() const;
     QString askFileName();
 
     std::function<qint64()> m_clock; // none: the system's
