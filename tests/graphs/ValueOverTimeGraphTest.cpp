@@ -529,6 +529,81 @@ private Q_SLOTS:
         QCOMPARE(chart.range(), QString("0..100"));
     }
 
+    /// The picture that scrolls is the one that a new scene draws at once, to the pixel: both draw
+    /// the same lines between whole pixels, wherever they are cut off.
+    void scrolledPicture()
+    {
+        constexpr qint64 Hour = 3600 * 1000;
+        std::mt19937 random(6);
+        const auto dice = [&random](int sides) { return static_cast<int>(random() % sides); };
+        Chart charts[2]; // the second one is built anew
+        for (Chart& chart : charts) {
+            chart.resize({600, 300});
+            chart.addCurves(4);
+            chart.graph->startDrawing();
+        }
+        const int pauses[] = {4, 9, 40, 1200}; // ms
+        qint64 next[4] = {Start, Start, Start, Start};
+        int values[4] = {};
+        qint64 now = Start;
+        const auto take = [&charts](int curve, int value, qint64 at) {
+            for (Chart& chart : charts)
+                chart.take(curve + 1, value, at);
+        };
+        const auto inBoth = [&charts](const std::function<void(Chart&)>& action) {
+            for (Chart& chart : charts)
+                action(chart);
+        };
+        for (int curve = 0; curve < 4; ++curve)
+            take(curve, curve * 20, now - 1);
+        inBoth([now](Chart& chart) { chart.frame(now); });
+        for (int frame = 0; frame < 1000; ++frame) {
+            now += 37 + dice(7);
+            if (frame == 300 || frame == 500) {
+                const qint64 jump = frame == 300 ? -Hour : Hour;
+                now += jump;
+                for (qint64& time : next)
+                    time += jump;
+            }
+            if (frame == 400)
+                now -= 300; // the youngest samples are to come once more
+            for (int curve = 0; curve < 4; ++curve) {
+                for (; next[curve] <= now; next[curve] += 1 + dice(2 * pauses[curve])) {
+                    values[curve] = qBound(-400, values[curve] + dice(41) - 20, 400);
+                    take(curve, values[curve], next[curve]);
+                }
+            }
+            if (frame % 97 == 50)
+                take(dice(4), dice(800) - 400, now - 120); // late
+            if (frame % 150 == 100)
+                inBoth([](Chart& chart) { chart.graph->stopDrawing(); });
+            if (frame % 150 == 112)
+                inBoth([](Chart& chart) { chart.graph->startDrawing(); });
+            if (frame == 650)
+                inBoth([](Chart& chart) { chart.button("btnScaleManually")->click(); });
+            if (frame > 650 && frame % 40 == 0)
+                inBoth([&](Chart& chart) { chart.box("sbMax")->setValue(100 + frame % 3 * 50); });
+            if (frame % 200 == 180)
+                inBoth([](Chart& chart) { chart.graph->setDataPointsEnabled(false); });
+            if (frame % 4) {
+                inBoth([now](Chart& chart) {
+                    chart.update(now);
+                    chart.paint();
+                });
+                continue;
+            }
+            charts[1].rebuild();
+            QImage pictures[2];
+            for (int i = 0; i < 2; ++i) { // a new axis is laid out by the first painting
+                for (int k = 0; k < 2; ++k) {
+                    charts[k].update(now);
+                    pictures[k] = charts[k].paint();
+                }
+            }
+            QVERIFY2(pictures[0] == pictures[1], qPrintable(QString("frame %1").arg(frame)));
+        }
+    }
+
     void contextMenu()
     {
         Chart chart;
