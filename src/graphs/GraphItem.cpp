@@ -90,8 +90,9 @@ void GraphItem::addValue(double value) { addValue(value, QDateTime::currentMSecs
 
 void GraphItem::addValue(double value, qint64 time) { m_columns->append(value, time); }
 
-void GraphItem::show(Graph* graph)
+void GraphItem::follow(Graph* graph)
 {
+    m_columns->setTimeOutTime(graph->m_timeOutTime);
     setValues(graph->getColor(), graph->getValues());
     graph->m_drawn = m_columns;
 }

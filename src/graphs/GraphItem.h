@@ -69,8 +69,8 @@ private:
     CurveGeometry geometry() const;
     void separateRange();
 
-    /// Takes over what the graph has stored, and what it gets from now on.
-    void show(Graph* graph);
+    /// Takes over what the graph has stored with its time-out, and what it gets from now on.
+    void follow(Graph* graph);
 
     char m_command = 0;
     char m_type = 0;

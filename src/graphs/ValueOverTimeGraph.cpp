@@ -26,10 +26,10 @@
 #include <QMenu>
 #include <QPointer>
 #include <QSaveFile>
-#include <QScopedValueRollback>
 #include <QTimer>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace
@@ -129,10 +129,8 @@ ValueOverTimeGraph::~ValueOverTimeGraph() { qDeleteAll(m_graphs); }
 
 void ValueOverTimeGraph::addGraph(Graph* graph)
 {
-    if (!graph || m_graphs.contains(graph))
-        return;
-    m_graphs.append(graph);
-    m_timeOut = qMax(m_timeOut, graph->m_timeOutTime);
+    if (graph && !m_graphs.contains(graph))
+        m_graphs.append(graph);
 }
 
 void ValueOverTimeGraph::removeAllGraphs()
@@ -226,8 +224,7 @@ void ValueOverTimeGraph::initializeScene()
         item->setType(graph->getType());
         item->setUseConnectedDataPoints(graph->isUseConnectPointsEnabled());
         item->setPos(m_timeAxis->plotLeft(), m_yAreaMin);
-        item->show(graph);
-        item->setTimeOutTime(graph->m_timeOutTime);
+        item->follow(graph);
         item->setZValue(m_graphItems.size() * CurveDepth);
         m_graphItems.append(item);
         m_scene->addItem(item);
@@ -256,8 +253,10 @@ void ValueOverTimeGraph::updateItemClock()
     // When the widget was resized while it was hidden, its view follows only now, without a word.
     if (m_scene->sceneRect().size() != QSizeF(m_ui->graphicsView->viewport()->size()))
         initializeScene();
-    updateScene();
-    m_scene->update();
+    const QPointer<ValueOverTimeGraph> self(this);
+    updateScene(now());
+    if (self)
+        m_scene->update();
 }
 
 void ValueOverTimeGraph::updateScene() { updateScene(m_inFrame ? m_frameTime : now()); }
@@ -265,11 +264,19 @@ void ValueOverTimeGraph::updateScene() { updateScene(m_inFrame ? m_frameTime : n
 void ValueOverTimeGraph::updateScene(qint64 now)
 {
     // The panel's answer to scaleChanged() comes back here and belongs to the same frame.
-    const QScopedValueRollback<bool> inFrame(m_inFrame, true);
+    const bool wasInFrame = std::exchange(m_inFrame, true);
     m_frameTime = now;
+    const QPointer<ValueOverTimeGraph> self(this);
+    advance(now);
+    if (self) // a host may delete the widget when the scale changes
+        m_inFrame = wasInFrame;
+}
 
+void ValueOverTimeGraph::advance(qint64 now)
+{
     if (m_drawing)
         m_actualTime = now;
+    keepPresent(now);
     if (!m_graphs.isEmpty()) {
         m_minMarker->hide();
         m_maxMarker->hide();
@@ -292,7 +299,7 @@ void ValueOverTimeGraph::updateScene(qint64 now)
         item->setUseConnectedDataPoints(m_useConnectedDataPoints);
         item->setDataPointsEnabled(m_dataPointsEnabled);
     }
-    setTimeOut(m_actualTime - Lifetime * qint64(m_visibleSpan));
+    setTimeOut(m_actualTime - lifetime());
 }
 
 /// Axis and captions, in the widget's present size and the axis' last text width.
@@ -310,7 +317,7 @@ void ValueOverTimeGraph::layOut()
     m_timeAxis->setYCaption(m_yAxisCaption);
 
     const double plotWidth = m_timeAxis->plotWidth();
-    m_visibleSpan = toInt((plotWidth > 0 ? plotWidth : sceneWidth) * MillisecondsPerPixel);
+    m_visibleSpan = qMax(0, toInt((plotWidth > 0 ? plotWidth : sceneWidth) * MillisecondsPerPixel));
     const double captionWidth = m_captionItem->getWidth();
     const double captionGap = metrics.horizontalAdvance(QStringLiteral("XXX"));
     m_captionItem->setVisible(plotWidth >= captionWidth + captionGap);
@@ -359,12 +366,20 @@ void ValueOverTimeGraph::placeMarker(MarkerItem* marker, double value, double y)
 
 void ValueOverTimeGraph::setTimeOut(qint64 time)
 {
-    m_timeOut = time;
     for (GraphItem* item : qAsConst(m_graphItems))
         item->setTimeOutTime(time);
     for (Graph* graph : qAsConst(m_graphs))
         graph->setTimeOutTime(time);
 }
+
+void ValueOverTimeGraph::keepPresent(qint64 now)
+{
+    const auto isOutOfDate = [now](const Graph* graph) { return now < graph->m_timeOutTime; };
+    if (std::any_of(m_graphs.cbegin(), m_graphs.cend(), isOutOfDate))
+        setTimeOut(now - lifetime());
+}
+
+qint64 ValueOverTimeGraph::lifetime() const { return Lifetime * qint64(m_visibleSpan); }
 
 void ValueOverTimeGraph::IN_replyValue(Command* reply)
 {
@@ -374,10 +389,10 @@ void ValueOverTimeGraph::IN_replyValue(Command* reply)
 
 void ValueOverTimeGraph::takeReply(const Command& reply, qint64 now)
 {
-    // No frame tells what is out of date while the widget is hidden, and what a frame told before
-    // the clock was set back holds no more.
-    if ((m_drawing && m_visibleSpan > 0 && now - m_actualTime > m_visibleSpan) || now < m_timeOut)
-        setTimeOut(now - Lifetime * qint64(m_visibleSpan));
+    // No frame tells what is out of date while the widget is hidden or the clock was just set.
+    if (m_drawing && qAbs(now - m_actualTime) > m_visibleSpan)
+        setTimeOut(now - lifetime());
+    keepPresent(now);
     const double value = reply.getValue();
     for (int i = 0; i < m_graphs.size(); ++i) {
         Graph* graph = m_graphs.at(i);

@@ -127,10 +127,14 @@ private Q_SLOTS:
 private:
     qint64 now() const;
     MarkerItem* addMarker(const QString& text, double z);
+    void advance(qint64 now);
     void layOut();
     bool scaleToData();
     void placeMarker(MarkerItem* marker, double value, double y);
     void setTimeOut(qint64 time);
+    /// When the clock was set back, a sample of now is not out of date.
+    void keepPresent(qint64 now);
+    qint64 lifetime() const;
     void selectItems();
     QString askFileName();
 
@@ -165,8 +169,7 @@ private:
     qint64 m_logStartTime = 0;
     QList<Graph*> m_graphs;
     QList<GraphItem*> m_graphItems;
-    int m_visibleSpan = 0; // ms
-    qint64 m_timeOut = 0;  // of all curves, ms since the epoch
+    int m_visibleSpan = 60000; // ms; generous until the first frame knows the width
     bool m_inFrame = false;
     qint64 m_frameTime = 0;
 };

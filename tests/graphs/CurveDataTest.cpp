@@ -1,0 +1,285 @@
+#include "CurveColumns_p.h"
+#include "SampleHistory_p.h"
+#include "TestCase.h"
+
+#include <cmath>
+#include <deque>
+#include <limits>
+#include <random>
+
+namespace
+{
+
+constexpr double Infinity = std::numeric_limits<double>::infinity();
+const double NaN = std::numeric_limits<double>::quiet_NaN();
+
+using Column = CurveColumns::Column;
+using Columns = std::vector<Column>;
+
+Columns all(const CurveColumns& columns)
+{
+    Columns list;
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        list.push_back(columns[i]);
+    return list;
+}
+
+bool isSame(const Column& a, const Column& b)
+{
+    return a.slot == b.slot && a.time == b.time && a.first == b.first && a.lowest == b.lowest &&
+           a.highest == b.highest && a.last == b.last;
+}
+
+bool isSame(const Columns& a, const Columns& b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](const Column& c, const Column& d) { return isSame(c, d); });
+}
+
+QString text(const Columns& columns)
+{
+    QStringList list;
+    for (const Column& c : columns)
+        list << QString("%1@%2:%3,%4..%5,%6")
+                    .arg(c.slot)
+                    .arg(c.time)
+                    .arg(c.first)
+                    .arg(c.lowest)
+                    .arg(c.highest)
+                    .arg(c.last);
+    return list.join(' ');
+}
+
+/// An arrived sample; value is "not a number" for one that only let time pass.
+struct Arrival {
+    double value;
+    qint64 time;
+    qint64 timeOut;
+};
+
+qint64 slotOf(qint64 time) { return static_cast<qint64>(std::floor(time / 10.0)); }
+
+/// A sample stays unless an older one came after it or it was out of date at some arrival.
+Columns expectedColumns(const std::vector<Arrival>& arrivals)
+{
+    Columns columns;
+    for (std::size_t i = 0; i < arrivals.size(); ++i) {
+        const double value = arrivals[i].value;
+        const qint64 slot = slotOf(arrivals[i].time);
+        bool stays = !std::isnan(value);
+        for (std::size_t j = i; j < arrivals.size() && stays; ++j)
+            stays = slot >= slotOf(arrivals[j].timeOut) &&
+                    (std::isnan(arrivals[j].value) || slotOf(arrivals[j].time) >= slot);
+        if (!stays)
+            continue;
+        if (columns.empty() || columns.back().slot != slot)
+            columns.push_back({slot, arrivals[i].time, value, value, value, value});
+        Column& column = columns.back();
+        column.lowest = std::min(column.lowest, value);
+        column.highest = std::max(column.highest, value);
+        column.last = value;
+    }
+    return columns;
+}
+
+/// A column and where the line from it leads to.
+struct Stroke {
+    Column column;
+    qint64 nextSlot;
+    double nextFirst;
+};
+
+std::vector<Stroke> strokes(const Columns& columns)
+{
+    std::vector<Stroke> list;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const Column& next = columns[std::min(i + 1, columns.size() - 1)];
+        list.push_back({columns[i], next.slot, next.first});
+    }
+    return list;
+}
+
+bool contains(const std::vector<Stroke>& list, const Stroke& stroke)
+{
+    return std::any_of(list.begin(), list.end(), [&stroke](const Stroke& other) {
+        return isSame(other.column, stroke.column) && other.nextSlot == stroke.nextSlot &&
+               other.nextFirst == stroke.nextFirst;
+    });
+}
+
+} // namespace
+
+class CurveDataTest : public TestCase
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void extremesOfHistory()
+    {
+        std::mt19937 random(1);
+        for (int growth : {30, 50, 70}) { // percent
+            SampleHistory history;
+            std::deque<TValue> model;
+            for (int i = 0; i < 4000; ++i) {
+                const unsigned what = random() % 1000;
+                if (what == 0) {
+                    history.clear();
+                    model.clear();
+                } else if (static_cast<int>(what % 100) < growth || model.empty()) {
+                    const unsigned kind = random() % 40;
+                    const double value = kind == 0   ? NaN
+                                         : kind == 1 ? Infinity
+                                         : kind == 2 ? -Infinity
+                                                     : static_cast<int>(random() % 19) - 9;
+                    history.append({value, i});
+                    model.push_back({value, i});
+                } else {
+                    history.removeFirst();
+                    model.pop_front();
+                }
+                QCOMPARE(history.size(), model.size());
+                double lowest = Infinity;
+                double highest = -Infinity;
+                bool hasAny = false;
+                for (std::size_t k = 0; k < model.size(); ++k) {
+                    QCOMPARE(history[k].time, model[k].time);
+                    hasAny = hasAny || !std::isnan(model[k].value);
+                    lowest = std::min(lowest, std::isnan(model[k].value) ? lowest : model[k].value);
+                    highest =
+                        std::max(highest, std::isnan(model[k].value) ? highest : model[k].value);
+                }
+                double low = 7.5;
+                double high = 8.5;
+                QCOMPARE(history.extremes(&low, &high), hasAny);
+                QCOMPARE(low, hasAny ? lowest : 7.5);
+                QCOMPARE(high, hasAny ? highest : 8.5);
+            }
+        }
+    }
+
+    void limitsOfGraph()
+    {
+        const struct {
+            int maxValues;
+            qint64 timeOut;
+            QVector<qint64> times;
+            QVector<qint64> kept;
+        } rows[] = {
+            {3, 0, {1, 2, 3, 4, 5}, {3, 4, 5}},
+            {0, 0, {1, 2}, {}},
+            {-1, 0, {1, 2}, {1, 2}},            // refused: the default stays
+            {9, 3, {1, 2, 3, 4}, {3, 4}},       // what is as old as the limit stays
+            {9, 5, {1, 2}, {}},                 //
+            {9, 3, {9, 1, 2, 4}, {9, 1, 2, 4}}, // only the first one counts: nothing younger goes
+            {9, 0, {7, 7, 7}, {7, 7, 7}},
+        };
+        for (const auto& row : rows) {
+            Graph graph(1, 2, 3, 4, "a", Qt::red);
+            graph.setMaxValues(row.maxValues);
+            graph.setTimeOutTime(row.timeOut);
+            for (int i = 0; i < row.times.size(); ++i)
+                graph.addValue(i, row.times.at(i));
+            QVector<qint64> times;
+            for (const TValue& sample : graph.getValues())
+                times << sample.time;
+            QCOMPARE(times, row.kept);
+            QCOMPARE(graph.valueCount(), row.kept.size());
+        }
+        Graph graph(1, 2, 3, 4, "a", Qt::red);
+        for (int i = 0; i < 10001; ++i)
+            graph.addValue(i);
+        QCOMPARE(graph.valueCount(), 10000);
+        QCOMPARE(graph.getValues().first().value, 1.0);
+    }
+
+    void columns()
+    {
+        std::mt19937 random(2);
+        for (int round = 0; round < 60; ++round) {
+            CurveColumns columns;
+            std::vector<Arrival> arrivals;
+            qint64 time = -300; // through the epoch, where division cuts to the other side
+            qint64 timeOut = std::numeric_limits<int>::min();
+            for (int i = 0; i < 150; ++i) {
+                const int back = random() % 25 == 0 ? static_cast<int>(random() % 200) : 0;
+                time += static_cast<int>(random() % 12) - back;
+                if (random() % 20 == 0) {
+                    timeOut = time - static_cast<int>(random() % 100);
+                    columns.setTimeOutTime(timeOut);
+                }
+                const double value =
+                    random() % 30 == 0 ? NaN : static_cast<int>(random() % 100) - 50;
+                const Columns before = all(columns);
+                columns.takeChange();
+                columns.append(value, time);
+                arrivals.push_back({value, time, timeOut});
+
+                const Columns expected = expectedColumns(arrivals);
+                QVERIFY2(isSame(all(columns), expected),
+                         qPrintable(text(all(columns)) + "\n" + text(expected)));
+                verifyChange(strokes(before), strokes(expected), columns.takeChange(),
+                             slotOf(timeOut));
+                verifySearch(columns, time - 60 + static_cast<int>(random() % 80));
+            }
+        }
+    }
+
+    void changes()
+    {
+        CurveColumns columns;
+        QCOMPARE(columns.takeChange(), CurveColumns::Nothing);
+        const struct {
+            double value;
+            qint64 time;
+            qint64 change;
+        } rows[] = {
+            {1, 105, 10},                      // the first one
+            {1, 109, 10},                      // in the same column
+            {1, 155, 10},                      // the line to it begins at the one before
+            {NaN, 200, CurveColumns::Nothing}, //
+            {1, 151, 15},                      // earlier, in the same column
+            {1, 200, 15},                      //
+            {1, 130, 10},                      // the clock was set back
+        };
+        for (const auto& row : rows) {
+            columns.append(row.value, row.time);
+            QCOMPARE(columns.takeChange(), row.change);
+            QCOMPARE(columns.takeChange(), CurveColumns::Nothing);
+        }
+        columns.setTimeOutTime(125);
+        columns.append(NaN, 0);
+        QCOMPARE(columns.size(), std::size_t(1));
+        QCOMPARE(columns.takeChange(), CurveColumns::Nothing); // out of date, out of sight
+        columns.clear();
+        QCOMPARE(columns.takeChange(), qint64(13));
+    }
+
+private:
+    /// Whatever differs from before starts at or behind the change, but for what was out of date.
+    static void verifyChange(const std::vector<Stroke>& before, const std::vector<Stroke>& after,
+                             qint64 change, qint64 timeOutSlot)
+    {
+        for (const Stroke& stroke : before) {
+            if (stroke.column.slot >= timeOutSlot && !contains(after, stroke))
+                QVERIFY(change <= stroke.column.slot);
+        }
+        for (const Stroke& stroke : after) {
+            if (!contains(before, stroke))
+                QVERIFY(change <= stroke.column.slot);
+        }
+    }
+
+    static void verifySearch(const CurveColumns& columns, qint64 time)
+    {
+        const Columns list = all(columns);
+        const auto at = std::find_if(list.begin(), list.end(), [time](const Column& column) {
+            return column.slot >= slotOf(time);
+        });
+        QCOMPARE(columns.find(slotOf(time)), static_cast<std::size_t>(at - list.begin()));
+        const auto behind = std::find_if(list.begin(), list.end(),
+                                         [time](const Column& c) { return c.time > time; });
+        QCOMPARE(columns.findAfter(time), static_cast<std::size_t>(behind - list.begin()));
+    }
+};
+
+QTEST_GUILESS_MAIN(CurveDataTest)
+#include "CurveDataTest.moc"

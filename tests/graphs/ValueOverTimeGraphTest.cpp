@@ -1,0 +1,856 @@
+#include "ValueOverTimeGraph.h"
+#include "AppSettings.h"
+#include "BasicTools.h"
+#include "Bytes.h"
+#include "CommandRecorder.h"
+#include "Graph.h"
+#include "GraphCaptionItem.h"
+#include "GraphController.h"
+#include "GraphItem.h"
+#include "MarkerItem.h"
+#include "Numbers.h"
+#include "TestCase.h"
+#include "User.h"
+#include "XTimeAxisItem.h"
+
+#include <QBoxLayout>
+#include <QFileDialog>
+#include <QGraphicsView>
+#include <QMenu>
+#include <QProcess>
+#include <QSpinBox>
+#include <QWindow>
+
+#include <climits>
+#include <random>
+
+namespace
+{
+
+constexpr qint64 Start = 1600000000000; // a full second
+
+/// A shown graph with its own clock. Nothing happens to it but by these verbs.
+class Chart
+{
+public:
+    explicit Chart(QSize size = {420, 260}) : graph(new ValueOverTimeGraph)
+    {
+        graph->setClock([this] { return time; });
+        graph->setAttribute(Qt::WA_DontShowOnScreen);
+        resize(size);
+        graph->show();
+        QCoreApplication::sendPostedEvents();
+    }
+    ~Chart() { delete graph; }
+
+    void resize(QSize size)
+    {
+        graph->resize(size);
+        QCoreApplication::sendPostedEvents();
+    }
+    void rebuild() { QMetaObject::invokeMethod(graph, "initializeScene"); }
+
+    Graph* add(int command, const QString& label, QColor color = Qt::blue)
+    {
+        auto* curve = new Graph(1, 0, static_cast<char>(command), 0, label, color);
+        graph->addGraph(curve);
+        return curve;
+    }
+    /// Curves with the commands 1, 2 ...
+    void addCurves(int count)
+    {
+        for (int i = 0; i < count; ++i)
+            add(i + 1, QString(QChar('a' + i)), QColor::fromHsv(i * 60, 255, 200));
+        rebuild();
+    }
+    void take(int command, int value, qint64 at)
+    {
+        time = at;
+        Command answer = reply(1, command, 0, 0, value);
+        graph->IN_replyValue(&answer);
+    }
+    void update(qint64 at)
+    {
+        time = at;
+        graph->updateScene(at);
+    }
+    QImage paint() { return view()->viewport()->grab().toImage(); }
+    /// Until the axis has its final layout.
+    QImage frame(qint64 at)
+    {
+        QImage image;
+        for (int i = 0; i < 4; ++i) {
+            update(at);
+            image = paint();
+        }
+        return image;
+    }
+
+    QGraphicsView* view() const { return User::find<QGraphicsView>(graph, "graphicsView"); }
+    template <class Item>
+    QList<Item*> items() const
+    {
+        QList<Item*> found;
+        for (QGraphicsItem* item : view()->scene()->items(Qt::AscendingOrder)) {
+            if (auto* one = dynamic_cast<Item*>(item))
+                found << one;
+        }
+        return found;
+    }
+    /// Those that are visible, as "z@y".
+    QString markers() const
+    {
+        QStringList list;
+        for (const MarkerItem* marker : items<MarkerItem>()) {
+            if (marker->isVisible())
+                list << QString("%1@%2").arg(marker->zValue()).arg(qRound(marker->y()));
+        }
+        return list.join(' ');
+    }
+    QString range() const
+    {
+        return QString("%1..%2").arg(box("sbMin")->value()).arg(box("sbMax")->value());
+    }
+    QSpinBox* box(const char* name) const { return User::find<QSpinBox>(graph, name); }
+    QAbstractButton* button(const char* name) const
+    {
+        return User::find<QAbstractButton>(graph, name);
+    }
+    int valueCount(int curve = 0) const { return graph->getGraphs().at(curve)->valueCount(); }
+
+    ValueOverTimeGraph* graph;
+    qint64 time = Start;
+};
+
+/// Answers the next file dialog, when it is there, with this file; an empty one cancels.
+class FileDialogUser : public QObject
+{
+public:
+    explicit FileDialogUser(QString file) : m_file(std::move(file)) { startTimer(0); }
+
+    QString title;
+    QString proposed;
+    std::function<void()> onDialog;
+
+protected:
+    void timerEvent(QTimerEvent* event) override
+    {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (!dialog || !dialog->windowHandle()->isExposed()) // before, it cannot take the focus
+            return;
+        killTimer(event->timerId());
+        auto* edit = User::find<QLineEdit>(dialog, "fileNameEdit");
+        title = dialog->windowTitle();
+        proposed = edit->text();
+        if (onDialog)
+            onDialog();
+        edit->setText(m_file);
+        QMetaObject::invokeMethod(dialog, m_file.isEmpty() ? "reject" : "accept");
+    }
+
+private:
+    QString m_file;
+};
+
+QByteArray contentOf(const QString& fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : "cannot be opened";
+}
+
+/// Called with the next menu, once it is there.
+void onMenu(std::function<void(QMenu*)> action)
+{
+    QTimer::singleShot(0, [action = std::move(action)] {
+        if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget()))
+            action(menu);
+        else
+            onMenu(action);
+    });
+}
+
+/// Logs without an end, for the parent to kill.
+int logForever(const QString& fileName)
+{
+    Chart chart;
+    chart.addCurves(3);
+    FileDialogUser user(fileName);
+    chart.graph->startLogging(true);
+    for (int i = 0;; ++i)
+        chart.take(1 + i % 3, i * 7919 - 1000000, Start + i);
+}
+
+} // namespace
+
+class ValueOverTimeGraphTest : public TestCase
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void asBuilt()
+    {
+        ValueOverTimeGraph graph;
+        QCOMPARE(graph.size(), QSize(275, 166));
+        QCOMPARE(graph.windowTitle(), QString("value vs. time"));
+        QCOMPARE(graph.statusTip(), QString("use right mouse button for more items"));
+        QCOMPARE(graph.contextMenuPolicy(), Qt::CustomContextMenu);
+        QVERIFY(graph.getGraphs().isEmpty());
+        auto* outer = User::find<QHBoxLayout>(&graph, "horizontalLayout");
+        QCOMPARE(outer->contentsMargins(), QMargins(9, 9, 0, 9));
+        QCOMPARE(outer->spacing(), 0);
+        QCOMPARE(outer->stretch(0), 1);
+        auto* inner = User::find<QVBoxLayout>(&graph, "verticalLayout");
+        QCOMPARE(inner->contentsMargins(), QMargins());
+        QCOMPARE(inner->spacing(), 0);
+        auto* view = User::find<QGraphicsView>(&graph, "graphicsView");
+        QCOMPARE(view->frameShadow(), QFrame::Plain);
+        QCOMPARE(view->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+        QCOMPARE(view->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+        QCOMPARE(int(view->renderHints()), 0x0f);
+        QCOMPARE(int(view->cacheMode()), int(QGraphicsView::CacheBackground));
+        QCOMPARE(view->resizeAnchor(), QGraphicsView::AnchorUnderMouse);
+        QCOMPARE(view->viewportUpdateMode(), QGraphicsView::FullViewportUpdate);
+        QCOMPARE(view->viewport()->styleSheet(), QString("background: white"));
+        auto* hide = User::find<QPushButton>(&graph, "btnHideController");
+        QVERIFY(hide->isCheckable() && hide->isChecked() && hide->isFlat());
+        QVERIFY(!hide->icon().isNull());
+        QCOMPARE(User::find<GraphController>(&graph, "graphController")->title(), QString());
+
+        Chart chart;
+        QCOMPARE(chart.range(), QString("-100..100"));
+        QVERIFY(chart.button("btnScaleDynamic")->isChecked());
+        QCOMPARE(chart.items<XTimeAxisItem>().at(0)->zValue(), -123.0);
+        QCOMPARE(chart.items<GraphCaptionItem>().at(0)->zValue(), 100.0);
+        QCOMPARE(chart.items<MarkerItem>().at(0)->zValue(), 123.3);
+        QCOMPARE(chart.items<MarkerItem>().at(1)->zValue(), 123.7);
+        chart.addCurves(3);
+        const auto curves = chart.items<GraphItem>();
+        QCOMPARE(curves.size(), 3);
+        QCOMPARE(curves.at(2)->zValue(), 1.0);
+        QCOMPARE(curves.at(2)->getCommand(), char(3));
+    }
+
+    void panelIsHidden()
+    {
+        Chart chart;
+        auto* panel = User::find<GraphController>(chart.graph, "graphController");
+        const int wide = chart.view()->width();
+        QVERIFY(panel->isHidden());
+        QCOMPARE(panel->maximumSize(), QSize(0, 0));
+        chart.button("btnHideController")->click();
+        QCoreApplication::sendPostedEvents();
+        QVERIFY(panel->isVisible());
+        QCOMPARE(panel->maximumSize(), QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+        QVERIFY(chart.view()->width() < wide);
+        QCOMPARE(chart.view()->sceneRect().size(), QSizeF(chart.view()->viewport()->size()));
+        chart.button("btnHideController")->click();
+        QVERIFY(panel->isHidden());
+    }
+
+    void minimumSizeFollowsTheFont()
+    {
+        Chart chart;
+        for (int points : {10, 20, 8, 20}) {
+            chart.graph->setFont(QFont(QString("DejaVu Sans"), points));
+            const QFontMetrics metrics(chart.graph->font());
+            QCOMPARE(chart.graph->minimumHeight(), 13 * metrics.height());
+            QCOMPARE(chart.graph->minimumSize(), chart.graph->minimumSizeHint());
+            const auto* base = static_cast<const QWidget*>(chart.graph);
+            QCOMPARE(chart.graph->minimumWidth(),
+                     base->minimumSizeHint().width() +
+                         2 * metrics.horizontalAdvance("actual position"));
+        }
+    }
+
+    void dynamicScaling()
+    {
+        const struct {
+            QVector<int> first;
+            QVector<int> second;
+            const char* range;
+            int shown; // markers, 1 minimum, 2 maximum
+        } rows[] = {
+            {{0, 100}, {40, 60}, "0..100", 2},
+            {{-100, 0}, {-5, -6}, "-100..0", 1},
+            {{1, 19}, {-3, 2}, "-5..20", 3},
+            {{50, 50}, {50, 50}, "49..51", 0},
+            {{0, 0}, {0, 0}, "-1..1", 0},
+            {{1, 2, 3}, {7}, "-100..100", 0}, // one of them has too few: it holds all
+            {{1}, {7, 8}, "-100..100", 0},
+            {{}, {}, "-100..100", 0},
+            {{2000000000, 2000000001}, {2000000002, 2000000000}, "200000000..2147483647", 3},
+            {{INT_MIN, INT_MAX}, {0, 0}, "-2147483647..2147483647", 3},
+            {{-2000000000, -2000000001}, {-2000000002, -2000000000}, "-2147483647..-200000000", 3},
+        };
+        for (const auto& row : rows) {
+            Chart chart;
+            chart.addCurves(2);
+            QSignalSpy scales(chart.graph, &ValueOverTimeGraph::scaleChanged);
+            for (int value : row.first)
+                chart.take(1, value, Start);
+            for (int value : row.second)
+                chart.take(2, value, Start);
+            chart.frame(Start);
+            QCOMPARE(scales.isEmpty(), row.range == QString("-100..100"));
+            QCOMPARE(chart.range(), QString(row.range));
+            QCOMPARE(chart.markers().contains("123.3@"), bool(row.shown & 1));
+            QCOMPARE(chart.markers().contains("123.7@"), bool(row.shown & 2));
+            chart.button("btnScaleManually")->click();
+            chart.update(Start);
+            QCOMPARE(chart.markers(), QString());
+        }
+    }
+
+    void markersLieAtTheirValues()
+    {
+        Chart chart;
+        chart.addCurves(1);
+        qreal top = 0;
+        qreal bottom = 0;
+        qreal low = 0;
+        qreal high = 0;
+        auto* axis = chart.items<XTimeAxisItem>().at(0);
+        connect(axis, &XTimeAxisItem::updateYMinMax, [&](qreal a, qreal b) {
+            top = a;
+            bottom = b;
+        });
+        connect(axis, &XTimeAxisItem::updateMinMaxValue, [&](qreal a, qreal b) {
+            low = a;
+            high = b;
+        });
+        chart.take(1, -13, Start);
+        chart.take(1, 87, Start);
+        chart.frame(Start);
+        QCOMPARE(chart.range(), QString("-20..100"));
+        const double scale = (bottom - top) / (high - low);
+        QVERIFY(scale > 1);
+        QCOMPARE(chart.markers(), QString("123.3@%1 123.7@%2")
+                                      .arg(qRound(bottom - (-13 - low) * scale))
+                                      .arg(qRound(top + (high - 87) * scale)));
+    }
+
+    /// Whatever the data, the panel shows their range after two frames: the first may find the
+    /// minimum's box still limited by the old maximum.
+    void anyRange()
+    {
+        std::mt19937 random(3);
+        Chart chart;
+        chart.addCurves(1);
+        QSignalSpy scales(chart.graph, &ValueOverTimeGraph::scaleChanged);
+        const auto number = [&random] { return static_cast<int>(random()) >> (random() % 32); };
+        for (int i = 0; i < 1000; ++i) {
+            const int base = number();
+            const int values[] = {toInt(qint64(base) + number()), toInt(qint64(base) + number())};
+            chart.graph->getGraphs().at(0)->clearValues();
+            for (int value : values)
+                chart.take(1, value, Start);
+            scales.clear();
+            chart.update(Start);
+            QVERIFY(scales.size() < 10);
+            int min = qMin(qMax(values[0], values[1]), qMin(214783647, qMin(values[0], values[1])));
+            int max = qMax(-214783648, qMax(values[0], values[1]));
+            const QPair<int, int> data(min, max);
+            BasicTools::adjustLinearAxis(min, max);
+            if (!scales.isEmpty())
+                QCOMPARE(scales.last(), QVariantList() << min << max);
+            chart.update(Start);
+            if (data != qMakePair(min, max)) // else it need not tell again
+                QCOMPARE(chart.range(), QString("%1..%2").arg(qMax(min, -INT_MAX)).arg(max));
+        }
+    }
+
+    void manualScaling()
+    {
+        Chart chart;
+        chart.addCurves(1);
+        chart.take(1, 5, Start);
+        chart.take(1, 500, Start);
+        chart.button("btnScaleManually")->click();
+        chart.box("sbMax")->setValue(100);
+        chart.box("sbMin")->setValue(0);
+        QSignalSpy values(chart.items<XTimeAxisItem>().at(0), &XTimeAxisItem::updateMinMaxValue);
+        chart.frame(Start);
+        QCOMPARE(values.last().at(0).toDouble(), 0.0);
+        QCOMPARE(values.last().at(1).toDouble(), 100.0);
+        QCOMPARE(chart.markers(), QString());
+        chart.box("sbMin")->setValue(100); // both ends alike
+        chart.frame(Start);
+        QCOMPARE(values.last().at(0).toDouble(), 99.0);
+        QCOMPARE(values.last().at(1).toDouble(), 101.0);
+        chart.button("btnScaleDynamic")->click();
+        chart.frame(Start);
+        QCOMPARE(chart.range(), QString("0..500"));
+        QVERIFY(!chart.markers().isEmpty());
+    }
+
+    void standsStillWhenStopped()
+    {
+        Chart chart;
+        chart.addCurves(1);
+        chart.graph->startDrawing();
+        for (int i = 0; i < 200; ++i)
+            chart.take(1, i % 2 ? 0 : 100, Start + 10 * i);
+        const QImage running = chart.frame(Start + 2000);
+        chart.button("btnStop")->click();
+        for (int i = 0; i < 50; ++i)
+            chart.take(1, i % 2 ? 0 : 100, Start + 2010 + 10 * i);
+        QCOMPARE(chart.frame(Start + 2500), running);
+        QCOMPARE(chart.valueCount(), 250);
+        chart.button("btnStart")->click();
+        QVERIFY(chart.frame(Start + 2500) != running);
+    }
+
+    void repliesFindTheirCurves()
+    {
+        Chart chart;
+        chart.graph->addGraph(new Graph(1, 2, 3, 4, "a", Qt::red));
+        chart.graph->addGraph(new Graph(toByte(200), 2, 3, 4, "b", Qt::red));
+        chart.graph->addGraph(new Graph(1, 2, 3, 4, "c", Qt::red));
+        chart.graph->addGraph(nullptr);
+        chart.graph->addGraph(chart.graph->getGraphs().at(0));
+        QCOMPARE(chart.graph->getGraphs().size(), 3);
+        chart.rebuild();
+        const struct {
+            Command reply;
+            QVector<int> counts;
+        } rows[] = {
+            {reply(1, 3, 4, 2, 0), {1, 0, 1}}, {reply(200, 3, 4, 2, 0), {1, 1, 1}},
+            {reply(2, 3, 4, 2, 0), {1, 1, 1}}, {reply(1, 4, 4, 2, 0), {1, 1, 1}},
+            {reply(1, 3, 5, 2, 0), {1, 1, 1}}, {reply(1, 3, 4, 3, 0), {1, 1, 1}},
+        };
+        for (const auto& row : rows) {
+            Command answer = row.reply;
+            chart.graph->IN_replyValue(&answer);
+            for (int i = 0; i < 3; ++i)
+                QCOMPARE(chart.valueCount(i), row.counts.at(i));
+        }
+        chart.graph->IN_replyValue(nullptr);
+        // the curves are gone, what is drawn is not yet
+        chart.graph->removeAllGraphs();
+        for (int i = 0; i < 3; ++i) {
+            Command answer = reply(1, 3, 4, 2, i);
+            chart.graph->IN_replyValue(&answer);
+            chart.frame(Start + i);
+        }
+        QCOMPARE(chart.items<GraphItem>().size(), 3);
+        chart.rebuild();
+        QCOMPARE(chart.items<GraphItem>().size(), 0);
+    }
+
+    void samplesBeforeTheFirstFrame()
+    {
+        for (bool isShown : {false, true}) {
+            Chart chart;
+            chart.graph->setVisible(isShown);
+            chart.addCurves(2);
+            chart.graph->startDrawing();
+            for (int i = 0; i < 10; ++i) {
+                chart.take(1, i, Start + 13 * i);
+                chart.update(chart.time + 5); // the other curve has no samples: nothing is laid out
+            }
+            QCOMPARE(chart.valueCount(), 10);
+        }
+    }
+
+    /// No sample goes because of the clock, whether the picture runs or not.
+    void clockIsSet()
+    {
+        constexpr qint64 Hour = 3600 * 1000;
+        for (bool isRunning : {true, false}) {
+            for (qint64 jump : {Hour, -Hour}) {
+                Chart chart;
+                chart.addCurves(1);
+                if (isRunning)
+                    chart.graph->startDrawing();
+                qint64 now = Start;
+                chart.frame(now);
+                const auto run = [&](int samples) {
+                    for (int i = 0; i < samples; ++i) {
+                        now += 7;
+                        chart.take(1, i % 50, now);
+                        if (i % 6 == 0)
+                            chart.update(now);
+                        if (i % 60 == 0)
+                            chart.paint();
+                    }
+                };
+                run(100);
+                now += jump;
+                if (!isRunning)
+                    chart.graph->clearValues();
+                run(100);
+                const QList<TValue> values = chart.graph->getGraphs().at(0)->getValues();
+                QVERIFY(values.size() >= 100);
+                for (int i = 0; i < 100; ++i)
+                    QCOMPARE(values.at(values.size() - 1 - i).time, now - 7 * i);
+            }
+        }
+    }
+
+    void anySize()
+    {
+        for (const QSize& size : {QSize(0, 0), QSize(5, 5), QSize(40, 40), QSize(100, 60),
+                                  QSize(4000, 30), QSize(30, 3000), QSize(420, 260)}) {
+            Chart chart(size);
+            chart.addCurves(4);
+            chart.graph->startDrawing();
+            for (int i = 0; i < 100; ++i) {
+                for (int k = 1; k <= 4; ++k)
+                    chart.take(k, i * k - 50, Start + 7 * i);
+                if (i % 10 == 9) {
+                    chart.update(chart.time);
+                    chart.paint();
+                }
+                if (i == 50)
+                    chart.resize(size + QSize(3, 2));
+            }
+        }
+    }
+
+    void anyValue()
+    {
+        Chart chart;
+        chart.addCurves(2);
+        chart.graph->startDrawing();
+        const double values[] = {qQNaN(), qInf(), -qInf(), 1e300, -1e300, 3e9, 0, -1};
+        qint64 now = Start;
+        for (double value : values) {
+            for (Graph* curve : chart.graph->getGraphs()) {
+                now += 20;
+                curve->addValue(value, now);
+                curve->addValue(value, now);
+            }
+            chart.frame(now);
+        }
+        chart.graph->clearValues();
+        for (int value : {0, 100})
+            for (int command : {1, 2})
+                chart.take(command, value, now);
+        chart.frame(now);
+        QCOMPARE(chart.range(), QString("0..100"));
+    }
+
+    /// The picture that scrolls is the one that a new scene draws at once, to the pixel: both draw
+    /// the same lines between whole pixels, wherever they are cut off.
+    void scrolledPicture()
+    {
+        constexpr qint64 Hour = 3600 * 1000;
+        std::mt19937 random(6);
+        const auto dice = [&random](int sides) { return static_cast<int>(random() % sides); };
+        Chart charts[2]; // the second one is built anew
+        for (Chart& chart : charts) {
+            chart.resize({600, 300});
+            chart.addCurves(4);
+            chart.graph->startDrawing();
+        }
+        const int pauses[] = {4, 9, 40, 1200}; // ms
+        qint64 next[4] = {Start, Start, Start, Start};
+        int values[4] = {};
+        qint64 now = Start;
+        const auto take = [&charts](int curve, int value, qint64 at) {
+            for (Chart& chart : charts)
+                chart.take(curve + 1, value, at);
+        };
+        const auto inBoth = [&charts](const std::function<void(Chart&)>& action) {
+            for (Chart& chart : charts)
+                action(chart);
+        };
+        for (int curve = 0; curve < 4; ++curve)
+            take(curve, curve * 20, now - 1);
+        inBoth([now](Chart& chart) { chart.frame(now); });
+        for (int frame = 0; frame < 1000; ++frame) {
+            now += 37 + dice(7);
+            if (frame == 300 || frame == 500) {
+                const qint64 jump = frame == 300 ? -Hour : Hour;
+                now += jump;
+                for (qint64& time : next)
+                    time += jump;
+            }
+            if (frame == 400)
+                now -= 300; // the youngest samples are to come once more
+            for (int curve = 0; curve < 4; ++curve) {
+                for (; next[curve] <= now; next[curve] += 1 + dice(2 * pauses[curve])) {
+                    values[curve] = qBound(-400, values[curve] + dice(41) - 20, 400);
+                    take(curve, values[curve], next[curve]);
+                }
+            }
+            if (frame % 97 == 50)
+                take(dice(4), dice(800) - 400, now - 120); // late
+            if (frame % 150 == 100)
+                inBoth([](Chart& chart) { chart.graph->stopDrawing(); });
+            if (frame % 150 == 112)
+                inBoth([](Chart& chart) { chart.graph->startDrawing(); });
+            if (frame == 650)
+                inBoth([](Chart& chart) { chart.button("btnScaleManually")->click(); });
+            if (frame > 650 && frame % 40 == 0)
+                inBoth([&](Chart& chart) { chart.box("sbMax")->setValue(100 + frame % 3 * 50); });
+            if (frame % 200 == 180)
+                inBoth([](Chart& chart) { chart.graph->setDataPointsEnabled(false); });
+            if (frame % 4) {
+                inBoth([now](Chart& chart) {
+                    chart.update(now);
+                    chart.paint();
+                });
+                continue;
+            }
+            charts[1].rebuild();
+            QImage pictures[2];
+            for (int i = 0; i < 2; ++i) { // a new axis is laid out by the first painting
+                for (int k = 0; k < 2; ++k) {
+                    charts[k].update(now);
+                    pictures[k] = charts[k].paint();
+                }
+            }
+            QVERIFY2(pictures[0] == pictures[1], qPrintable(QString("frame %1").arg(frame)));
+        }
+    }
+
+    void contextMenu()
+    {
+        Chart chart;
+        chart.addCurves(1);
+        chart.graph->startDrawing();
+        for (int i = 0; i < 100; ++i)
+            chart.take(1, i % 2 * 90 + 5, Start + 30 * i);
+        const struct {
+            const char* chosen;
+            const char* before;
+        } rows[] = {
+            {"", "+Bold points -Points only +Show min/max marker"},
+            {"Points only", "+Bold points -Points only +Show min/max marker"},
+            {"Bold points", "+Bold points +Points only +Show min/max marker"},
+            {"Show min/max marker", "-Bold points +Points only +Show min/max marker"},
+            {"Points only", "-Bold points +Points only -Show min/max marker"},
+            {"", "-Bold points -Points only -Show min/max marker"},
+        };
+        QImage before = chart.frame(Start + 3000);
+        for (const auto& row : rows) {
+            QStringList entries;
+            QStringList tips;
+            onMenu([&](QMenu* menu) {
+                QAction* chosen = nullptr;
+                for (QAction* action : menu->actions()) {
+                    if (action->isSeparator())
+                        continue;
+                    entries << (action->isChecked() ? '+' : '-') + action->text();
+                    tips << action->statusTip();
+                    if (action->text() == row.chosen)
+                        chosen = action;
+                }
+                menu->setActiveAction(chosen);
+                QTest::keyClick(menu, chosen ? Qt::Key_Return : Qt::Key_Escape);
+            });
+            emit chart.graph->customContextMenuRequested(QPoint(20, 20));
+            QCOMPARE(entries.join(' '), QString(row.before));
+            QCOMPARE(tips, QStringList({"paint bolded points", "don't paint lines between points",
+                                        "display range of minimum and maximum values"}));
+            const QImage after = chart.frame(Start + 3000);
+            QCOMPARE(after == before, QString(row.chosen).isEmpty());
+            before = after;
+        }
+        onMenu([&chart](QMenu*) {
+            delete chart.graph;
+            chart.graph = nullptr;
+        });
+        chart.graph->contextMenuRequest(QPoint(20, 20));
+        QVERIFY(!chart.graph);
+    }
+
+    void settings()
+    {
+        {
+            Chart chart;
+            chart.graph->setAppSettingKey("key");
+            chart.button("btnScaleManually")->click();
+            chart.box("sbMin")->setValue(-7);
+            chart.box("sbMax")->setValue(8);
+        }
+        Chart chart;
+        QSignalSpy selections(chart.graph, &ValueOverTimeGraph::graphSelectionChanged);
+        AppSettings().saveParaMapVariant({{"0000a", {{"ba", QByteArray(4, 1)}}}}, "key");
+        chart.addCurves(1);
+        chart.button("btnGraphDefault")->click();
+        QCOMPARE(selections.size(), 0); // nothing is stored without a key
+        QCOMPARE(AppSettings().getParaMapVariant("key").size(), 1);
+        chart.graph->setAppSettingKey("key");
+        QCOMPARE(chart.range(), QString("-7..8"));
+        QVERIFY(chart.button("btnScaleManually")->isChecked());
+        chart.button("btnGraphDefault")->click();
+        QCOMPARE(selections.size(), 1);
+        QVERIFY(AppSettings().getParaMapVariant("key").isEmpty());
+        QCOMPARE(chart.graph->getGraphs().size(), 1);
+    }
+
+    void exportedFile()
+    {
+        QLocale::setDefault(QLocale(QLocale::German));
+        QTemporaryDir folder;
+        Chart chart;
+        const char* labels[] = {"a/b", "\\c", "ä"};
+        for (int i = 0; i < 3; ++i)
+            chart.add(i + 1, QString::fromUtf8(labels[i]));
+        struct Sample {
+            qint64 time;
+            int curve;
+            int value;
+        };
+        std::vector<Sample> samples;
+        std::mt19937 random(4);
+        qint64 now = Start;
+        for (int i = 0; i < 2000; ++i) {
+            now += static_cast<int>(random() % 4) - (random() % 300 == 0 ? 3000 : 0);
+            const Sample sample{now, static_cast<int>(random() % 3), static_cast<int>(random())};
+            samples.push_back(sample);
+            chart.take(sample.curve + 1, sample.value, now);
+        }
+        std::stable_sort(samples.begin(), samples.end(), [](const Sample& a, const Sample& b) {
+            return a.time < b.time || (a.time == b.time && a.curve < b.curve);
+        });
+        QByteArray expected = "timestamp[ms];a/b;\\c;\xc3\xa4\n";
+        for (const Sample& sample : samples) {
+            QByteArray fields[3];
+            fields[sample.curve] = QByteArray::number(sample.value);
+            expected += QByteArray::number(sample.time - samples.front().time) + ';' + fields[0] +
+                        ';' + fields[1] + ';' + fields[2] + '\n';
+        }
+        FileDialogUser user(folder.filePath("all.csv"));
+        chart.graph->startDrawing();
+        chart.update(now);
+        const QImage shown = chart.frame(now);
+        user.onDialog = [&] {
+            QCOMPARE(chart.frame(now + 500), shown); // the picture stands still
+            chart.take(1, 1, now + 500);             // and the file is of the time of asking
+        };
+        chart.button("btnSave")->click();
+        QCOMPARE(user.title, QString("Save"));
+        QCOMPARE(user.proposed, QDateTime::fromMSecsSinceEpoch(now).toString("yyyyMMdd_hh.mm.ss") +
+                                    QString::fromUtf8("_a_b__c_ä.csv"));
+        QCOMPARE(contentOf(folder.filePath("all.csv")), expected);
+        QVERIFY(chart.frame(now + 500) != shown);
+
+        FileDialogUser refuser("");
+        chart.button("btnSave")->click();
+        FileDialogUser loser(folder.filePath("none/all.csv"));
+        chart.button("btnSave")->click();
+        FileDialogUser remover(folder.filePath("removed.csv"));
+        remover.onDialog = [&chart] {
+            delete chart.graph;
+            chart.graph = nullptr;
+        };
+        chart.graph->saveGraph();
+        QVERIFY(!chart.graph);
+        QCOMPARE(contentOf(folder.filePath("removed.csv")).count('\n'), expected.count('\n') + 1);
+        QLocale::setDefault(QLocale::c());
+    }
+
+    void log()
+    {
+        QLocale::setDefault(QLocale(QLocale::German));
+        QTemporaryDir folder;
+        Chart chart;
+        chart.addCurves(2);
+        chart.add(1, "again");
+        auto* log = User::find<QAbstractButton>(chart.graph, "cbLog");
+        const auto start = [&](const QString& name) {
+            FileDialogUser user(name.isEmpty() ? name : folder.filePath(name));
+            log->setChecked(false);
+            log->click();
+            return user.title;
+        };
+        QCOMPARE(start(""), QString("Save"));
+        QVERIFY(!log->isChecked());
+        chart.take(1, 1, Start);
+
+        start("none/log.csv");
+        QVERIFY(log->isChecked());
+        chart.take(1, 1, Start);
+
+        QFile old(folder.filePath("first.csv"));
+        chart.time = Start + 1000;
+        start("first.csv");
+        QVERIFY(log->isChecked());
+        chart.take(1, 1234567, Start + 1000);
+        chart.take(2, -1234567, Start + 1007);
+        chart.take(3, 5, Start + 1008);
+        chart.take(2, INT_MIN, Start + 500); // the clock was set back
+        const QByteArray first = "timestamp[ms];a;b;again\n"
+                                 "0;1234567;;\n0;;;1234567\n7;;-1234567;\n-500;;-2147483648;\n";
+        QCOMPARE(contentOf(folder.filePath("first.csv")), first);
+
+        FileDialogUser user(folder.filePath("second.csv")); // while the first one runs
+        user.onDialog = [&chart] { chart.take(1, 9, Start + 2000); };
+        chart.graph->startLogging(true);
+        chart.take(2, 3, Start + 2010);
+        QCOMPARE(contentOf(folder.filePath("first.csv")), first);
+        const QByteArray second = "timestamp[ms];a;b;again\n10;;3;\n";
+        QCOMPARE(contentOf(folder.filePath("second.csv")), second);
+        log->setChecked(false);
+        chart.take(2, 3, Start + 2020);
+        QCOMPARE(contentOf(folder.filePath("second.csv")), second);
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 2);
+        QLocale::setDefault(QLocale::c());
+    }
+
+    void killedWhileLogging()
+    {
+        QTemporaryDir folder;
+        std::mt19937 random(5);
+        const QRegularExpression row("^\\d+;(-?\\d+;;|;-?\\d+;|;;-?\\d+)$");
+        for (int i = 0; i < 8; ++i) {
+            const QString fileName = folder.filePath(QString("log%1.csv").arg(i));
+            const auto size = static_cast<qint64>(random() % 200000);
+            QProcess child;
+            child.start(QCoreApplication::applicationFilePath(), {"--log", fileName});
+            QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(fileName).size() > size, 30000);
+            child.kill(); // it cannot catch that
+            QVERIFY(child.waitForFinished());
+            QStringList lines = QString::fromUtf8(contentOf(fileName)).split('\n');
+            QCOMPARE(lines.takeFirst(), QString("timestamp[ms];a;b;c"));
+            QCOMPARE(lines.takeLast(), QString()); // the last row has its end
+            QVERIFY(lines.size() > 0);
+            for (int k = 0; k < lines.size(); ++k) {
+                QVERIFY2(row.match(lines.at(k)).hasMatch(), qPrintable(lines.at(k)));
+                QCOMPARE(lines.at(k).section(';', 0, 0).toInt(), k);
+                QCOMPARE(lines.at(k).section(';', 1 + k % 3, 1 + k % 3).toInt(),
+                         k * 7919 - 1000000);
+            }
+        }
+    }
+
+    void deletedInASignal()
+    {
+        const std::function<void(Chart&)> triggers[] = {
+            [](Chart& chart) { QMetaObject::invokeMethod(chart.graph, "updateItemClock"); },
+            [](Chart& chart) { chart.graph->updateScene(); },
+            [](Chart& chart) { chart.button("btnGraphDefault")->click(); },
+            [](Chart& chart) { chart.box("sbMax")->setValue(50); },
+        };
+        for (const auto& trigger : triggers) {
+            Chart chart;
+            chart.graph->setAppSettingKey("key");
+            chart.addCurves(1);
+            chart.take(1, 0, Start);
+            chart.take(1, 999, Start + 1);
+            const auto remove = [&chart] {
+                delete chart.graph;
+                chart.graph = nullptr;
+            };
+            connect(chart.graph, &ValueOverTimeGraph::scaleChanged, remove);
+            connect(chart.graph, &ValueOverTimeGraph::graphSelectionChanged, remove);
+            trigger(chart);
+            QVERIFY(!chart.graph);
+        }
+    }
+};
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QApplication app(argc, argv);
+    QCoreApplication::setOrganizationName(QStringLiteral("AXRTest"));
+    QCoreApplication::setApplicationName(QStringLiteral("ValueOverTimeGraphTest"));
+    if (argc == 3 && qstrcmp(argv[1], "--log") == 0)
+        return logForever(argv[2]);
+    ValueOverTimeGraphTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "ValueOverTimeGraphTest.moc"
