@@ -399,6 +399,32 @@ private Q_SLOTS:
         QVERIFY(chart.frame(Start + 2500) != running);
     }
 
+    void holdsUntilAllCurvesHaveTwoSamples()
+    {
+        Chart chart;
+        chart.addCurves(2);
+        chart.graph->startDrawing();
+        const auto run = [&chart](int command, int step) {
+            for (int i = 0; i < 100; ++i)
+                chart.take(command, 50 + step * (i % 10), chart.time + 11);
+        };
+        run(1, 0); // without markers, which hide first
+        run(2, 0);
+        const QImage before = chart.frame(chart.time);
+        chart.graph->getGraphs().at(1)->clearValues();
+        run(1, 7);
+        chart.take(2, 5, chart.time);
+        QCOMPARE(chart.frame(chart.time), before);
+        // a scene that is built meanwhile has all of the other curve
+        chart.rebuild();
+        run(1, 9);
+        run(2, 5);
+        const QImage after = chart.frame(chart.time);
+        QVERIFY(after != before);
+        chart.rebuild();
+        QCOMPARE(chart.frame(chart.time), after);
+    }
+
     void repliesFindTheirCurves()
     {
         Chart chart;
@@ -565,7 +591,7 @@ private Q_SLOTS:
                 for (qint64& time : next)
                     time += jump;
             }
-            if (frame == 400)
+            if (frame == 420)
                 now -= 300; // the youngest samples are to come once more
             for (int curve = 0; curve < 4; ++curve) {
                 for (; next[curve] <= now; next[curve] += 1 + dice(2 * pauses[curve])) {
@@ -783,9 +809,12 @@ private Q_SLOTS:
         QCOMPARE(contentOf(folder.filePath("first.csv")), first);
         const QByteArray second = "timestamp[ms];a;b;again\n10;;3;\n";
         QCOMPARE(contentOf(folder.filePath("second.csv")), second);
+        chart.graph->removeAllGraphs(); // other columns from now on
+        chart.addCurves(2);
+        chart.take(2, 4, Start + 2015);
         log->setChecked(false);
-        chart.take(2, 3, Start + 2020);
-        QCOMPARE(contentOf(folder.filePath("second.csv")), second);
+        chart.take(2, 5, Start + 2020);
+        QCOMPARE(contentOf(folder.filePath("second.csv")), second + "15;;4\n");
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 2);
         QLocale::setDefault(QLocale::c());
     }
