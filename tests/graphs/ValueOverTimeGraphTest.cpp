@@ -229,6 +229,36 @@ private Q_SLOTS:
         QCOMPARE(curves.at(2)->getCommand(), char(3));
     }
 
+    void redFrame()
+    {
+        Chart chart;
+        chart.graph->setDrawBoundingEnabled(true);
+        QVERIFY(chart.items<QGraphicsLineItem>().isEmpty());
+        chart.rebuild();
+        QRectF frame;
+        for (const auto* line : chart.items<QGraphicsLineItem>()) {
+            QCOMPARE(line->pen().color(), QColor(Qt::red));
+            frame |= QRectF(line->line().p1(), line->line().p2());
+        }
+        QCOMPARE(chart.items<QGraphicsLineItem>().size(), 4);
+        QCOMPARE(frame, chart.view()->sceneRect());
+    }
+
+    void ticksOnlyWhileVisible()
+    {
+        Chart chart;
+        chart.addCurves(1);
+        chart.take(1, 0, Start);
+        chart.take(1, 999, Start);
+        QSignalSpy scales(chart.graph, &ValueOverTimeGraph::scaleChanged);
+        chart.graph->hide();
+        QMetaObject::invokeMethod(chart.graph, "updateItemClock");
+        QCOMPARE(scales.size(), 0);
+        chart.graph->show();
+        QMetaObject::invokeMethod(chart.graph, "updateItemClock");
+        QVERIFY(scales.size() > 0);
+    }
+
     void panelIsHidden()
     {
         Chart chart;
@@ -415,6 +445,13 @@ private Q_SLOTS:
         run(1, 7);
         chart.take(2, 5, chart.time);
         QCOMPARE(chart.frame(chart.time), before);
+        // what is out of date goes all the same
+        const int count = chart.valueCount();
+        for (int i = 0; i < 400; ++i) {
+            run(1, 0);
+            chart.update(chart.time);
+        }
+        QVERIFY(chart.valueCount() < 10 * count);
         // a scene that is built meanwhile has all of the other curve
         chart.rebuild();
         run(1, 9);
@@ -842,6 +879,25 @@ private Q_SLOTS:
                 QCOMPARE(lines.at(k).section(';', 1 + k % 3, 1 + k % 3).toInt(),
                          k * 7919 - 1000000);
             }
+        }
+    }
+
+    void curvesChangedInASignal()
+    {
+        for (int i = 0; i < 2; ++i) {
+            Chart chart;
+            chart.addCurves(2);
+            for (int value : {0, 999})
+                for (int command : {1, 2})
+                    chart.take(command, value, Start);
+            connect(chart.graph, &ValueOverTimeGraph::scaleChanged, [&chart, i] {
+                if (i == 0)
+                    chart.graph->clearValues();
+                chart.graph->removeAllGraphs();
+                chart.addCurves(3);
+            });
+            chart.frame(Start);
+            QCOMPARE(chart.items<GraphItem>().size(), 3);
         }
     }
 
