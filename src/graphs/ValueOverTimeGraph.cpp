@@ -276,7 +276,7 @@ void ValueOverTimeGraph::advance(qint64 now)
 {
     if (m_drawing)
         m_actualTime = now;
-    keepPresent(now);
+    limitAge(now); // a curve that holds the others must not let them grow without end
     if (!m_graphs.isEmpty()) {
         m_minMarker->hide();
         m_maxMarker->hide();
@@ -299,7 +299,7 @@ void ValueOverTimeGraph::advance(qint64 now)
         item->setUseConnectedDataPoints(m_useConnectedDataPoints);
         item->setDataPointsEnabled(m_dataPointsEnabled);
     }
-    setTimeOut(m_actualTime - lifetime());
+    limitAge(now);
 }
 
 /// Axis and captions, in the widget's present size and the axis' last text width.
@@ -372,12 +372,7 @@ void ValueOverTimeGraph::setTimeOut(qint64 time)
         graph->setTimeOutTime(time);
 }
 
-void ValueOverTimeGraph::keepPresent(qint64 now)
-{
-    const auto isOutOfDate = [now](const Graph* graph) { return now < graph->m_timeOutTime; };
-    if (std::any_of(m_graphs.cbegin(), m_graphs.cend(), isOutOfDate))
-        setTimeOut(now - lifetime());
-}
+void ValueOverTimeGraph::limitAge(qint64 now) { setTimeOut(qMin(m_actualTime, now) - lifetime()); }
 
 qint64 ValueOverTimeGraph::lifetime() const { return Lifetime * qint64(m_visibleSpan); }
 
@@ -390,9 +385,10 @@ void ValueOverTimeGraph::IN_replyValue(Command* reply)
 void ValueOverTimeGraph::takeReply(const Command& reply, qint64 now)
 {
     // No frame tells what is out of date while the widget is hidden or the clock was just set.
-    if (m_drawing && qAbs(now - m_actualTime) > m_visibleSpan)
+    const auto isEarly = [now](const Graph* graph) { return now < graph->m_timeOutTime; };
+    if ((m_drawing && qAbs(now - m_actualTime) > m_visibleSpan) ||
+        std::any_of(m_graphs.cbegin(), m_graphs.cend(), isEarly))
         setTimeOut(now - lifetime());
-    keepPresent(now);
     const double value = reply.getValue();
     for (int i = 0; i < m_graphs.size(); ++i) {
         Graph* graph = m_graphs.at(i);

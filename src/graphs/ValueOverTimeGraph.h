@@ -132,8 +132,8 @@ private:
     bool scaleToData();
     void placeMarker(MarkerItem* marker, double value, double y);
     void setTimeOut(qint64 time);
-    /// When the clock was set back, a sample of now is not out of date.
-    void keepPresent(qint64 now);
+    /// As of the picture's time, or of now when the clock was set back while the picture stands.
+    void limitAge(qint64 now);
     qint64 lifetime() const;
     void selectItems();
     QString askFileName();

@@ -2,161 +2,22 @@
 #include "AppSettings.h"
 #include "BasicTools.h"
 #include "Bytes.h"
-#include "CommandRecorder.h"
-#include "Graph.h"
+#include "Chart.h"
 #include "GraphCaptionItem.h"
 #include "GraphController.h"
 #include "GraphItem.h"
-#include "MarkerItem.h"
 #include "Numbers.h"
 #include "TestCase.h"
-#include "User.h"
 #include "XTimeAxisItem.h"
 
 #include <QBoxLayout>
-#include <QFileDialog>
-#include <QGraphicsView>
 #include <QMenu>
-#include <QProcess>
-#include <QSpinBox>
-#include <QWindow>
 
 #include <climits>
 #include <random>
 
 namespace
 {
-
-constexpr qint64 Start = 1600000000000; // a full second
-
-/// A shown graph with its own clock. Nothing happens to it but by these verbs.
-class Chart
-{
-public:
-    explicit Chart(QSize size = {420, 260}) : graph(new ValueOverTimeGraph)
-    {
-        graph->setClock([this] { return time; });
-        graph->setAttribute(Qt::WA_DontShowOnScreen);
-        resize(size);
-        graph->show();
-        QCoreApplication::sendPostedEvents();
-    }
-    ~Chart() { delete graph; }
-
-    void resize(QSize size)
-    {
-        graph->resize(size);
-        QCoreApplication::sendPostedEvents();
-    }
-    void rebuild() { QMetaObject::invokeMethod(graph, "initializeScene"); }
-
-    Graph* add(int command, const QString& label, QColor color = Qt::blue)
-    {
-        auto* curve = new Graph(1, 0, static_cast<char>(command), 0, label, color);
-        graph->addGraph(curve);
-        return curve;
-    }
-    /// Curves with the commands 1, 2 ...
-    void addCurves(int count)
-    {
-        for (int i = 0; i < count; ++i)
-            add(i + 1, QString(QChar('a' + i)), QColor::fromHsv(i * 60, 255, 200));
-        rebuild();
-    }
-    void take(int command, int value, qint64 at)
-    {
-        time = at;
-        Command answer = reply(1, command, 0, 0, value);
-        graph->IN_replyValue(&answer);
-    }
-    void update(qint64 at)
-    {
-        time = at;
-        graph->updateScene(at);
-    }
-    QImage paint() { return view()->viewport()->grab().toImage(); }
-    /// Until the axis has its final layout.
-    QImage frame(qint64 at)
-    {
-        QImage image;
-        for (int i = 0; i < 4; ++i) {
-            update(at);
-            image = paint();
-        }
-        return image;
-    }
-
-    QGraphicsView* view() const { return User::find<QGraphicsView>(graph, "graphicsView"); }
-    template <class Item>
-    QList<Item*> items() const
-    {
-        QList<Item*> found;
-        for (QGraphicsItem* item : view()->scene()->items(Qt::AscendingOrder)) {
-            if (auto* one = dynamic_cast<Item*>(item))
-                found << one;
-        }
-        return found;
-    }
-    /// Those that are visible, as "z@y".
-    QString markers() const
-    {
-        QStringList list;
-        for (const MarkerItem* marker : items<MarkerItem>()) {
-            if (marker->isVisible())
-                list << QString("%1@%2").arg(marker->zValue()).arg(qRound(marker->y()));
-        }
-        return list.join(' ');
-    }
-    QString range() const
-    {
-        return QString("%1..%2").arg(box("sbMin")->value()).arg(box("sbMax")->value());
-    }
-    QSpinBox* box(const char* name) const { return User::find<QSpinBox>(graph, name); }
-    QAbstractButton* button(const char* name) const
-    {
-        return User::find<QAbstractButton>(graph, name);
-    }
-    int valueCount(int curve = 0) const { return graph->getGraphs().at(curve)->valueCount(); }
-
-    ValueOverTimeGraph* graph;
-    qint64 time = Start;
-};
-
-/// Answers the next file dialog, when it is there, with this file; an empty one cancels.
-class FileDialogUser : public QObject
-{
-public:
-    explicit FileDialogUser(QString file) : m_file(std::move(file)) { startTimer(0); }
-
-    QString title;
-    QString proposed;
-    std::function<void()> onDialog;
-
-protected:
-    void timerEvent(QTimerEvent* event) override
-    {
-        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (!dialog || !dialog->windowHandle()->isExposed()) // before, it cannot take the focus
-            return;
-        killTimer(event->timerId());
-        auto* edit = User::find<QLineEdit>(dialog, "fileNameEdit");
-        title = dialog->windowTitle();
-        proposed = edit->text();
-        if (onDialog)
-            onDialog();
-        edit->setText(m_file);
-        QMetaObject::invokeMethod(dialog, m_file.isEmpty() ? "reject" : "accept");
-    }
-
-private:
-    QString m_file;
-};
-
-QByteArray contentOf(const QString& fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : "cannot be opened";
-}
 
 /// Called with the next menu, once it is there.
 void onMenu(std::function<void(QMenu*)> action)
@@ -167,17 +28,6 @@ void onMenu(std::function<void(QMenu*)> action)
         else
             onMenu(action);
     });
-}
-
-/// Logs without an end, for the parent to kill.
-int logForever(const QString& fileName)
-{
-    Chart chart;
-    chart.addCurves(3);
-    FileDialogUser user(fileName);
-    chart.graph->startLogging(true);
-    for (int i = 0;; ++i)
-        chart.take(1 + i % 3, i * 7919 - 1000000, Start + i);
 }
 
 } // namespace
@@ -193,27 +43,32 @@ private Q_SLOTS:
         QCOMPARE(graph.windowTitle(), QString("value vs. time"));
         QCOMPARE(graph.statusTip(), QString("use right mouse button for more items"));
         QCOMPARE(graph.contextMenuPolicy(), Qt::CustomContextMenu);
-        QVERIFY(graph.getGraphs().isEmpty());
+        const struct {
+            const char* object;
+            const char* property;
+            int value;
+        } rows[] = {
+            {"horizontalLayout", "spacing", 0},
+            {"verticalLayout", "spacing", 0},
+            {"graphicsView", "frameShadow", QFrame::Plain},
+            {"graphicsView", "verticalScrollBarPolicy", Qt::ScrollBarAlwaysOff},
+            {"graphicsView", "horizontalScrollBarPolicy", Qt::ScrollBarAlwaysOff},
+            {"graphicsView", "renderHints", 0x0f},
+            {"graphicsView", "cacheMode", QGraphicsView::CacheBackground},
+            {"graphicsView", "resizeAnchor", QGraphicsView::AnchorUnderMouse},
+            {"graphicsView", "viewportUpdateMode", QGraphicsView::FullViewportUpdate},
+            {"btnHideController", "checkable", true},
+            {"btnHideController", "checked", true},
+            {"btnHideController", "flat", true},
+        };
+        for (const auto& row : rows)
+            QCOMPARE(User::find<QObject>(&graph, row.object)->property(row.property).toInt(),
+                     row.value);
+        QCOMPARE(User::find<GraphController>(&graph, "graphController")->title(), QString());
         auto* outer = User::find<QHBoxLayout>(&graph, "horizontalLayout");
         QCOMPARE(outer->contentsMargins(), QMargins(9, 9, 0, 9));
-        QCOMPARE(outer->spacing(), 0);
         QCOMPARE(outer->stretch(0), 1);
-        auto* inner = User::find<QVBoxLayout>(&graph, "verticalLayout");
-        QCOMPARE(inner->contentsMargins(), QMargins());
-        QCOMPARE(inner->spacing(), 0);
-        auto* view = User::find<QGraphicsView>(&graph, "graphicsView");
-        QCOMPARE(view->frameShadow(), QFrame::Plain);
-        QCOMPARE(view->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
-        QCOMPARE(view->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
-        QCOMPARE(int(view->renderHints()), 0x0f);
-        QCOMPARE(int(view->cacheMode()), int(QGraphicsView::CacheBackground));
-        QCOMPARE(view->resizeAnchor(), QGraphicsView::AnchorUnderMouse);
-        QCOMPARE(view->viewportUpdateMode(), QGraphicsView::FullViewportUpdate);
-        QCOMPARE(view->viewport()->styleSheet(), QString("background: white"));
-        auto* hide = User::find<QPushButton>(&graph, "btnHideController");
-        QVERIFY(hide->isCheckable() && hide->isChecked() && hide->isFlat());
-        QVERIFY(!hide->icon().isNull());
-        QCOMPARE(User::find<GraphController>(&graph, "graphController")->title(), QString());
+        QCOMPARE(User::find<QVBoxLayout>(&graph, "verticalLayout")->contentsMargins(), QMargins());
 
         Chart chart;
         QCOMPARE(chart.range(), QString("-100..100"));
@@ -227,6 +82,36 @@ private Q_SLOTS:
         QCOMPARE(curves.size(), 3);
         QCOMPARE(curves.at(2)->zValue(), 1.0);
         QCOMPARE(curves.at(2)->getCommand(), char(3));
+    }
+
+    void redFrame()
+    {
+        Chart chart;
+        chart.graph->setDrawBoundingEnabled(true);
+        QVERIFY(chart.items<QGraphicsLineItem>().isEmpty());
+        chart.rebuild();
+        QRectF frame;
+        for (const auto* line : chart.items<QGraphicsLineItem>()) {
+            QCOMPARE(line->pen().color(), QColor(Qt::red));
+            frame |= QRectF(line->line().p1(), line->line().p2());
+        }
+        QCOMPARE(chart.items<QGraphicsLineItem>().size(), 4);
+        QCOMPARE(frame, chart.view()->sceneRect());
+    }
+
+    void ticksOnlyWhileVisible()
+    {
+        Chart chart;
+        chart.addCurves(1);
+        chart.take(1, 0, Start);
+        chart.take(1, 999, Start);
+        QSignalSpy scales(chart.graph, &ValueOverTimeGraph::scaleChanged);
+        chart.graph->hide();
+        QMetaObject::invokeMethod(chart.graph, "updateItemClock");
+        QCOMPARE(scales.size(), 0);
+        chart.graph->show();
+        QMetaObject::invokeMethod(chart.graph, "updateItemClock");
+        QVERIFY(scales.size() > 0);
     }
 
     void panelIsHidden()
@@ -399,6 +284,39 @@ private Q_SLOTS:
         QVERIFY(chart.frame(Start + 2500) != running);
     }
 
+    void holdsUntilAllCurvesHaveTwoSamples()
+    {
+        Chart chart;
+        chart.addCurves(2);
+        chart.graph->startDrawing();
+        const auto run = [&chart](int command, int step) {
+            for (int i = 0; i < 100; ++i)
+                chart.take(command, 50 + step * (i % 10), chart.time + 11);
+        };
+        run(1, 0); // without markers, which hide first
+        run(2, 0);
+        const QImage before = chart.frame(chart.time);
+        chart.graph->getGraphs().at(1)->clearValues();
+        run(1, 7);
+        chart.take(2, 5, chart.time);
+        QCOMPARE(chart.frame(chart.time), before);
+        // what is out of date goes all the same
+        const int count = chart.valueCount();
+        for (int i = 0; i < 400; ++i) {
+            run(1, 0);
+            chart.update(chart.time);
+        }
+        QVERIFY(chart.valueCount() < 10 * count);
+        // a scene that is built meanwhile has all of the other curve
+        chart.rebuild();
+        run(1, 9);
+        run(2, 5);
+        const QImage after = chart.frame(chart.time);
+        QVERIFY(after != before);
+        chart.rebuild();
+        QCOMPARE(chart.frame(chart.time), after);
+    }
+
     void repliesFindTheirCurves()
     {
         Chart chart;
@@ -565,7 +483,7 @@ private Q_SLOTS:
                 for (qint64& time : next)
                     time += jump;
             }
-            if (frame == 400)
+            if (frame == 420)
                 now -= 300; // the youngest samples are to come once more
             for (int curve = 0; curve < 4; ++curve) {
                 for (; next[curve] <= now; next[curve] += 1 + dice(2 * pauses[curve])) {
@@ -680,139 +598,22 @@ private Q_SLOTS:
         QCOMPARE(chart.graph->getGraphs().size(), 1);
     }
 
-    void exportedFile()
+    void curvesChangedInASignal()
     {
-        QLocale::setDefault(QLocale(QLocale::German));
-        QTemporaryDir folder;
-        Chart chart;
-        const char* labels[] = {"a/b", "\\c", "ä"};
-        for (int i = 0; i < 3; ++i)
-            chart.add(i + 1, QString::fromUtf8(labels[i]));
-        struct Sample {
-            qint64 time;
-            int curve;
-            int value;
-        };
-        std::vector<Sample> samples;
-        std::mt19937 random(4);
-        qint64 now = Start;
-        for (int i = 0; i < 2000; ++i) {
-            now += static_cast<int>(random() % 4) - (random() % 300 == 0 ? 3000 : 0);
-            const Sample sample{now, static_cast<int>(random() % 3), static_cast<int>(random())};
-            samples.push_back(sample);
-            chart.take(sample.curve + 1, sample.value, now);
-        }
-        std::stable_sort(samples.begin(), samples.end(), [](const Sample& a, const Sample& b) {
-            return a.time < b.time || (a.time == b.time && a.curve < b.curve);
-        });
-        QByteArray expected = "timestamp[ms];a/b;\\c;\xc3\xa4\n";
-        for (const Sample& sample : samples) {
-            QByteArray fields[3];
-            fields[sample.curve] = QByteArray::number(sample.value);
-            expected += QByteArray::number(sample.time - samples.front().time) + ';' + fields[0] +
-                        ';' + fields[1] + ';' + fields[2] + '\n';
-        }
-        FileDialogUser user(folder.filePath("all.csv"));
-        chart.graph->startDrawing();
-        chart.update(now);
-        const QImage shown = chart.frame(now);
-        user.onDialog = [&] {
-            QCOMPARE(chart.frame(now + 500), shown); // the picture stands still
-            chart.take(1, 1, now + 500);             // and the file is of the time of asking
-        };
-        chart.button("btnSave")->click();
-        QCOMPARE(user.title, QString("Save"));
-        QCOMPARE(user.proposed, QDateTime::fromMSecsSinceEpoch(now).toString("yyyyMMdd_hh.mm.ss") +
-                                    QString::fromUtf8("_a_b__c_ä.csv"));
-        QCOMPARE(contentOf(folder.filePath("all.csv")), expected);
-        QVERIFY(chart.frame(now + 500) != shown);
-
-        FileDialogUser refuser("");
-        chart.button("btnSave")->click();
-        FileDialogUser loser(folder.filePath("none/all.csv"));
-        chart.button("btnSave")->click();
-        FileDialogUser remover(folder.filePath("removed.csv"));
-        remover.onDialog = [&chart] {
-            delete chart.graph;
-            chart.graph = nullptr;
-        };
-        chart.graph->saveGraph();
-        QVERIFY(!chart.graph);
-        QCOMPARE(contentOf(folder.filePath("removed.csv")).count('\n'), expected.count('\n') + 1);
-        QLocale::setDefault(QLocale::c());
-    }
-
-    void log()
-    {
-        QLocale::setDefault(QLocale(QLocale::German));
-        QTemporaryDir folder;
-        Chart chart;
-        chart.addCurves(2);
-        chart.add(1, "again");
-        auto* log = User::find<QAbstractButton>(chart.graph, "cbLog");
-        const auto start = [&](const QString& name) {
-            FileDialogUser user(name.isEmpty() ? name : folder.filePath(name));
-            log->setChecked(false);
-            log->click();
-            return user.title;
-        };
-        QCOMPARE(start(""), QString("Save"));
-        QVERIFY(!log->isChecked());
-        chart.take(1, 1, Start);
-
-        start("none/log.csv");
-        QVERIFY(log->isChecked());
-        chart.take(1, 1, Start);
-
-        QFile old(folder.filePath("first.csv"));
-        chart.time = Start + 1000;
-        start("first.csv");
-        QVERIFY(log->isChecked());
-        chart.take(1, 1234567, Start + 1000);
-        chart.take(2, -1234567, Start + 1007);
-        chart.take(3, 5, Start + 1008);
-        chart.take(2, INT_MIN, Start + 500); // the clock was set back
-        const QByteArray first = "timestamp[ms];a;b;again\n"
-                                 "0;1234567;;\n0;;;1234567\n7;;-1234567;\n-500;;-2147483648;\n";
-        QCOMPARE(contentOf(folder.filePath("first.csv")), first);
-
-        FileDialogUser user(folder.filePath("second.csv")); // while the first one runs
-        user.onDialog = [&chart] { chart.take(1, 9, Start + 2000); };
-        chart.graph->startLogging(true);
-        chart.take(2, 3, Start + 2010);
-        QCOMPARE(contentOf(folder.filePath("first.csv")), first);
-        const QByteArray second = "timestamp[ms];a;b;again\n10;;3;\n";
-        QCOMPARE(contentOf(folder.filePath("second.csv")), second);
-        log->setChecked(false);
-        chart.take(2, 3, Start + 2020);
-        QCOMPARE(contentOf(folder.filePath("second.csv")), second);
-        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 2);
-        QLocale::setDefault(QLocale::c());
-    }
-
-    void killedWhileLogging()
-    {
-        QTemporaryDir folder;
-        std::mt19937 random(5);
-        const QRegularExpression row("^\\d+;(-?\\d+;;|;-?\\d+;|;;-?\\d+)$");
-        for (int i = 0; i < 8; ++i) {
-            const QString fileName = folder.filePath(QString("log%1.csv").arg(i));
-            const auto size = static_cast<qint64>(random() % 200000);
-            QProcess child;
-            child.start(QCoreApplication::applicationFilePath(), {"--log", fileName});
-            QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(fileName).size() > size, 30000);
-            child.kill(); // it cannot catch that
-            QVERIFY(child.waitForFinished());
-            QStringList lines = QString::fromUtf8(contentOf(fileName)).split('\n');
-            QCOMPARE(lines.takeFirst(), QString("timestamp[ms];a;b;c"));
-            QCOMPARE(lines.takeLast(), QString()); // the last row has its end
-            QVERIFY(lines.size() > 0);
-            for (int k = 0; k < lines.size(); ++k) {
-                QVERIFY2(row.match(lines.at(k)).hasMatch(), qPrintable(lines.at(k)));
-                QCOMPARE(lines.at(k).section(';', 0, 0).toInt(), k);
-                QCOMPARE(lines.at(k).section(';', 1 + k % 3, 1 + k % 3).toInt(),
-                         k * 7919 - 1000000);
-            }
+        for (int i = 0; i < 2; ++i) {
+            Chart chart;
+            chart.addCurves(2);
+            for (int value : {0, 999})
+                for (int command : {1, 2})
+                    chart.take(command, value, Start);
+            connect(chart.graph, &ValueOverTimeGraph::scaleChanged, [&chart, i] {
+                if (i == 0)
+                    chart.graph->clearValues();
+                chart.graph->removeAllGraphs();
+                chart.addCurves(3);
+            });
+            chart.frame(Start);
+            QCOMPARE(chart.items<GraphItem>().size(), 3);
         }
     }
 
@@ -842,15 +643,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char* argv[])
-{
-    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    QApplication app(argc, argv);
-    QCoreApplication::setOrganizationName(QStringLiteral("AXRTest"));
-    QCoreApplication::setApplicationName(QStringLiteral("ValueOverTimeGraphTest"));
-    if (argc == 3 && qstrcmp(argv[1], "--log") == 0)
-        return logForever(argv[2]);
-    ValueOverTimeGraphTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+AXR_TEST_MAIN(ValueOverTimeGraphTest)
 #include "ValueOverTimeGraphTest.moc"
