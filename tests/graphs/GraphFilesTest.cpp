@@ -48,15 +48,16 @@ QByteArray contentOf(const QString& fileName)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : "cannot be opened";
 }
 
-/// Logs without an end, for the parent to kill.
-int logForever(const QString& fileName)
+/// Logs for longer than the parent waits until it kills.
+int logOn(const QString& fileName)
 {
     Chart chart;
     chart.addCurves(3);
     FileDialogUser user(fileName);
     chart.graph->startLogging(true);
-    for (int i = 0;; ++i)
+    for (int i = 0; i < 200000; ++i)
         chart.take(1 + i % 3, i * 7919 - 1000000, Start + i);
+    return 0;
 }
 
 } // namespace
@@ -212,7 +213,7 @@ int main(int argc, char* argv[])
     QCoreApplication::setOrganizationName(QStringLiteral("AXRTest"));
     QCoreApplication::setApplicationName(QStringLiteral("GraphFilesTest"));
     if (argc == 3 && qstrcmp(argv[1], "--log") == 0)
-        return logForever(argv[2]);
+        return logOn(argv[2]);
     GraphFilesTest test;
     return QTest::qExec(&test, argc, argv);
 }
