@@ -18,6 +18,18 @@ constexpr quint8 DigitalInputBank = 0;
 constexpr quint8 AnalogInputBank = 1;
 constexpr quint8 OutputBank = 2;
 
+// Types of RD.
+enum class RecorderType : quint8 {
+    BufferSize = 0,
+    Elements = 1,
+    Items = 2,
+    Sample = 3,
+    Arm = 4,
+    State = 6,
+    Mode = 7,
+    Interval = 9
+};
+
 Instruction instruction(const Command& request)
 {
     return static_cast<Instruction>(u8(request.getCommand()));
@@ -104,6 +116,7 @@ void SimulatedModule::advance(qint64 milliseconds)
         for (int step = 0; step < StepsPerMillisecond; ++step) {
             for (SimulatedAxis& axis : m_axes)
                 axis.step();
+            m_recorder.step(m_axes[size_t(m_recorder.axis())]);
         }
         ++m_upTime;
     }
@@ -115,6 +128,7 @@ void SimulatedModule::reset()
         axis.reset();
     for (Bank& bank : m_banks)
         bank.values.reset();
+    m_recorder.reset();
     m_outputs.fill(0);
     m_upTime = 0;
 }
@@ -152,6 +166,8 @@ SimulatedModule::Answer SimulatedModule::dispatch(const Command& request)
     case Instruction::STGP:
     case Instruction::RSGP:
         return globalParameter(request);
+    case Instruction::RD:
+        return record(request);
     case Instruction::SIO:
         return setOutput(bank, type, request.getValue());
     case Instruction::GIO: {
@@ -231,6 +247,54 @@ SimulatedModule::Answer SimulatedModule::globalParameter(const Command& request)
         return {status, value};
     }
     return {ReplyStatus::UnknownBank, request.getValue()};
+}
+
+SimulatedModule::Answer SimulatedModule::record(const Command& request)
+{
+    const int value = request.getValue();
+    const quint8 bank = u8(request.getMotorBank());
+    const auto type = static_cast<RecorderType>(u8(request.getType()));
+    switch (type) {
+    case RecorderType::Sample: {
+        const auto& recorded = m_recorder.recorded();
+        if (bank >= SimulatedRecorder::Items || !has(recorded, value))
+            return {ReplyStatus::OutOfRange, value};
+        return {ReplyStatus::Ok, recorded[size_t(value)][bank]};
+    }
+    case RecorderType::Arm:
+        if (bank >= SimulatedRecorder::Triggers)
+            return {ReplyStatus::OutOfRange, value};
+        m_recorder.arm(static_cast<SimulatedRecorder::Trigger>(bank), value);
+        return {ReplyStatus::Ok, value};
+    default:
+        break;
+    }
+    if (!has(m_axes, bank))
+        return {ReplyStatus::UnknownBank, value};
+    switch (type) {
+    case RecorderType::BufferSize:
+        return {ReplyStatus::Ok, SimulatedRecorder::BufferSize};
+    case RecorderType::Elements:
+        return {ReplyStatus::Ok, SimulatedRecorder::Elements};
+    case RecorderType::Items:
+        return {ReplyStatus::Ok, SimulatedRecorder::Items};
+    case RecorderType::State:
+        return {ReplyStatus::Ok, int(m_recorder.state())};
+    case RecorderType::Mode:
+        if (value < 0 || value >= SimulatedRecorder::Modes)
+            return {ReplyStatus::OutOfRange, value};
+        m_recorder.setAxis(bank);
+        m_recorder.setMode(static_cast<SimulatedRecorder::Mode>(value));
+        return {ReplyStatus::Ok, value};
+    case RecorderType::Interval:
+        if (value < 1 || value > SimulatedRecorder::MaximumInterval)
+            return {ReplyStatus::OutOfRange, value};
+        m_recorder.setAxis(bank);
+        m_recorder.setInterval(value);
+        return {ReplyStatus::Ok, value};
+    default:
+        return {ReplyStatus::UnknownType, value};
+    }
 }
 
 SimulatedModule::Answer SimulatedModule::setOutput(quint8 bank, quint8 type, int value)

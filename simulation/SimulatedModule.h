@@ -3,6 +3,7 @@
 
 #include "Command.h"
 #include "SimulatedAxis.h"
+#include "SimulatedRecorder.h"
 
 #include <array>
 #include <vector>
@@ -25,7 +26,12 @@ enum class ReplyStatus : quint8 {
 /// Instructions: ROR and ROL (value 0 to the end of the target velocity's range; type not looked
 /// at), MST, MVP (absolute, relative to the actual position), SAP, GAP, STAP, RSAP by axis, SGP,
 /// GGP, STGP, RSGP by bank (0 module parameters, 2 user variables), SIO (bank 2: outputs, value 0
-/// or 1), GIO (bank 0: digital inputs, 1: analog inputs, 2: outputs read back).
+/// or 1), GIO (bank 0: digital inputs, 1: analog inputs, 2: outputs read back), RD.
+///
+/// RD, the recorder, by type: 0 size of the buffer, 1 elements, 2 items per element, 3 the sample
+/// of element `value` and item `bank` (out of range until it was recorded), 4 arm the trigger
+/// `bank` with the threshold `value`, 6 the state (0 when the buffer is full), 7 mode, 9 interval.
+/// With all others the bank is the axis, and 7 and 9 choose the axis that is recorded.
 class AXRSIMULATION_EXPORT SimulatedModule
 {
 public:
@@ -59,6 +65,8 @@ public:
     SimulatedAxis& axis(int index) { return m_axes.at(size_t(index)); }
     const SimulatedAxis& axis(int index) const { return m_axes.at(size_t(index)); }
 
+    const SimulatedRecorder& recorder() const { return m_recorder; }
+
     /// A channel that the module does not have is ignored, and reads as off or 0.
     void setDigitalInput(int channel, bool on);
     /// Limited to 0..4095.
@@ -81,12 +89,14 @@ private:
     Answer move(SimulatedAxis& axis, quint8 type, int value);
     Answer axisParameter(const Command& request, SimulatedAxis& axis);
     Answer globalParameter(const Command& request);
+    Answer record(const Command& request);
     Answer setOutput(quint8 bank, quint8 type, int value);
     Answer input(quint8 bank, quint8 type) const;
 
     char m_address = 1;
     qint64 m_upTime = 0;
     std::array<SimulatedAxis, Axes> m_axes;
+    SimulatedRecorder m_recorder;
     std::array<Bank, 2> m_banks;
     std::array<int, DigitalInputs> m_digitalInputs{};
     std::array<int, AnalogInputs> m_analogInputs{};
