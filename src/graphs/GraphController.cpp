@@ -50,8 +50,10 @@ void GraphController::setAppSettingsKey(const QString& key)
     settings.beginGroup(settingsGroup());
     const QPointer<GraphController> self(this);
     const int id = stored(settings, checkedIdKey, m_ui->buttonGroup->checkedId());
-    if (QAbstractButton* button = m_ui->buttonGroup->button(id))
-        button->click();
+    if (QAbstractButton* button = m_ui->buttonGroup->button(id)) {
+        button->setChecked(true); // a click, which a panel that is disabled now would not take
+        on_buttonGroup_buttonClicked(button);
+    }
     if (!self)
         return;
     const int maximum = stored(settings, m_ui->sbMax->objectName(), m_ui->sbMax->value());

@@ -22,7 +22,8 @@ class GraphController;
 /// -2147483647..2147483647 in steps of 100, in the unit of the values shown. They never cross: the
 /// present maximum limits the minimum, and the other way round.
 ///
-/// A host may delete the panel inside any of its signals but startLogging().
+/// A host may delete the panel inside its signals, except startLogging() and those of the range,
+/// which come from within the boxes that the user edits: use deleteLater() there.
 class AXRGUI_EXPORT GraphController : public QGroupBox
 {
     Q_OBJECT

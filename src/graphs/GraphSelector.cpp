@@ -49,7 +49,8 @@ GraphSelector::GraphSelector(QWidget* parent, ValueOverTimeGraph* graph,
     for (const Graph* curve : graphs)
         SelectionTable::append(m_ui->twSelected,
                                {curve->getCommand(), curve->getType(), curve->getLabel(),
-                                curve->getColor(), curve->getAddress(), curve->getMotorBank()});
+                                curve->getColor().isValid() ? curve->getColor() : m_defaultColor,
+                                curve->getAddress(), curve->getMotorBank()});
     {
         const QSignalBlocker blocker(m_ui->cbGroupSelector);
         for (const Group& group : groups)
@@ -109,7 +110,8 @@ bool GraphSelector::eventFilter(QObject* watched, QEvent* event)
     if (table && event->type() == QEvent::KeyPress && table->currentRow() >= 0) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space) {
-            emit table->cellClicked(table->currentRow(), table->currentColumn());
+            if (!static_cast<QKeyEvent*>(event)->isAutoRepeat())
+                emit table->cellClicked(table->currentRow(), table->currentColumn());
             return true;
         }
     }
@@ -156,12 +158,17 @@ void GraphSelector::chooseColor(QTableWidget* table, int row)
     picker->setStandardColors();
     picker->setCurrentColor(SelectionTable::color(*table, row));
     table->setCellWidget(row, SelectionRow::Color, picker);
+    // rows may come and go while the grid of colours is open
+    const QPersistentModelIndex cell(table->model()->index(row, SelectionRow::Color));
     const QColor color = picker->exec();
     if (!self)
         return;
-    if (color.isValid() && row < table->rowCount())
-        SelectionTable::setColor(table, row, color);
-    table->removeCellWidget(row, SelectionRow::Color);
+    table->setFocus(); // or the next Return would be the dialog's
+    if (cell.isValid()) {
+        if (color.isValid())
+            SelectionTable::setColor(table, cell.row(), color);
+        table->removeCellWidget(cell.row(), SelectionRow::Color);
+    }
     table->clearSelection();
 }
 

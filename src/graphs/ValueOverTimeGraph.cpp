@@ -516,6 +516,7 @@ void ValueOverTimeGraph::selectItems()
     GraphSelector dialog(this, this, &m_traceableParameters);
     dialog.setWindowFlags(Qt::Dialog | Qt::WindowTitleHint);
     dialog.setWindowIcon(QIcon(QStringLiteral(":/WindowIcons/Drawer")));
+    connect(this, &QObject::destroyed, &dialog, &QDialog::reject); // it shows what is ours
     if (dialog.exec() != QDialog::Accepted || !self)
         return;
 

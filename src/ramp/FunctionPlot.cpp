@@ -106,14 +106,15 @@ void FunctionPlot::drawValueAxis(const ValueAxis& axis)
     const double span = axis.max - axis.min;
     const double step = bearableStep(ValueStep, span);
     const double steps = span / step;
+    const double firstStep = axis.max / step;
     const int stepsPerLabel = steps > FewSteps ? 10 : 5;
     double lastLabel = NoLabelYet;
     // By counting, for a step that is subtracted again and again drifts, and from a large value it
     // takes nothing away at all.
-    for (int i = 0; i < steps + 0.5; ++i) {
+    for (int i = 0; i < steps + 1; ++i) {
         const double value = axis.max - i * step;
         const int y = toInt(i / steps * m_height + RoundingNoise);
-        const double k = std::abs(std::round(value / step));
+        const double k = std::abs(std::round(firstStep - i));
         if (isMultiple(k, stepsPerLabel) && y >= m_fontHeight + lastLabel) {
             QString text = QString::number(value * axis.scale, 'f', axis.decimals);
             const bool isZero = k == 0.0;

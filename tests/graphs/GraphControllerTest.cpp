@@ -203,6 +203,18 @@ private Q_SLOTS:
         QTEST(shown(panel), "after");
     }
 
+    void loadsWhileDisabled()
+    {
+        store({{"checkedId", ManualId}});
+        GraphController panel;
+        panel.setObjectName("graphController");
+        panel.setEnabled(false);
+        Host host(panel);
+        panel.setAppSettingsKey("key");
+        QVERIFY(host.take().startsWith("manually"));
+        QVERIFY(User::find<QRadioButton>(&panel, "btnScaleManually")->isChecked());
+    }
+
     void storesAtTheEnd()
     {
         {

@@ -3,15 +3,22 @@
 #include "BasicTools.h"
 #include "Bytes.h"
 #include "Chart.h"
+#include "Graph.h"
 #include "GraphCaptionItem.h"
 #include "GraphController.h"
 #include "GraphItem.h"
+#include "GraphSelector.h"
 #include "Numbers.h"
 #include "TestCase.h"
+#include "TraceCommand.h"
+#include "User.h"
 #include "XTimeAxisItem.h"
 
 #include <QBoxLayout>
+#include <QComboBox>
 #include <QMenu>
+#include <QSignalSpy>
+#include <QTableWidget>
 
 #include <climits>
 #include <random>
@@ -571,6 +578,62 @@ private Q_SLOTS:
         });
         chart.graph->contextMenuRequest(QPoint(20, 20));
         QVERIFY(!chart.graph);
+    }
+
+    void selection()
+    {
+        Chart chart;
+        chart.addCurves(2);
+        chart.graph->setAppSettingKey("curves");
+        chart.graph->setChartSelectorEnabled(true);
+        TraceCommand offered(1, 10, toByte(200), 2, "variable");
+        QList<TraceCommand*> list = {&offered};
+        chart.graph->addTraceableParameters(&list);
+        const auto select = [&chart](const std::function<void(GraphSelector*)>& action) {
+            onMenu([action](QMenu* menu) {
+                QCOMPARE(menu->actions().last()->text(), QString("Select items ..."));
+                QCOMPARE(menu->actions().last()->statusTip(), QString("add given value to graph"));
+                QTimer::singleShot(0, [action] {
+                    auto* dialog = qobject_cast<GraphSelector*>(QApplication::activeModalWidget());
+                    QVERIFY(dialog && QTest::qWaitForWindowExposed(dialog));
+                    action(dialog);
+                });
+                menu->setActiveAction(menu->actions().last());
+                QTest::keyClick(menu, Qt::Key_Return);
+            });
+            chart.graph->contextMenuRequest(QPoint(20, 20));
+        };
+        QSignalSpy changed(chart.graph, &ValueOverTimeGraph::graphSelectionChanged);
+        const QList<Graph*> before = chart.graph->getGraphs();
+        select([](GraphSelector* dialog) { dialog->reject(); });
+        QCOMPARE(chart.graph->getGraphs(), before);
+        QCOMPARE(changed.size(), 0);
+
+        const QString kept = before.at(1)->getLabel();
+        select([](GraphSelector* dialog) {
+            emit dialog->getSelectionTable()->cellClicked(0, 0);
+            User::find<QComboBox>(dialog, "cbGroupSelector")->setCurrentText("all");
+            emit User::find<QTableWidget>(dialog, "twAvailable")->cellClicked(0, 0);
+            dialog->accept();
+        });
+        QCOMPARE(changed.size(), 1);
+        const QList<Graph*> after = chart.graph->getGraphs();
+        QCOMPARE(after.size(), 2);
+        QCOMPARE(after.at(0)->getLabel(), kept);
+        QCOMPARE(after.at(0)->valueCount(), 0);
+        QCOMPARE(u8(after.at(1)->getType()), quint8(200));
+        QCOMPARE(u8(after.at(1)->getMotorBank()), quint8(2));
+        const auto stored = AppSettings().getParaMapVariant("curves");
+        QCOMPARE(stored.keys(), QStringList({"0000" + kept, "0001variable"}));
+        QCOMPARE(stored.last().value("ba").toByteArray(), QByteArray("\x01\x02\x0a\xc8"));
+        QCOMPARE(stored.last().value("col").value<QColor>(), after.at(1)->getColor());
+
+        select([&chart](GraphSelector*) { // the dialog goes with the graph
+            delete chart.graph;
+            chart.graph = nullptr;
+        });
+        QVERIFY(!chart.graph);
+        QVERIFY(!QApplication::activeModalWidget());
     }
 
     void settings()
