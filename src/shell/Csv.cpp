@@ -38,6 +38,13 @@ CsvLine& CsvLine::add(qint64 number)
     return *this;
 }
 
+CsvLine& CsvLine::add(double number)
+{
+    separate();
+    m_bytes += QByteArray::number(number, 'g', 6);
+    return *this;
+}
+
 CsvLine& CsvLine::skip(int fields)
 {
     for (int i = 0; i < fields; ++i)

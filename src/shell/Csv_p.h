@@ -10,7 +10,10 @@ class CsvLine
 {
 public:
     CsvLine& add(const QString& text);
+    CsvLine& add(int number) { return add(qint64(number)); }
     CsvLine& add(qint64 number);
+    /// Six significant digits, with an exponent where that is shorter.
+    CsvLine& add(double number);
     /// Empty fields.
     CsvLine& skip(int fields);
 

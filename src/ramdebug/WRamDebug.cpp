@@ -1,0 +1,466 @@
+#include "WRamDebug.h"
+
+#include "Bytes.h"
+#include "Chart.h"
+#include "Command.h"
+#include "Csv_p.h"
+#include "Instruction.h"
+#include "Logging.h"
+#include "MethodName.h"
+#include "Numbers.h"
+#include "RamDebugThread.h"
+#include "SimpleScaledDrawer.h"
+#include "ui_WRamDebug.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QFileDialog>
+#include <QPointer>
+#include <QSaveFile>
+#include <QSignalBlocker>
+
+#include <limits>
+
+namespace
+{
+
+enum Mode { Torque, Velocity, Position, Other }; // of targets and of what is measured
+enum Entry { NameEntry, IdEntry, UnitEntry };    // of an item's list
+
+constexpr int LongestChart = 10000;
+constexpr char BufferElements = 1; // type of RD
+constexpr int ThreadPatience = 5;  // ms
+
+void addItem(QComboBox* box, const QStringList& entries)
+{
+    box->addItem(entries.at(NameEntry), entries);
+}
+
+QStringList entriesAt(const QComboBox* box, int index)
+{
+    QStringList entries = box->itemData(index).toStringList();
+    while (entries.size() <= UnitEntry)
+        entries << QString();
+    return entries;
+}
+
+/// What the box shows, also when it was typed and not yet taken.
+int shownValue(QSpinBox* box)
+{
+    box->interpretText();
+    return box->text().toInt();
+}
+
+} // namespace
+
+WRamDebug::WRamDebug(QWidget* parent)
+    : QWidget(parent), m_ui(std::make_unique<Ui::WRamDebug>()), m_velocityUnit(tr("[rpm]"))
+{
+    m_ui->setupUi(this);
+    m_ui->btnStop->setEnabled(false);
+    m_ui->sbTriggerValue->setEnabled(false);
+    addTorqueMeasureMode();
+    addTriggerTypes();
+    connect(m_ui->cmbMeasureMode, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            &WRamDebug::measureModeChanged);
+    connect(m_ui->cmbTriggerType, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            &WRamDebug::triggerTypeChanged);
+    m_ui->drawer->setChartSize(LongestChart);
+    m_ui->drawer->setYAxisCaption(tr("Torque"));
+    m_ui->drawer->startDrawing();
+
+    m_thread = std::make_unique<RamDebugThread>(m_ui->drawer);
+    m_thread->m_tracksRequests = true;
+    connect(m_ui->sbMeasureDelay, QOverload<int>::of(&QSpinBox::valueChanged), this,
+            &WRamDebug::measureDelayChanged);
+    connect(m_thread.get(), &RamDebugThread::doDirectRequest, this,
+            &WRamDebug::forwardDoDirectRequest, Qt::BlockingQueuedConnection);
+    connect(m_thread.get(), &RamDebugThread::ready, this, &WRamDebug::ramDebugThreadReady);
+
+    setAddressAndMotorBank(1, 0);
+    updateChartSelection();
+    updateTargetBounds();
+    updateUnits();
+    connect(m_ui->cmbTargetMode, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            &WRamDebug::targetModeChanged);
+}
+
+WRamDebug::~WRamDebug()
+{
+    m_thread->abort();
+    m_thread->leaveDrawer();
+    if (m_forwarding > 0) {
+        // The thread waits for the slot in which this is destroyed: it must outlive the panel, and
+        // goes by itself.
+        RamDebugThread* orphan = m_thread.release();
+        connect(orphan, &QThread::finished, orphan, &QObject::deleteLater);
+    } else {
+        // A request that is on its way to this panel frees the thread when it is dropped.
+        while (!m_thread->wait(ThreadPatience))
+            QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
+    }
+    m_ui->drawer->removeAllCharts();
+}
+
+void WRamDebug::addTorqueMeasureMode()
+{
+    addItem(m_ui->cmbMeasureMode, {tr("Torque"), QStringLiteral("0")});
+}
+
+void WRamDebug::addVelocityMeasureMode()
+{
+    addItem(m_ui->cmbMeasureMode, {tr("Velocity"), QStringLiteral("1")});
+}
+
+void WRamDebug::addPositionMeasureMode()
+{
+    addItem(m_ui->cmbMeasureMode, {tr("Position"), QStringLiteral("2")});
+}
+
+void WRamDebug::addNoTargetMeasureMode()
+{
+    addItem(m_ui->cmbMeasureMode, {tr("Defined"), QStringLiteral("3")});
+}
+
+void WRamDebug::addTriggerTypes()
+{
+    int id = 0;
+    for (const QString& name :
+         {tr("Always"), tr("Position lower"), tr("Position higher"), tr("Velocity lower"),
+          tr("Velocity higher"), tr("Torque lower"), tr("Torque higher")})
+        addItem(m_ui->cmbTriggerType, {name, QString::number(id++)});
+}
+
+void WRamDebug::setAddressAndMotorBank(char address, char bank)
+{
+    m_thread->setAddress(address);
+    m_thread->setMotorBank(bank);
+    makeCharts();
+    updateChartSelection();
+}
+
+void WRamDebug::makeCharts()
+{
+    m_ui->drawer->removeAllCharts(); // before the charts that it draws go
+    const struct {
+        char type;
+        QString label;
+        QColor color;
+    } rows[] = {
+        {m_thread->getTargetTorqueType(), tr("target [mA]"), Qt::red},
+        {m_thread->getActualTorqueType(), tr("actual [mA]"), Qt::blue},
+        {m_thread->getRampTargetVelocityType(), tr("target ") + m_velocityUnit, Qt::red},
+        {m_thread->getActualVelocityType(), tr("actual ") + m_velocityUnit, Qt::blue},
+        {m_thread->getTargetPositionType(), tr("target"), Qt::red},
+        {m_thread->getActualPositionType(), tr("actual"), Qt::blue},
+        {0, tr("Debug 1"), Qt::green},
+        {1, tr("Debug 2"), Qt::blue},
+        {2, tr("Debug 3"), Qt::red},
+        {3, tr("Debug 4"), Qt::black},
+    };
+    for (std::size_t i = 0; i < m_charts.size(); ++i)
+        m_charts[i] = std::make_unique<Chart>(m_thread->getAddress(), m_thread->getMotorBank(),
+                                              toByte(static_cast<int>(Instruction::GAP)),
+                                              rows[i].type, rows[i].label, rows[i].color);
+}
+
+template <class Setter>
+void WRamDebug::setNumber(Setter setter, char number)
+{
+    (m_thread.get()->*setter)(number);
+    setAddressAndMotorBank(m_thread->getAddress(), m_thread->getMotorBank());
+}
+
+void WRamDebug::setTargetTorqueCommand(char command)
+{
+    setNumber(&RamDebugThread::setTargetTorqueCommand, command);
+}
+
+void WRamDebug::setTargetTorqueType(char type)
+{
+    setNumber(&RamDebugThread::setTargetTorqueType, type);
+}
+
+void WRamDebug::setTargetVelocityCommand(char command)
+{
+    setNumber(&RamDebugThread::setTargetVelocityCommand, command);
+}
+
+void WRamDebug::setTargetVelocityType(char type)
+{
+    setNumber(&RamDebugThread::setTargetVelocityType, type);
+}
+
+void WRamDebug::setRampTargetVelocityType(char type)
+{
+    setNumber(&RamDebugThread::setRampTargetVelocityType, type);
+}
+
+void WRamDebug::setTargetPositionCommand(char command)
+{
+    setNumber(&RamDebugThread::setTargetPositionCommand, command);
+}
+
+void WRamDebug::setTargetPositionType(char type)
+{
+    setNumber(&RamDebugThread::setTargetPositionType, type);
+}
+
+void WRamDebug::setActualTorqueType(char type)
+{
+    setNumber(&RamDebugThread::setActualTorqueType, type);
+}
+
+void WRamDebug::setActualVelocityType(char type)
+{
+    setNumber(&RamDebugThread::setActualVelocityType, type);
+}
+
+void WRamDebug::setActualPositionType(char type)
+{
+    setNumber(&RamDebugThread::setActualPositionType, type);
+}
+
+void WRamDebug::updateTargetBounds()
+{
+    struct Bounds {
+        int maximum;
+        int step;
+    };
+    const Bounds bounds[] = {{m_maxTargetTorque, 100},
+                             {m_maxTargetVelocity, 100},
+                             {std::numeric_limits<int>::max(), 4000}};
+    const int mode = m_thread->getTargetMode();
+    if (mode < Torque || mode > Position)
+        return;
+    for (QSpinBox* box : {m_ui->sbFromTarget, m_ui->sbToTarget}) {
+        box->setRange(toInt(-qint64(bounds[mode].maximum)), bounds[mode].maximum);
+        box->setSingleStep(bounds[mode].step);
+    }
+}
+
+void WRamDebug::setVelocityUnit(QString unit)
+{
+    m_velocityUnit = std::move(unit);
+    updateUnits();
+}
+
+void WRamDebug::updateUnits()
+{
+    {
+        const QSignalBlocker blocker(m_ui->cmbTargetMode);
+        m_ui->cmbTargetMode->clear();
+        addItem(m_ui->cmbTargetMode, {tr("Torque"), QStringLiteral("0"), QStringLiteral("[mA]")});
+        addItem(m_ui->cmbTargetMode, {tr("Velocity"), QStringLiteral("1"), m_velocityUnit});
+        addItem(m_ui->cmbTargetMode, {tr("Position"), QStringLiteral("2"), QString()});
+    }
+    setAddressAndMotorBank(m_thread->getAddress(), m_thread->getMotorBank());
+}
+
+void WRamDebug::setAllowDefinedMode(bool allow)
+{
+    if (m_allowDefinedMode || !allow)
+        return;
+    m_allowDefinedMode = true;
+    m_thread->setAllowDefinedMode(true);
+    addItem(m_ui->cmbTargetMode, {tr("No target"), QStringLiteral("3"), QString()});
+}
+
+void WRamDebug::updateValues()
+{
+    Command reply;
+    const QPointer<WRamDebug> self(this);
+    ask(new Command(m_thread->getAddress(), toByte(static_cast<int>(Instruction::RD)),
+                    BufferElements, m_thread->getMotorBank(), 0),
+        &reply);
+    if (!self || !reply.isValid())
+        return;
+    m_bufferElements = reply.getValue();
+    m_ui->sbMeasureDelay->setValue(1);
+    measureDelayChanged(1);
+    m_ui->drawer->setChartSize(reply.getValue());
+}
+
+void WRamDebug::setMaximumDrawerHeight(int height) { m_ui->drawer->setMaximumHeight(height); }
+
+void WRamDebug::measureDelayChanged(int newDelay)
+{
+    const int duration = toInt(qint64(m_bufferElements) * newDelay);
+    m_ui->sbDuration->setMaximum(duration);
+    m_ui->sbDuration->setValue(duration);
+}
+
+void WRamDebug::targetModeChanged(int index)
+{
+    const QStringList entries = entriesAt(m_ui->cmbTargetMode, index);
+    const int mode = entries.at(IdEntry).toInt();
+    m_thread->setTargetMode(mode);
+    if (m_lastTargetMode < Other)
+        m_targets[static_cast<std::size_t>(m_lastTargetMode)] = {m_ui->sbFromTarget->value(),
+                                                                 m_ui->sbToTarget->value()};
+    m_ui->lblMinUnit->setText(entries.at(UnitEntry));
+    m_ui->lblMaxUnit->setText(entries.at(UnitEntry));
+    updateTargetBounds();
+    m_ui->cmbMeasureMode->clear();
+    m_ui->sbFromTarget->setEnabled(true);
+    m_ui->sbToTarget->setEnabled(true);
+    if (mode < Other) {
+        addTorqueMeasureMode();
+        if (mode > Torque)
+            addVelocityMeasureMode();
+        if (mode > Velocity)
+            addPositionMeasureMode();
+        const Targets& targets = m_targets[static_cast<std::size_t>(mode)];
+        m_ui->sbFromTarget->setValue(targets.from);
+        m_ui->sbToTarget->setValue(targets.to);
+    } else if (m_allowDefinedMode) {
+        addNoTargetMeasureMode();
+        m_ui->sbFromTarget->setEnabled(false);
+        m_ui->sbToTarget->setEnabled(false);
+    }
+    m_lastTargetMode = mode;
+}
+
+void WRamDebug::measureModeChanged(int index)
+{
+    if (index < 0)
+        return;
+    const QStringList entries = entriesAt(m_ui->cmbMeasureMode, index);
+    const int mode = entries.at(IdEntry).toInt();
+    m_thread->setMeasureMode(mode);
+    qCDebug(axrRamDebug) << AXR_METHOD.constData() << entries.at(NameEntry) << " Mode: " << mode;
+    const QString unit = mode == Torque ? tr("[1/10 mS]") : tr("[mS]");
+    m_ui->lblDurationUnit->setText(unit);
+    m_ui->lblDelayUnit->setText(unit);
+    updateChartSelection();
+}
+
+void WRamDebug::updateChartSelection()
+{
+    const struct {
+        QString caption;
+        std::size_t first;
+        std::size_t count;
+    } rows[] = {
+        {tr("Torque"), 0, 2}, {tr("Velocity"), 2, 2}, {tr("Position"), 4, 2}, {tr("Debug"), 6, 4}};
+    const int mode = m_thread->getMeasureMode();
+    if (mode < Torque || mode > Other || (mode == Other && !m_allowDefinedMode))
+        return;
+    m_ui->drawer->setYAxisCaption(rows[mode].caption);
+    m_ui->drawer->removeAllCharts();
+    for (std::size_t i = 0; i < rows[mode].count; ++i)
+        m_ui->drawer->addChart(m_charts[rows[mode].first + i].get());
+}
+
+void WRamDebug::triggerTypeChanged(int index)
+{
+    if (index < 0)
+        return;
+    const QStringList entries = entriesAt(m_ui->cmbTriggerType, index);
+    m_thread->setTriggerType(entries.at(IdEntry).toInt());
+    m_ui->sbTriggerValue->setEnabled(!entries.at(NameEntry).contains(tr("Always")));
+}
+
+void WRamDebug::on_sbTriggerValue_valueChanged(int value) { m_thread->setTriggerValue(value); }
+
+void WRamDebug::enableInputFields(bool enable)
+{
+    m_ui->cmbMeasureMode->setEnabled(enable);
+    m_ui->cmbTargetMode->setEnabled(enable);
+    m_ui->cmbTriggerType->setEnabled(enable);
+    m_ui->sbMeasureDelay->setEnabled(enable);
+    m_ui->sbDuration->setEnabled(false);
+    const bool hasTarget = m_thread->getTargetMode() != Other;
+    m_ui->sbFromTarget->setEnabled(enable && hasTarget);
+    m_ui->sbToTarget->setEnabled(enable && hasTarget);
+    m_ui->sbTriggerValue->setEnabled(enable && m_thread->getTriggerType() != 0);
+}
+
+void WRamDebug::showMeasuring(bool measuring)
+{
+    m_ui->btnStart->setEnabled(!measuring);
+    m_ui->btnStop->setEnabled(measuring);
+    enableInputFields(!measuring);
+}
+
+void WRamDebug::on_btnStart_clicked()
+{
+    const QPointer<WRamDebug> self(this);
+    emit measurementStarted();
+    if (!self)
+        return;
+    showMeasuring(true);
+    const int delay = shownValue(m_ui->sbMeasureDelay);
+    const int to = shownValue(m_ui->sbToTarget);
+    const int from = shownValue(m_ui->sbFromTarget);
+    m_thread->setMeasurementConstraints(from, to, delay);
+    if (m_thread->isFinishing())
+        m_thread->wait(); // for its last lines, which ask nothing of this thread
+    m_thread->start(QThread::InheritPriority);
+}
+
+void WRamDebug::on_btnStop_clicked()
+{
+    showMeasuring(false);
+    m_thread->stop();
+}
+
+void WRamDebug::ramDebugThreadReady() { showMeasuring(false); }
+
+void WRamDebug::forwardDoDirectRequest(Command* request, Command* reply)
+{
+    m_thread->take();
+    ask(request, reply);
+}
+
+void WRamDebug::ask(Command* request, Command* reply)
+{
+    if (receivers(SIGNAL(doDirectRequest(Command*, Command*))) == 0) {
+        delete request;
+        return;
+    }
+    const QPointer<WRamDebug> self(this);
+    ++m_forwarding;
+    emit doDirectRequest(request, reply);
+    if (self)
+        --m_forwarding;
+}
+
+void WRamDebug::on_btnSave_clicked()
+{
+    QList<QList<double>> columns;
+    CsvLine header;
+    header.add(tr("time tick"));
+    QString name = QDateTime::currentDateTime().toString(QStringLiteral("./yyyyMMdd_hh.mm.ss"));
+    int rows = 0;
+    for (Chart* chart : qAsConst(*m_ui->drawer->getCharts())) {
+        QString label = chart->getLabel();
+        columns << chart->getValues();
+        rows = qMax(rows, columns.last().size());
+        qCDebug(axrRamDebug) << AXR_METHOD.constData() << "Name: " << label
+                             << "Value_Size:" << columns.last().size();
+        header.add(label);
+        name += QLatin1Char('_') + label.replace(QLatin1Char('/'), QLatin1Char('_'))
+                                       .replace(QLatin1Char('\\'), QLatin1Char('_'));
+    }
+    qCDebug(axrRamDebug) << AXR_METHOD.constData() << "MaxDataLength: " << rows;
+    const QString chosen = QFileDialog::getSaveFileName(
+        nullptr, tr("Save"), name + QStringLiteral(".csv"), tr("csv (*.csv)"));
+    QSaveFile file(chosen);
+    file.setDirectWriteFallback(true);
+    if (chosen.isEmpty() || !file.open(QIODevice::WriteOnly))
+        return;
+    file.write(header.bytes());
+    for (int row = 0; row < rows; ++row) {
+        CsvLine line;
+        line.add(row);
+        for (const QList<double>& values : qAsConst(columns)) {
+            if (row < values.size())
+                line.add(values.at(row));
+            else
+                line.skip(1);
+        }
+        file.write(line.bytes());
+    }
+    file.commit();
+}
