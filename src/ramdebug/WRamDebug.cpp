@@ -410,20 +410,19 @@ void WRamDebug::ramDebugThreadReady() { showMeasuring(false); }
 void WRamDebug::forwardDoDirectRequest(Command* request, Command* reply)
 {
     m_thread->take();
+    const QPointer<WRamDebug> self(this);
+    ++m_forwarding;
     ask(request, reply);
+    if (self)
+        --m_forwarding;
 }
 
 void WRamDebug::ask(Command* request, Command* reply)
 {
-    if (receivers(SIGNAL(doDirectRequest(Command*, Command*))) == 0) {
+    if (receivers(SIGNAL(doDirectRequest(Command*, Command*))) > 0)
+        emit doDirectRequest(request, reply);
+    else
         delete request;
-        return;
-    }
-    const QPointer<WRamDebug> self(this);
-    ++m_forwarding;
-    emit doDirectRequest(request, reply);
-    if (self)
-        --m_forwarding;
 }
 
 void WRamDebug::on_btnSave_clicked()

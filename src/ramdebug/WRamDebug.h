@@ -119,7 +119,7 @@ private:
     int m_bufferElements = 500;
     std::array<std::unique_ptr<Chart>, 10> m_charts;
     std::unique_ptr<RamDebugThread> m_thread;
-    int m_forwarding = 0; // requests that are with the host now
+    int m_forwarding = 0; // requests of the thread that are with the host now
 };
 
 #endif
