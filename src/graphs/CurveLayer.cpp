@@ -52,7 +52,8 @@ void CurveLayer::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidg
     for (const Curve& curve : m_curves)
         curve.item->separateRange();
     const QTransform& device = painter->deviceTransform();
-    const bool isPixelForPixel = device.type() <= QTransform::TxTranslate && isWhole(device.dx()) &&
+    const bool isPixelForPixel = painter->testRenderHint(QPainter::Antialiasing) &&
+                                 device.type() <= QTransform::TxTranslate && isWhole(device.dx()) &&
                                  isWhole(device.dy()) && isWhole(m_curves.front().item->x());
     if (!isPixelForPixel || strokes() < PictureWidths * boundingRect().width())
         drawDirectly(painter);

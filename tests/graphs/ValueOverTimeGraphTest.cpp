@@ -529,6 +529,57 @@ private Q_SLOTS:
         }
     }
 
+    void frozenPictureSurvivesAClockSetBack()
+    {
+        Chart chart;
+        chart.addCurves(1);
+        chart.graph->startDrawing();
+        for (int i = 0; i < 100; ++i)
+            chart.take(1, i % 7 * 10, Start + 30 * i);
+        chart.frame(Start + 3000);
+        chart.graph->stopDrawing();
+        const QImage frozen = chart.frame(Start + 3000);
+        for (int back : {1000, 3600000}) {
+            chart.take(1, 33, Start + 3000 - back);
+            QVERIFY(chart.frame(Start + 3000 - back) == frozen);
+        }
+        QCOMPARE(chart.graph->getGraphs().first()->valueCount(), 102);
+        chart.rebuild();
+        chart.frame(Start + 3000);
+        QVERIFY(chart.frame(Start + 3000) == frozen);
+        chart.graph->startDrawing();
+        chart.frame(Start - 597000);
+        QVERIFY(chart.frame(Start - 597000) != frozen);
+    }
+
+    void framesInsideASignal()
+    {
+        Chart chart;
+        chart.addCurves(1);
+        chart.graph->startDrawing();
+        int told = 0;
+        connect(chart.graph, &ValueOverTimeGraph::scaleChanged, chart.graph, [&] {
+            ++told;
+            chart.graph->updateScene();
+        });
+        chart.take(1, 0, Start);
+        chart.take(1, 77, Start + 10);
+        chart.frame(Start + 20);
+        QVERIFY2(told > 0 && told < 20, qPrintable(QString::number(told)));
+    }
+
+    void hiddenGraphKeepsItsSamples()
+    {
+        Chart chart;
+        chart.addCurves(1);
+        chart.graph->startDrawing();
+        chart.frame(Start);
+        chart.graph->hide();
+        for (int i = 0; i < 3000; ++i)
+            chart.take(1, i, Start + 100 * i); // five minutes
+        QCOMPARE(chart.graph->getGraphs().first()->valueCount(), 3000);
+    }
+
     void contextMenu()
     {
         Chart chart;
