@@ -67,6 +67,19 @@ int main(int argc, char* argv[])
         if (std::atof(argv[i] + sizeof Option - 1) < 0.1)
             frames = 5;
     }
+    if (const char* only = std::getenv("ONLY")) {
+        std::vector<Contender> one;
+        for (const Contender& c : Contenders)
+            if (!std::strcmp(c.name, only))
+                one.push_back(c);
+        const Load load{std::atoi(std::getenv("C")), std::atoi(std::getenv("R"))};
+        std::printf("%s %.3f\n", only, frameTimes(one, load, 2000)[0]);
+        if (const char* f = std::getenv("PIC")) {
+            Run run(one[0].make(load), load);
+            run.picture().save(f);
+        }
+        return 0;
+    }
     std::vector<Row> rows = {
         {"1 x 25", {1, 25}},       {"4 x 200", {4, 200}}, {"4 x 1000", {4, 1000}},
         {"8 x 200", {8, 200}},     {"16 x 25", {16, 25}}, {"16 x 200", {16, 200}},
