@@ -87,7 +87,7 @@ protected:
             painter.fillRect(Plot.right() + 1, Plot.top(), width(), Plot.height(), Qt::white);
         } else {
             painter.fillRect(rect(), Qt::white);
-            painter.translate(Plot.topLeft());
+            painter.translate(Plot.topLeft() + QPointF(0.5, 0.5));
             drawCurves(&painter, 0);
             painter.resetTransform();
         }
@@ -163,6 +163,7 @@ private:
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setClipRect(fresh);
         painter.fillRect(fresh, Qt::white);
+        painter.translate(0.5, 0.5);
         drawCurves(&painter, from);
     }
 

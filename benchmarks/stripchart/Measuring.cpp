@@ -76,7 +76,7 @@ double Signal::value(int curve, qint64 time) const
     const double seconds = static_cast<double>(time - Epoch) / 1000;
     const double turns = seconds / (3.0 + 0.3 * curve) + curve / 7.0;
     const auto seed = static_cast<quint64>(time) * 31 + static_cast<quint64>(curve);
-    return std::round(900 * std::sin(2 * M_PI * turns) + 40 * noise(seed));
+    return std::round(900 * std::sin(2 * M_PI * turns) + 20 * noise(seed));
 }
 
 Run::Run(std::unique_ptr<StripChart> chart, const Load& load)

@@ -16,8 +16,7 @@ public:
         m_plot.setAttribute(Qt::WA_DontShowOnScreen);
         m_plot.resize(CanvasSize);
         m_plot.setPlottingHints(QCP::phCacheLabels);
-        m_plot.setNotAntialiasedElements(QCP::aeAll);
-        m_plot.setAntialiasedElement(QCP::aePlottables);
+        m_plot.setNotAntialiasedElements(QCP::AntialiasedElements(QCP::aeAll) & ~QCP::aePlottables);
         m_plot.layer(QStringLiteral("overlay"))->setMode(QCPLayer::lmLogical);
         m_plot.axisRect()->setAutoMargins(QCP::msNone);
         m_plot.axisRect()->setMargins(QMargins(70, 20, 10, 25));
