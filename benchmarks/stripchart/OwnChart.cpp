@@ -25,6 +25,8 @@ OwnChart::OwnChart(const Load& load, bool dots)
     QCoreApplication::sendPostedEvents();
     m_graph.clearValues();
     m_graph.startDrawing();
+    // The scene's events would paint the window by the way, and the frame would count twice.
+    m_view->viewport()->setUpdatesEnabled(false);
 }
 
 void OwnChart::take(const Sample& sample)
