@@ -1,5 +1,6 @@
 // What a frame of a live graph costs, beside the least that Qt's painter can do and beside plotting
-// libraries that are installed. See README.md for the conditions.
+// libraries that are installed. The conditions, the same for all, are in StripChart.h and
+// README.md.
 
 #include "Measuring.h"
 #include "OwnFigures.h"
