@@ -130,8 +130,9 @@ const std::vector<QPoint>& CurveStrokes::dots(const CurveColumns& columns,
 
 void clipToDevice(QPainter* painter)
 {
-    painter->setClipRect(painter->worldTransform().inverted().mapRect(QRectF(painter->viewport())),
-                         Qt::IntersectClip);
+    if (!painter->hasClipping())
+        painter->setClipRect(
+            painter->worldTransform().inverted().mapRect(QRectF(painter->viewport())));
 }
 
 void DotPicture::draw(QPainter* painter, const std::vector<QPoint>& points, int diameter)

@@ -58,7 +58,7 @@ private:
     std::vector<QPoint> m_dots;
 };
 
-/// Clips to the whole area that is painted on, within the present clip: with one the engine draws
+/// Clips to the whole area that is painted on, unless there is a clip: with one the engine draws
 /// antialiased lines many times faster.
 void clipToDevice(QPainter* painter);
 

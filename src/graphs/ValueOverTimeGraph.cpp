@@ -89,7 +89,7 @@ ValueOverTimeGraph::ValueOverTimeGraph(QWidget* parent)
     m_ui->setupUi(this);
     m_ui->graphicsView->viewport()->setStyleSheet(QStringLiteral("background: white"));
     m_ui->graphicsView->setBackgroundBrush(Qt::white); // whatever a sheet of the application says
-    // The view's cached background covers all of it; filling it before would double the cost.
+    // The view's background covers all of it; filling it before would double the cost.
     m_ui->graphicsView->viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     // The items change their size and place with each frame; an index would only cost.
     m_scene->setItemIndexMethod(QGraphicsScene::NoIndex);
