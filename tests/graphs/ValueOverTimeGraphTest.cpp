@@ -519,7 +519,8 @@ private Q_SLOTS:
             }
             charts[1].rebuild();
             QImage pictures[2];
-            for (int i = 0; i < 2; ++i) { // a new axis is laid out by the first painting
+            // The first painting lays out a new axis, and the third one of a look is a picture's.
+            for (int i = 0; i < 3; ++i) {
                 for (int k = 0; k < 2; ++k) {
                     charts[k].update(now);
                     pictures[k] = charts[k].paint();
