@@ -10,7 +10,7 @@ build_packages=(
     fonts-dejavu-core libgl1-mesa-dri xvfb xauth
 )
 # What only the checks of .ci/run need on top.
-check_packages=(clang-format libbenchmark-dev pkg-config git)
+check_packages=(clang-format libbenchmark-dev pkg-config git libqcustomplot-dev libqwt-qt5-dev)
 
 say() { printf '==> %s\n' "$*"; }
 die() {

@@ -5,7 +5,7 @@
 
 qint64 CurveColumns::slotOf(qint64 time)
 {
-    return time >= 0 ? time / Milliseconds : -((Milliseconds - 1 - time) / Milliseconds);
+    return time >= 0 ? time / Milliseconds : (time + 1) / Milliseconds - 1;
 }
 
 void CurveColumns::append(double value, qint64 time)
@@ -20,6 +20,10 @@ void CurveColumns::add(double value, qint64 time)
     if (std::isnan(value))
         return;
     const qint64 slot = slotOf(time);
+    if (m_frozen && !m_columns.isEmpty() && m_columns.back().slot > slot) {
+        m_incomplete = true;
+        return;
+    }
     while (!m_columns.isEmpty() && m_columns.back().slot > slot)
         m_columns.removeLast();
     if (m_columns.isEmpty() || m_columns.back().slot < slot) {
@@ -40,6 +44,7 @@ void CurveColumns::clear()
     if (!m_columns.isEmpty())
         m_change = qMin(m_change, m_columns.front().slot);
     m_columns.clear();
+    m_incomplete = false;
 }
 
 qint64 CurveColumns::takeChange() { return std::exchange(m_change, Nothing); }

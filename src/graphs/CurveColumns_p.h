@@ -11,8 +11,9 @@
 /// clock, are folded into a stroke. A frame then costs what its columns cost, however many samples
 /// there were, and while time passes the strokes only move to the left.
 ///
-/// The columns rise in time. When the clock was set back, those that lie in the future go, since no
-/// frame will show them before they are out of date.
+/// The columns rise in time. When the clock was set back, those that lie in the future go: no frame
+/// would show them now, and later they would lie among newer ones. While the picture stands still
+/// it keeps them, and what is older is not taken.
 class CurveColumns
 {
 public:
@@ -31,6 +32,10 @@ public:
 
     /// Columns of which no sample is as young as `time` are dropped when the next one arrives.
     void setTimeOutTime(qint64 time) { m_timeOutSlot = slotOf(time); }
+    void setFrozen(bool frozen) { m_frozen = frozen; }
+    /// Whether something was not taken since the last clear().
+    bool isIncomplete() const { return m_incomplete; }
+
     /// "Not a number" is passed over.
     void add(double value, qint64 time);
     /// The same for a sample that just arrived: what is timed out goes.
@@ -52,6 +57,8 @@ public:
 
 private:
     Ring<Column> m_columns;
+    bool m_frozen = false;
+    bool m_incomplete = false;
     qint64 m_change = Nothing;
     qint64 m_timeOutSlot = std::numeric_limits<qint64>::min();
 };

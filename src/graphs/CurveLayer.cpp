@@ -9,6 +9,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 namespace
 {
@@ -52,9 +53,12 @@ void CurveLayer::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidg
     for (const Curve& curve : m_curves)
         curve.item->separateRange();
     const QTransform& device = painter->deviceTransform();
-    const bool isPixelForPixel = device.type() <= QTransform::TxTranslate && isWhole(device.dx()) &&
+    const bool isPixelForPixel = painter->testRenderHint(QPainter::Antialiasing) &&
+                                 device.type() <= QTransform::TxTranslate && isWhole(device.dx()) &&
                                  isWhole(device.dy()) && isWhole(m_curves.front().item->x());
-    if (!isPixelForPixel || strokes() < PictureWidths * boundingRect().width())
+    // A look that changes from frame to frame, as while the range grows, is not worth a picture.
+    const bool isNew = std::exchange(m_wanted, look()) != look();
+    if (!isPixelForPixel || isNew || strokes() < PictureWidths * boundingRect().width())
         drawDirectly(painter);
     else if (advancePicture())
         copyPicture(painter);
@@ -83,14 +87,20 @@ void CurveLayer::drawDirectly(QPainter* painter)
     }
 }
 
-bool CurveLayer::advancePicture()
+CurveLayer::Look CurveLayer::look() const
 {
     const GraphItem& item = *m_curves.front().item;
     const CurveGeometry geometry = item.geometry();
+    return {QSize(toInt(geometry.width), toInt(boundingRect().height())), item.pos(),
+            geometry.height, geometry.minValue, geometry.maxValue};
+}
+
+bool CurveLayer::advancePicture()
+{
+    const CurveGeometry geometry = m_curves.front().item->geometry();
     if (geometry.isEmpty())
         return false;
-    const Look look{QSize(toInt(geometry.width), toInt(boundingRect().height())), item.pos(),
-                    geometry.height, geometry.minValue, geometry.maxValue};
+    const Look look = m_wanted;
     const qint64 left = geometry.origin();
     const qint64 right = left + look.size.width();
     const qint64 oldRight = CurveColumns::slotOf(m_time);

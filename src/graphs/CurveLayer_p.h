@@ -14,7 +14,7 @@ class GraphItem;
 /// Draws the lines of all curves of a graph. They only move to the left from frame to frame, so
 /// they are kept in a picture, whose columns are used round and round: a frame clears and draws
 /// those where something came or where a line's start went out of sight, and copies the picture to
-/// its place. Only another scale, size or look makes it draw all.
+/// its place. A frame with another scale, size or place is drawn directly.
 ///
 /// It lies at the scene's origin, and expects items of one size and place, as their graph keeps
 /// them.
@@ -47,6 +47,7 @@ private:
         bool operator!=(const Look& other) const;
     };
 
+    Look look() const;
     std::size_t strokes() const;
     void drawDirectly(QPainter* painter);
     bool advancePicture();
@@ -56,8 +57,9 @@ private:
 
     std::vector<Curve> m_curves;
     CurveStrokes m_strokes;
-    QImage m_picture; // the column of a slot is the slot modulo the width
-    Look m_look{};
+    QImage m_picture;  // the column of a slot is the slot modulo the width
+    Look m_wanted{};   // of the last frame
+    Look m_look{};     // of the picture
     qint64 m_time = 0; // at the right edge of the picture
 };
 

@@ -130,7 +130,9 @@ const std::vector<QPoint>& CurveStrokes::dots(const CurveColumns& columns,
 
 void clipToDevice(QPainter* painter)
 {
-    painter->setClipRect(painter->worldTransform().inverted().mapRect(QRectF(painter->viewport())));
+    if (!painter->hasClipping())
+        painter->setClipRect(
+            painter->worldTransform().inverted().mapRect(QRectF(painter->viewport())));
 }
 
 void DotPicture::draw(QPainter* painter, const std::vector<QPoint>& points, int diameter)
@@ -146,24 +148,26 @@ void DotPicture::draw(QPainter* painter, const std::vector<QPoint>& points, int 
     }
     const QPointF shift(device.dx() - std::floor(device.dx()),
                         device.dy() - std::floor(device.dy()));
-    make(painter->pen().color(), diameter, shift);
+    make(painter->pen().color(), diameter, shift, painter->renderHints());
     const QPointF corner = shift + QPointF(radius + Margin, radius + Margin);
     for (const QPoint& point : points)
         painter->drawImage(point - corner, m_picture);
 }
 
-void DotPicture::make(const QColor& color, int diameter, const QPointF& shift)
+void DotPicture::make(const QColor& color, int diameter, const QPointF& shift,
+                      QPainter::RenderHints hints)
 {
-    if (m_diameter == diameter && m_color == color && m_shift == shift)
+    if (m_diameter == diameter && m_color == color && m_shift == shift && m_hints == hints)
         return;
     m_diameter = diameter;
     m_color = color;
     m_shift = shift;
+    m_hints = hints;
     const int side = diameter + 2 * Margin + 1;
     m_picture = QImage(side, side, QImage::Format_ARGB32_Premultiplied);
     m_picture.fill(Qt::transparent);
     QPainter painter(&m_picture);
-    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setRenderHints(hints);
     painter.setPen(QPen(color, 0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.translate(shift + QPointF(Margin, Margin));
     painter.drawEllipse(0, 0, diameter, diameter);

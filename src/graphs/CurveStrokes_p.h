@@ -4,13 +4,13 @@
 #include <QColor>
 #include <QImage>
 #include <QLineF>
+#include <QPainter>
 #include <QPoint>
 #include <QPointF>
 
 #include <vector>
 
 class CurveColumns;
-class QPainter;
 class QTransform;
 
 /// How the samples of a curve map to the pixels of its item.
@@ -58,8 +58,8 @@ private:
     std::vector<QPoint> m_dots;
 };
 
-/// Clips to the whole area that is painted on: with a clip the engine draws antialiased lines many
-/// times faster.
+/// Clips to the whole area that is painted on, unless there is a clip: with one the engine draws
+/// antialiased lines many times faster.
 void clipToDevice(QPainter* painter);
 
 /// The picture of a circle's outline, drawn once for a colour, a size and a place between the
@@ -71,11 +71,12 @@ public:
     void draw(QPainter* painter, const std::vector<QPoint>& points, int diameter);
 
 private:
-    void make(const QColor& color, int diameter, const QPointF& shift);
+    void make(const QColor& color, int diameter, const QPointF& shift, QPainter::RenderHints hints);
 
     QImage m_picture;
     QColor m_color;
     int m_diameter = 0;
+    QPainter::RenderHints m_hints;
     QPointF m_shift; // 0..1 pixel to the right and down
 };
 

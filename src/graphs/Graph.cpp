@@ -25,7 +25,11 @@ void Graph::setMaxValues(int maxValues)
         m_maxValues = maxValues;
 }
 
-void Graph::clearValues() { m_values->clear(); }
+void Graph::clearValues()
+{
+    m_values->clear();
+    m_drawn.reset();
+}
 
 QList<TValue> Graph::getValues() const
 {

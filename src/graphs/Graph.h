@@ -45,7 +45,7 @@ public:
     void setUseConnectedPointsEnabled(bool enabled) { m_useConnectedPoints = enabled; }
     bool isUseConnectPointsEnabled() const { return m_useConnectedPoints; }
 
-    /// The curve that is drawn stays until its scene is rebuilt.
+    /// The curve that is drawn stays as it is until its scene is rebuilt.
     void clearValues();
     /// In the order of their arrival. A copy, which takes its time.
     QList<TValue> getValues() const;

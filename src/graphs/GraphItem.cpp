@@ -90,9 +90,15 @@ void GraphItem::addValue(double value) { addValue(value, QDateTime::currentMSecs
 
 void GraphItem::addValue(double value, qint64 time) { m_columns->append(value, time); }
 
-void GraphItem::follow(Graph* graph)
+void GraphItem::follow(Graph* graph, const std::shared_ptr<CurveColumns>& kept)
 {
     m_columns->setTimeOutTime(graph->m_timeOutTime);
-    setValues(graph->getColor(), graph->getValues());
+    setValues(graph->getColor(), kept ? QList<TValue>() : graph->getValues());
+    if (kept)
+        m_columns = kept;
     graph->m_drawn = m_columns;
 }
+
+void GraphItem::setFrozen(bool frozen) { m_columns->setFrozen(frozen); }
+
+bool GraphItem::isIncomplete() const { return m_columns->isIncomplete(); }

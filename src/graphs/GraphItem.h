@@ -69,8 +69,14 @@ private:
     CurveGeometry geometry() const;
     void separateRange();
 
+    /// While the picture stands still it keeps what it shows, also when the clock is set back.
+    void setFrozen(bool frozen);
+    /// Whether a sample was not taken because of that.
+    bool isIncomplete() const;
+
     /// Takes over what the graph has stored with its time-out, and what it gets from now on.
-    void follow(Graph* graph);
+    /// \param kept what an item before this one showed and is to be shown still; may be null
+    void follow(Graph* graph, const std::shared_ptr<CurveColumns>& kept);
 
     char m_command = 0;
     char m_type = 0;

@@ -88,7 +88,8 @@ ValueOverTimeGraph::ValueOverTimeGraph(QWidget* parent)
 {
     m_ui->setupUi(this);
     m_ui->graphicsView->viewport()->setStyleSheet(QStringLiteral("background: white"));
-    // The view's cached background covers all of it; filling it before would double the cost.
+    m_ui->graphicsView->setBackgroundBrush(Qt::white); // whatever a sheet of the application says
+    // The view's background covers all of it; filling it before would double the cost.
     m_ui->graphicsView->viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     // The items change their size and place with each frame; an index would only cost.
     m_scene->setItemIndexMethod(QGraphicsScene::NoIndex);
@@ -187,6 +188,10 @@ bool ValueOverTimeGraph::eventFilter(QObject* watched, QEvent* event)
 void ValueOverTimeGraph::initializeScene()
 {
     m_updateTimer->stop();
+    // A picture that stands still survives.
+    std::vector<std::shared_ptr<CurveColumns>> kept;
+    for (const Graph* graph : qAsConst(m_graphs))
+        kept.push_back(m_drawing ? nullptr : graph->m_drawn.lock());
     m_graphItems.clear();
     m_scene->clear();
     const QRectF area(QPointF(), QSizeF(m_ui->graphicsView->viewport()->size()));
@@ -224,13 +229,15 @@ void ValueOverTimeGraph::initializeScene()
         item->setType(graph->getType());
         item->setUseConnectedDataPoints(graph->isUseConnectPointsEnabled());
         item->setPos(m_timeAxis->plotLeft(), m_yAreaMin);
-        item->follow(graph);
+        item->setFrozen(!m_drawing);
+        item->follow(graph, kept[static_cast<std::size_t>(m_graphItems.size())]);
         item->setZValue(m_graphItems.size() * CurveDepth);
         m_graphItems.append(item);
         m_scene->addItem(item);
         layer->add(item);
     }
-    layOut(); // so that an axis shows while the curves have no samples yet
+    layOut(); // so that all shows also while a curve without samples holds the frames
+    layOutItems();
     m_updateTimer->start();
     m_minMarker = addMarker(QStringLiteral("\nMin"), MinMarkerDepth);
     m_maxMarker = addMarker(QStringLiteral("Max\n"), MaxMarkerDepth);
@@ -243,6 +250,7 @@ MarkerItem* ValueOverTimeGraph::addMarker(const QString& text, double z)
     marker->adjust(font());
     m_scene->addItem(marker);
     marker->setZValue(z);
+    marker->hide(); // until a frame has its value
     return marker;
 }
 
@@ -265,11 +273,14 @@ void ValueOverTimeGraph::updateScene(qint64 now)
 {
     // The panel's answer to scaleChanged() comes back here and belongs to the same frame.
     const bool wasInFrame = std::exchange(m_inFrame, true);
+    const bool wasNested = std::exchange(m_nested, wasInFrame);
     m_frameTime = now;
     const QPointer<ValueOverTimeGraph> self(this);
     advance(now);
-    if (self) // a host may delete the widget when the scale changes
+    if (self) { // a host may delete the widget when the scale changes
         m_inFrame = wasInFrame;
+        m_nested = wasNested;
+    }
 }
 
 void ValueOverTimeGraph::advance(qint64 now)
@@ -289,16 +300,7 @@ void ValueOverTimeGraph::advance(qint64 now)
     }
 
     layOut();
-    for (GraphItem* item : qAsConst(m_graphItems)) {
-        item->setActualTime(m_actualTime);
-        item->setMinValue(toInt(m_xyMinValue));
-        item->setMaxValue(toInt(m_xyMaxValue));
-        item->setPos(m_timeAxis->plotLeft(), m_yAreaMin);
-        item->setSize(qMax(0.0, m_timeAxis->plotWidth()), m_yAreaMax - m_yAreaMin);
-        item->setUseBoldDataPoints(m_useBoldDataPoints);
-        item->setUseConnectedDataPoints(m_useConnectedDataPoints);
-        item->setDataPointsEnabled(m_dataPointsEnabled);
-    }
+    layOutItems();
     limitAge(now);
 }
 
@@ -325,16 +327,31 @@ void ValueOverTimeGraph::layOut()
                           (sceneHeight - m_captionItem->getHeight()) / 3.0);
 }
 
+void ValueOverTimeGraph::layOutItems()
+{
+    for (GraphItem* item : qAsConst(m_graphItems)) {
+        item->setActualTime(m_actualTime);
+        item->setMinValue(toInt(m_xyMinValue));
+        item->setMaxValue(toInt(m_xyMaxValue));
+        item->setPos(m_timeAxis->plotLeft(), m_yAreaMin);
+        item->setSize(qMax(0.0, m_timeAxis->plotWidth()), m_yAreaMax - m_yAreaMin);
+        item->setUseBoldDataPoints(m_useBoldDataPoints);
+        item->setUseConnectedDataPoints(m_useConnectedDataPoints);
+        item->setDataPointsEnabled(m_dataPointsEnabled);
+    }
+}
+
 bool ValueOverTimeGraph::scaleToData()
 {
     double minimum = HighestMinimum;
     double maximum = LowestMaximum;
+    bool hasData = false;
     for (const Graph* graph : qAsConst(m_graphs)) {
         if (graph->valueCount() < 2)
             return false;
         double lowest = minimum;
         double highest = maximum;
-        graph->valueRange(&lowest, &highest);
+        hasData = graph->valueRange(&lowest, &highest) || hasData;
         minimum = qMin(minimum, lowest);
         maximum = qMax(maximum, highest);
     }
@@ -346,11 +363,16 @@ bool ValueOverTimeGraph::scaleToData()
             qCDebug(axrGraphs) << AXR_METHOD.constData() << "yMinMarker:" << m_minMarker->y()
                                << "yMaxMarker:" << m_maxMarker->y();
     }
-    if (m_maxValue == maximum && m_minValue == minimum)
+    if (!hasData || (m_maxValue == maximum && m_minValue == minimum))
         return true;
     m_maxValue = toInt(maximum);
     m_minValue = toInt(minimum);
     BasicTools::adjustLinearAxis(m_minValue, m_maxValue);
+    // A receiver may run a frame itself; told once is enough then.
+    const QPair<int, int> told(m_minValue, m_maxValue);
+    if (m_nested && told == m_told)
+        return true;
+    m_told = told;
     const QPointer<ValueOverTimeGraph> self(this);
     emit scaleChanged(m_minValue, m_maxValue);
     return self;
@@ -384,11 +406,15 @@ void ValueOverTimeGraph::IN_replyValue(Command* reply)
 
 void ValueOverTimeGraph::takeReply(const Command& reply, qint64 now)
 {
-    // No frame tells what is out of date while the widget is hidden or the clock was just set.
     const auto isEarly = [now](const Graph* graph) { return now < graph->m_timeOutTime; };
-    if ((m_drawing && qAbs(now - m_actualTime) > m_visibleSpan) ||
-        std::any_of(m_graphs.cbegin(), m_graphs.cend(), isEarly))
+    if (std::any_of(m_graphs.cbegin(), m_graphs.cend(), isEarly)) { // the clock was set back
         setTimeOut(now - lifetime());
+    } else if (m_drawing && now - m_actualTime > m_visibleSpan) {
+        // While the widget is hidden no frame tells what of the curves is out of date. The samples
+        // themselves are limited by their number.
+        for (GraphItem* item : qAsConst(m_graphItems))
+            item->setTimeOutTime(now - lifetime());
+    }
     const double value = reply.getValue();
     for (int i = 0; i < m_graphs.size(); ++i) {
         Graph* graph = m_graphs.at(i);
@@ -407,9 +433,21 @@ void ValueOverTimeGraph::takeReply(const Command& reply, qint64 now)
     }
 }
 
-void ValueOverTimeGraph::startDrawing() { m_drawing = true; }
+void ValueOverTimeGraph::startDrawing() { setDrawing(true); }
 
-void ValueOverTimeGraph::stopDrawing() { m_drawing = false; }
+void ValueOverTimeGraph::stopDrawing() { setDrawing(false); }
+
+void ValueOverTimeGraph::setDrawing(bool drawing)
+{
+    m_drawing = drawing;
+    bool isIncomplete = false;
+    for (GraphItem* item : qAsConst(m_graphItems)) {
+        item->setFrozen(!drawing);
+        isIncomplete = isIncomplete || item->isIncomplete();
+    }
+    if (drawing && isIncomplete)
+        initializeScene();
+}
 
 void ValueOverTimeGraph::clearValues()
 {
@@ -590,18 +628,18 @@ void ValueOverTimeGraph::saveGraph()
 void ValueOverTimeGraph::startLogging(bool start)
 {
     m_log.reset();
+    const int request = ++m_logRequests;
     if (!start)
         return;
-    QObject* asker = sender();
-    const QPointer<GraphController> controller(qobject_cast<GraphController*>(asker));
+    const QPointer<QObject> asker(sender());
     const QPointer<ValueOverTimeGraph> self(this);
     const QString name = askFileName();
-    if (!self)
-        return;
+    if (!self || request != m_logRequests)
+        return; // ended or asked for again meanwhile
     if (name.isEmpty()) {
         qCDebug(axrGraphs) << AXR_METHOD.constData() << "fileName:"
-                           << "empty" << controller.data();
-        if (controller)
+                           << "empty" << asker.data();
+        if (auto* controller = qobject_cast<GraphController*>(asker))
             controller->rejectLogging();
         return;
     }

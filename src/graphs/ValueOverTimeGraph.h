@@ -108,7 +108,8 @@ public Q_SLOTS:
     void updateMaxTextWidth(qreal width);
 
 Q_SIGNALS:
-    /// The range that dynamic scaling wants. Comes again while the data do not fill it.
+    /// The range that dynamic scaling wants. Comes again while the data do not fill it. A host may
+    /// run a frame in it; to delete the widget use deleteLater(), for it may come from a resize.
     void scaleChanged(int minValue, int maxValue);
     /// The user chose other curves, which are there already, or the default ones, which are the
     /// host's to set. In both cases the selection is stored.
@@ -129,6 +130,8 @@ private:
     MarkerItem* addMarker(const QString& text, double z);
     void advance(qint64 now);
     void layOut();
+    void layOutItems();
+    void setDrawing(bool drawing);
     bool scaleToData();
     void placeMarker(MarkerItem* marker, double value, double y);
     void setTimeOut(qint64 time);
@@ -167,10 +170,13 @@ private:
     bool m_showMinMaxMarker = true;
     std::unique_ptr<CsvLog> m_log; // none while nothing is logged
     qint64 m_logStartTime = 0;
+    int m_logRequests = 0;
     QList<Graph*> m_graphs;
     QList<GraphItem*> m_graphItems;
     int m_visibleSpan = 60000; // ms; generous until the first frame knows the width
     bool m_inFrame = false;
+    bool m_nested = false;  // a frame within a frame
+    QPair<int, int> m_told; // range of the last scaleChanged()
     qint64 m_frameTime = 0;
 };
 

@@ -132,7 +132,7 @@ void ColorPicker::setCurrentColor(const QColor& color)
     const QPointer<ColorPicker> self(this);
     m_popup->hide();
     if (!self || m_color != chosen)
-        return; // a host that hears the button rise destroyed it, or chose something else
+        return; // a host that hears the button rise chose something else
     repaint();
     emit colorChanged(chosen);
 }

@@ -15,6 +15,8 @@ class ColorPickerPopup;
 /// With the dialog, the grid's last cell asks for any other colour, which then stays in the grid
 /// for good: such custom colours live in AppSettings, are brought back by setStandardColors(), and
 /// can be changed by a right click on their cell.
+///
+/// Inside toggled() it must not be deleted, as no checkable button may; use deleteLater() there.
 class AXRGUI_EXPORT ColorPicker : public QPushButton
 {
     Q_OBJECT
@@ -48,7 +50,8 @@ public:
     void setColorDialogEnabled(bool enabled) { m_withColorDialog = enabled; }
     bool colorDialogEnabled() const { return m_withColorDialog; }
 
-    /// Opens the grid below the button and waits until it closes.
+    /// Opens the grid below the button and waits until it closes. While it waits, another call
+    /// returns at once with the present colour.
     /// \return the current colour then; invalid when the picker was destroyed meanwhile
     QColor exec();
 

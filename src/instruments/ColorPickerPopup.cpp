@@ -135,6 +135,8 @@ void ColorPickerPopup::regenerateGrid()
 
 QColor ColorPickerPopup::getColor(const QPoint& position)
 {
+    if (m_eventLoop)
+        return QColor(); // somebody waits for it already
     const QPointer<ColorPickerPopup> self(this);
     QEventLoop loop;
     m_eventLoop = &loop;
@@ -194,8 +196,12 @@ void ColorPickerPopup::cmenu(QPoint)
     const QString text = item->text();
     if (!text.startsWith(QLatin1String("Custom")) && !text.startsWith(tr("Custom")))
         return;
+    const QPointer<ColorPickerPopup> self(this);
     const QColor chosen = askForColor(item->color());
-    if (!chosen.isValid())
+    // The ground's colour could not be seen, and one that has a cell would be lost at the next
+    // start.
+    if (!self || !chosen.isValid() || find(chosen) ||
+        isSameColor(chosen, palette().color(QPalette::Base)))
         return;
     item->setColor(chosen, text);
     storeChangedColor(text, chosen, m_items.size());

@@ -60,8 +60,12 @@ ColorTriangle::~ColorTriangle() = default;
 void ColorTriangle::setColor(const QColor& color)
 {
     const int hue = color.hsvHue();
-    const bool hasNewHue = color.spec() == QColor::Hsv && hue != -1 && hue != m_curHue;
-    if (!color.isValid() || (isSameColor(color, m_curColor) && !hasNewHue))
+    // Dark colours of one RGB value differ in hue and saturation, which the keys step through.
+    const bool isOtherHsv =
+        color.spec() == QColor::Hsv &&
+        ((hue != -1 && hue != m_curHue) || color.hsvSaturation() != m_curColor.hsvSaturation() ||
+         color.value() != m_curColor.value());
+    if (!color.isValid() || (isSameColor(color, m_curColor) && !isOtherHsv))
         return;
     m_curColor = color;
     if (hue != -1)
@@ -70,7 +74,7 @@ void ColorTriangle::setColor(const QColor& color)
     placeMarker();
     if (isVisible())
         update();
-    emit colorChanged(m_curColor);
+    emit colorChanged(QColor(m_curColor)); // a copy: a host may destroy this, or set another
 }
 
 void ColorTriangle::placeMarker()
@@ -80,7 +84,16 @@ void ColorTriangle::placeMarker()
 
 QColor ColorTriangle::hueColor() const { return QColor::fromHsv(m_curHue, 255, 255); }
 
-void ColorTriangle::resizeEvent(QResizeEvent*)
+void ColorTriangle::resizeEvent(QResizeEvent*) { takeSize(); }
+
+bool ColorTriangle::event(QEvent* event)
+{
+    if (event->type() == QEvent::ContentsRectChange)
+        takeSize();
+    return QWidget::event(event);
+}
+
+void ColorTriangle::takeSize()
 {
     m_geometry->size = contentsRect().size();
     placeMarker();
@@ -146,7 +159,7 @@ void ColorTriangle::selectHue(QPointF point)
     placeMarker();
     update();
     if (changed)
-        emit colorChanged(m_curColor);
+        emit colorChanged(QColor(m_curColor));
 }
 
 void ColorTriangle::selectInTriangle(QPointF point)
@@ -157,7 +170,7 @@ void ColorTriangle::selectInTriangle(QPointF point)
     if (isSameColor(color, m_curColor))
         return;
     m_curColor = color;
-    emit colorChanged(m_curColor);
+    emit colorChanged(QColor(m_curColor)); // a copy: a host may destroy this, or set another
 }
 
 void ColorTriangle::keyPressEvent(QKeyEvent* event)

@@ -38,6 +38,7 @@ Q_SIGNALS:
     void colorChanged(const QColor&);
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -47,6 +48,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void takeSize();
     enum class Selecting { Nothing, Hue, Triangle };
 
     void placeMarker();

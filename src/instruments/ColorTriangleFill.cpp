@@ -14,10 +14,20 @@ constexpr int Places = 16;
 
 int floorToInt(double value) { return toInt(std::floor(value)); }
 
+/// Without the noise of the trigonometry, which else puts the two ends of a horizontal edge into
+/// different rows.
+double roundedRow(double y)
+{
+    constexpr double Fineness = 1024;
+    return std::round(y * Fineness) / Fineness;
+}
+
 } // namespace
 
 ColorTriangleFill::ColorTriangleFill(std::array<Corner, 3> corners) : m_corners(corners)
 {
+    for (Corner& corner : m_corners)
+        corner.point.setY(roundedRow(corner.point.y()));
     std::sort(m_corners.begin(), m_corners.end(),
               [](const Corner& a, const Corner& b) { return a.point.y() < b.point.y(); });
 }
@@ -109,7 +119,9 @@ void ColorTriangleFill::paint(QImage& image) const
 
 QRgb ColorTriangleFill::colorAt(QPointF point) const
 {
-    const Row span = row(floorToInt(point.y()));
+    const Row span =
+        row(qBound(floorToInt(m_corners.front().point.y()), floorToInt(roundedRow(point.y())),
+                   floorToInt(m_corners.back().point.y())));
     const int x = floorToInt(point.x());
     if (x <= span.first)
         return span.left.rgb();

@@ -73,6 +73,22 @@ class GraphItemsTest : public TestCase
 {
     Q_OBJECT
 private Q_SLOTS:
+    void staysWithinThePaintersClip()
+    {
+        Curve curve(101);
+        curve.setUseConnectedDataPoints(true);
+        for (int x = 10; x < 100; ++x)
+            curve.add(x, x);
+        QImage image(200, 200, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.setClipRect(0, 0, 50, 200);
+        curve.paint(&painter, nullptr);
+        painter.end();
+        QVERIFY(drawnColumns(image).startsWith(QString::number(10 - Margin)));
+        QVERIFY(drawnColumns(image).endsWith(QString("-%1").arg(49 - Margin)));
+    }
+
     void dots()
     {
         for (bool isBold : {true, false}) {
@@ -83,7 +99,7 @@ private Q_SLOTS:
                 curve.add(50, x);
             // bold: more than 20 px from dot to dot; half a pixel of smooth pen to either side
             QCOMPARE(
-                drawnColumns(paint(curve)),
+                drawnColumns(paint(curve, true)),
                 QString(isBold
                             ? "-2-3 19-24 40-45 61-66 82-87"
                             : "-1-2 9-12 19-22 29-32 39-42 49-52 59-62 69-72 79-82 89-92 99-102"));

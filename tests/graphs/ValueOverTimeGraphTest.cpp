@@ -519,7 +519,8 @@ private Q_SLOTS:
             }
             charts[1].rebuild();
             QImage pictures[2];
-            for (int i = 0; i < 2; ++i) { // a new axis is laid out by the first painting
+            // The first painting lays out a new axis, and the third one of a look is a picture's.
+            for (int i = 0; i < 3; ++i) {
                 for (int k = 0; k < 2; ++k) {
                     charts[k].update(now);
                     pictures[k] = charts[k].paint();
@@ -527,6 +528,57 @@ private Q_SLOTS:
             }
             QVERIFY2(pictures[0] == pictures[1], qPrintable(QString("frame %1").arg(frame)));
         }
+    }
+
+    void frozenPictureSurvivesAClockSetBack()
+    {
+        Chart chart;
+        chart.addCurves(1);
+        chart.graph->startDrawing();
+        for (int i = 0; i < 100; ++i)
+            chart.take(1, i % 7 * 10, Start + 30 * i);
+        chart.frame(Start + 3000);
+        chart.graph->stopDrawing();
+        const QImage frozen = chart.frame(Start + 3000);
+        for (int back : {1000, 3600000}) {
+            chart.take(1, 33, Start + 3000 - back);
+            QVERIFY(chart.frame(Start + 3000 - back) == frozen);
+        }
+        QCOMPARE(chart.graph->getGraphs().first()->valueCount(), 102);
+        chart.rebuild();
+        chart.frame(Start + 3000);
+        QVERIFY(chart.frame(Start + 3000) == frozen);
+        chart.graph->startDrawing();
+        chart.frame(Start - 597000);
+        QVERIFY(chart.frame(Start - 597000) != frozen);
+    }
+
+    void framesInsideASignal()
+    {
+        Chart chart;
+        chart.addCurves(1);
+        chart.graph->startDrawing();
+        int told = 0;
+        connect(chart.graph, &ValueOverTimeGraph::scaleChanged, chart.graph, [&] {
+            ++told;
+            chart.graph->updateScene();
+        });
+        chart.take(1, 0, Start);
+        chart.take(1, 77, Start + 10);
+        chart.frame(Start + 20);
+        QVERIFY2(told > 0 && told < 20, qPrintable(QString::number(told)));
+    }
+
+    void hiddenGraphKeepsItsSamples()
+    {
+        Chart chart;
+        chart.addCurves(1);
+        chart.graph->startDrawing();
+        chart.frame(Start);
+        chart.graph->hide();
+        for (int i = 0; i < 3000; ++i)
+            chart.take(1, i, Start + 100 * i); // five minutes
+        QCOMPARE(chart.graph->getGraphs().first()->valueCount(), 3000);
     }
 
     void contextMenu()

@@ -204,6 +204,31 @@ private Q_SLOTS:
         }
     }
 
+    /// An edge that lies level is one row with both its ends, whatever the trigonometry's noise.
+    void levelEdges()
+    {
+        for (int hue = 0; hue < 360; hue += 60) {
+            for (int side = 300; side < 312; ++side) {
+                const G geometry = geometryOf(QSize(side, side), G::angleOfHue(hue));
+                const ColorTriangleFill fill =
+                    fillOf(geometry, QColor::fromHsv(hue, 255, 255).rgb());
+                for (int i = 0; i < 3; ++i) {
+                    const QPointF from = geometry.corner(G::Corner(i));
+                    const QPointF edge = geometry.corner(G::Corner((i + 1) % 3)) - from;
+                    const bool isLevel = qAbs(edge.y()) < 0.5;
+                    QRgb before = fill.colorAt(from);
+                    for (int step = 1; isLevel && step < 100; ++step) {
+                        const QRgb here =
+                            fill.colorAt(geometry.movedIntoTriangle(from + edge * (step / 100.0)));
+                        QVERIFY2(difference(here, before) <= 8,
+                                 qPrintable(QString("%1 %2").arg(hue).arg(side)));
+                        before = here;
+                    }
+                }
+            }
+        }
+    }
+
     void takesColors_data()
     {
         QTest::addColumn<QColor>("color");
@@ -247,6 +272,8 @@ private Q_SLOTS:
             << hsv(8, 0, 70) << int(Qt::Key_Right) << false << hsv(9, 0, 70);
         QTest::newRow("up") << hsv(50, 60, 253) << int(Qt::Key_Up) << false << hsv(50, 60, 255);
         QTest::newRow("down") << hsv(50, 60, 70) << int(Qt::Key_Down) << true << hsv(50, 55, 70);
+        QTest::newRow("too dark to tell")
+            << hsv(120, 100, 10) << int(Qt::Key_Up) << true << hsv(120, 105, 10);
         QTest::newRow("bottom") << hsv(50, 3, 70) << int(Qt::Key_Down) << true << hsv(50, 0, 70);
     }
     void keys()

@@ -1,0 +1,33 @@
+#ifndef OWNCHART_H
+#define OWNCHART_H
+
+#include "StripChart.h"
+#include "ValueOverTimeGraph.h"
+
+class QGraphicsView;
+
+/// The library's graph, whose view has CanvasSize.
+class OwnChart : public StripChart
+{
+public:
+    OwnChart(const Load& load, bool dots);
+
+    void take(const Sample& sample) override;
+    void update(qint64 now) override;
+    QWidget* canvas() override;
+
+    /// The two halves of update(): the graph's own, and what the scene has posted to itself, which
+    /// in a program runs before the painting.
+    void updateGraph(qint64 now);
+    void updateView();
+
+    ValueOverTimeGraph& graph() { return m_graph; }
+
+private:
+    qint64 m_now = Epoch;
+    ValueOverTimeGraph m_graph;
+    QGraphicsView* m_view;
+    std::vector<Graph*> m_curves;
+};
+
+#endif
