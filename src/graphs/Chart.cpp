@@ -1,7 +1,5 @@
 #include "Chart.h"
 
-#include <QMutexLocker>
-
 #include <utility>
 
 Chart::Chart(char address, char motorBank, char command, char type, QString label, QColor color)
@@ -15,13 +13,13 @@ void Chart::setMaxValues(int maxValues)
 {
     if (maxValues < 0)
         return;
-    const QMutexLocker locker(&m_valuesMutex);
+    const std::lock_guard<std::mutex> lock(m_valuesMutex);
     m_maxValues = maxValues;
 }
 
 void Chart::addValue(double value)
 {
-    const QMutexLocker locker(&m_valuesMutex);
+    const std::lock_guard<std::mutex> lock(m_valuesMutex);
     m_values.append(value);
     if (m_values.size() > m_maxValues)
         m_values.erase(m_values.begin(), m_values.end() - m_maxValues);
@@ -29,13 +27,13 @@ void Chart::addValue(double value)
 
 void Chart::clearValues()
 {
-    const QMutexLocker locker(&m_valuesMutex);
+    const std::lock_guard<std::mutex> lock(m_valuesMutex);
     m_values.clear();
 }
 
 QList<double> Chart::getValues() const
 {
-    const QMutexLocker locker(&m_valuesMutex);
+    const std::lock_guard<std::mutex> lock(m_valuesMutex);
     return m_values;
 }
 
@@ -48,7 +46,7 @@ QList<double>* Chart::copyValues() const
 
 void Chart::copyValues(qint64 skipped, qint64 count, std::vector<double>* values) const
 {
-    const QMutexLocker locker(&m_valuesMutex);
+    const std::lock_guard<std::mutex> lock(m_valuesMutex);
     const auto last = static_cast<int>(qMax<qint64>(0, m_values.size() - qMax<qint64>(0, skipped)));
     const auto first = static_cast<int>(qMax<qint64>(0, last - qMax<qint64>(0, count)));
     values->assign(m_values.begin() + first, m_values.begin() + last);

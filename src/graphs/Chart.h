@@ -6,9 +6,10 @@
 
 #include <QColor>
 #include <QList>
-#include <QMutex>
+
 #include <QString>
 
+#include <mutex>
 #include <vector>
 
 /// The samples of one curve of a DrawerArea, one after the other without a time. Address, motor
@@ -52,7 +53,7 @@ private:
     char m_type;
     QString m_label;
     QList<double> m_values;
-    mutable QMutex m_valuesMutex; // of the samples and their number
+    mutable std::mutex m_valuesMutex; // of the samples and their number
     QColor m_color;
     int m_maxValues = 100;
     bool m_visible = true;

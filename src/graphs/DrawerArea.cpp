@@ -4,7 +4,6 @@
 #include "CurveStrokes_p.h"
 #include "DrawerFrame_p.h"
 
-#include <QMutexLocker>
 #include <QPainter>
 
 #include <algorithm>
@@ -49,14 +48,14 @@ void DrawerArea::addChart(Chart* chart)
 {
     if (!chart)
         return;
-    const QMutexLocker locker(&m_chartsMutex);
+    const std::lock_guard<std::mutex> lock(m_chartsMutex);
     chart->setMaxValues(m_chartSize);
     m_charts.append(chart);
 }
 
 void DrawerArea::removeChart(char address, char motorBank, char command, char type)
 {
-    const QMutexLocker locker(&m_chartsMutex);
+    const std::lock_guard<std::mutex> lock(m_chartsMutex);
     const auto isWanted = [=](const Chart* chart) {
         return isOf(*chart, address, motorBank, command, type);
     };
@@ -65,13 +64,13 @@ void DrawerArea::removeChart(char address, char motorBank, char command, char ty
 
 void DrawerArea::removeAllCharts()
 {
-    const QMutexLocker locker(&m_chartsMutex);
+    const std::lock_guard<std::mutex> lock(m_chartsMutex);
     m_charts.clear();
 }
 
 void DrawerArea::addTraceValue(char address, char motorBank, char command, char type, int value)
 {
-    const QMutexLocker locker(&m_chartsMutex);
+    const std::lock_guard<std::mutex> lock(m_chartsMutex);
     for (Chart* chart : qAsConst(m_charts)) {
         if (isOf(*chart, address, motorBank, command, type))
             chart->addValue(value);
@@ -80,7 +79,7 @@ void DrawerArea::addTraceValue(char address, char motorBank, char command, char 
 
 void DrawerArea::setChartSize(int size)
 {
-    const QMutexLocker locker(&m_chartsMutex);
+    const std::lock_guard<std::mutex> lock(m_chartsMutex);
     m_chartSize = size;
     for (Chart* chart : qAsConst(m_charts))
         chart->setMaxValues(size);
@@ -111,7 +110,7 @@ void DrawerArea::stopDrawer() { m_repaintTimer.stop(); }
 
 void DrawerArea::clearValues()
 {
-    const QMutexLocker locker(&m_chartsMutex);
+    const std::lock_guard<std::mutex> lock(m_chartsMutex);
     for (Chart* chart : qAsConst(m_charts))
         chart->clearValues();
 }

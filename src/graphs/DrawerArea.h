@@ -4,11 +4,12 @@
 #include "AXRGuiExport.h"
 
 #include <QList>
-#include <QMutex>
+
 #include <QTimer>
 #include <QWidget>
 
 #include <memory>
+#include <mutex>
 #include <utility>
 
 class Chart;
@@ -92,7 +93,7 @@ private:
     int m_resolution = 1;
     QString m_yAxisCaption;
     QList<Chart*> m_charts;
-    QMutex m_chartsMutex; // before a chart's own
+    std::mutex m_chartsMutex; // before a chart's own
     QTimer m_repaintTimer;
     int m_repaintInterval;
     bool m_dynamicScaling = true;

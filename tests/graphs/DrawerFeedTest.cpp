@@ -1,9 +1,10 @@
 #include "Chart.h"
-#include "SimpleScaledDrawer.h"
+#include "DrawerArea.h"
 #include "TestCase.h"
 
 #include <QImage>
-#include <QThread>
+#include <atomic>
+#include <thread>
 
 /// A worker feeds samples while the window paints and the charts change.
 class DrawerFeedTest : public TestCase
@@ -13,28 +14,33 @@ private Q_SLOTS:
     void losesNothing()
     {
         constexpr int Count = 200000;
-        SimpleScaledDrawer drawer;
+        DrawerArea drawer(nullptr);
+        drawer.resize(400, 200);
         drawer.setChartSize(Count);
         Chart fed(1, 2, 6, 3, "fed", Qt::red);
         drawer.addChart(&fed);
         QImage image(drawer.size(), QImage::Format_RGB32);
-        const std::unique_ptr<QThread> worker(QThread::create([&drawer] {
+        std::atomic<bool> isFed{false};
+        std::thread worker([&] {
             for (int i = 0; i < Count; ++i) {
-                drawer.requestedTraceValue(1, 6, 3, 2, i);
-                drawer.requestedTraceValue(1, 6, 4, 2, i);
+                drawer.addTraceValue(1, 2, 6, 3, i);
+                drawer.addTraceValue(1, 2, 6, 4, i);
             }
-        }));
-        worker->start();
+            isFed = true;
+        });
+        bool isInOrder = true;
         do {
             Chart passing(1, 2, 6, 4, "passing", Qt::blue); // dies while it is fed
             drawer.addChart(&passing);
             drawer.render(&image);
-            QList<double> shared = fed.getValues();
+            const QList<double> shared = fed.getValues();
             for (int i = 0; i < shared.size(); ++i)
-                QCOMPARE(shared.at(i), double(i));
+                isInOrder = isInOrder && shared.at(i) == i;
             drawer.setChartSize(Count);
             drawer.removeChart(1, 2, 6, 4);
-        } while (!worker->wait(QDeadlineTimer(0)));
+        } while (!isFed);
+        worker.join();
+        QVERIFY(isInOrder);
         const QList<double> values = fed.getValues();
         QCOMPARE(values.size(), Count);
         for (int i = 0; i < Count; ++i)
