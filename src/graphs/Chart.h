@@ -6,7 +6,6 @@
 
 #include <QColor>
 #include <QList>
-
 #include <QString>
 
 #include <mutex>
@@ -53,7 +52,8 @@ private:
     char m_type;
     QString m_label;
     QList<double> m_values;
-    mutable std::mutex m_valuesMutex; // of the samples and their number
+    // of the samples and their number; the thread sanitizer does not see into QMutex
+    mutable std::mutex m_valuesMutex;
     QColor m_color;
     int m_maxValues = 100;
     bool m_visible = true;

@@ -4,7 +4,6 @@
 #include "AXRGuiExport.h"
 
 #include <QList>
-
 #include <QTimer>
 #include <QWidget>
 
