@@ -9,7 +9,6 @@
 #include "ValueOverTimeGraph.h"
 #include "ui_GraphSelector.h"
 
-#include <QKeyEvent>
 #include <QPointer>
 #include <QSignalBlocker>
 
@@ -26,12 +25,6 @@ constexpr Group groups[] = {
     {QT_TRANSLATE_NOOP("GraphSelector", "IOs"), static_cast<int>(Instruction::GIO)},
     {QT_TRANSLATE_NOOP("GraphSelector", "all"), -1}};
 
-SelectionRow rowOf(const TraceCommand& command, const QColor& color)
-{
-    return {command.getCommand(), command.getType(),     command.getCaption(), color,
-            command.getAddress(), command.getMotorBank()};
-}
-
 } // namespace
 
 GraphSelector::GraphSelector(QWidget* parent, ValueOverTimeGraph* graph,
@@ -43,8 +36,6 @@ GraphSelector::GraphSelector(QWidget* parent, ValueOverTimeGraph* graph,
         tr("Select values for \"%1\" graph").arg(parent ? parent->windowTitle() : QString()));
     SelectionTable::setUp(m_ui->twAvailable, true);
     SelectionTable::setUp(m_ui->twSelected, false);
-    m_ui->twAvailable->installEventFilter(this);
-    m_ui->twSelected->installEventFilter(this);
     const QList<Graph*> graphs = m_graph ? m_graph->getGraphs() : QList<Graph*>();
     for (const Graph* curve : graphs)
         SelectionTable::append(m_ui->twSelected,
@@ -69,23 +60,12 @@ QTableWidget* GraphSelector::getSelectionTable() const { return m_ui->twSelected
 
 bool GraphSelector::isParameterSelected(QString text) const
 {
-    const QTableWidget& table = *m_ui->twSelected;
-    for (int row = 0; row < table.rowCount(); ++row) {
-        if (table.item(row, SelectionRow::Command)->text() == text)
-            return true;
-    }
-    return false;
+    return SelectionTable::containsCommand(*m_ui->twSelected, text);
 }
 
 bool GraphSelector::isParameterSelected(const TraceCommand& command) const
 {
-    const SelectionRow wanted = rowOf(command, QColor());
-    const QTableWidget& table = *m_ui->twSelected;
-    for (int row = 0; row < table.rowCount(); ++row) {
-        if (SelectionTable::read(table, row).isSameValue(wanted))
-            return true;
-    }
-    return false;
+    return SelectionTable::contains(*m_ui->twSelected, SelectionTable::rowOf(command, QColor()));
 }
 
 void GraphSelector::updateTableWithAvailableParameters()
@@ -99,23 +79,10 @@ void GraphSelector::updateTableWithAvailableParameters()
         for (const TraceCommand* command : qAsConst(*m_traceCommands)) {
             if (command && (group.command < 0 || u8(command->getCommand()) == group.command) &&
                 !isParameterSelected(*command))
-                SelectionTable::append(m_ui->twAvailable, rowOf(*command, m_defaultColor));
+                SelectionTable::append(m_ui->twAvailable,
+                                       SelectionTable::rowOf(*command, m_defaultColor));
         }
     }
-}
-
-bool GraphSelector::eventFilter(QObject* watched, QEvent* event)
-{
-    auto* table = qobject_cast<QTableWidget*>(watched);
-    if (table && event->type() == QEvent::KeyPress && table->currentRow() >= 0) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space) {
-            if (!static_cast<QKeyEvent*>(event)->isAutoRepeat())
-                emit table->cellClicked(table->currentRow(), table->currentColumn());
-            return true;
-        }
-    }
-    return QDialog::eventFilter(watched, event);
 }
 
 void GraphSelector::onLWAvailableClicked(int x, int y)

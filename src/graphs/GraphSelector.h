@@ -45,9 +45,6 @@ public:
     /// Offers what the group holds and is not chosen.
     void updateTableWithAvailableParameters();
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private Q_SLOTS:
     void onLWSelectedClicked(int x, int y);
     void onLWAvailableClicked(int x, int y);

@@ -1,8 +1,10 @@
 #include "SelectionTable_p.h"
 
 #include "Bytes.h"
+#include "TraceCommand.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 
 namespace
 {
@@ -14,6 +16,32 @@ char byteOf(const QTableWidget& table, int row, SelectionRow::Column column)
 {
     return toByte(table.item(row, column)->text().toInt());
 }
+
+class KeyClicks : public QObject
+{
+public:
+    explicit KeyClicks(QTableWidget* table) : QObject(table), m_table(table)
+    {
+        table->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::KeyPress && m_table->currentRow() >= 0) {
+            const int key = static_cast<QKeyEvent*>(event)->key();
+            if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space) {
+                if (!static_cast<QKeyEvent*>(event)->isAutoRepeat())
+                    emit m_table->cellClicked(m_table->currentRow(), m_table->currentColumn());
+                return true;
+            }
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QTableWidget* m_table;
+};
 
 } // namespace
 
@@ -43,6 +71,13 @@ void SelectionTable::setUp(QTableWidget* table, bool withGrid)
     table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     table->setShowGrid(withGrid);
+    new KeyClicks(table);
+}
+
+SelectionRow SelectionTable::rowOf(const TraceCommand& command, const QColor& color)
+{
+    return {command.getCommand(), command.getType(),     command.getCaption(), color,
+            command.getAddress(), command.getMotorBank()};
 }
 
 void SelectionTable::append(QTableWidget* table, const SelectionRow& row)
@@ -70,6 +105,24 @@ SelectionRow SelectionTable::read(const QTableWidget& table, int row)
     return {byteOf(table, row, SelectionRow::Command),   byteOf(table, row, SelectionRow::Type),
             table.item(row, SelectionRow::Name)->text(), color(table, row),
             byteOf(table, row, SelectionRow::Address),   byteOf(table, row, SelectionRow::Motor)};
+}
+
+bool SelectionTable::contains(const QTableWidget& table, const SelectionRow& row)
+{
+    for (int i = 0; i < table.rowCount(); ++i) {
+        if (read(table, i).isSameValue(row))
+            return true;
+    }
+    return false;
+}
+
+bool SelectionTable::containsCommand(const QTableWidget& table, const QString& text)
+{
+    for (int i = 0; i < table.rowCount(); ++i) {
+        if (table.item(i, SelectionRow::Command)->text() == text)
+            return true;
+    }
+    return false;
 }
 
 QColor SelectionTable::color(const QTableWidget& table, int row)

@@ -30,9 +30,15 @@ namespace SelectionTable
 
 constexpr int RowHeight = 20;
 
+/// Also makes Return and Space do as a click does on the current cell.
 void setUp(QTableWidget* table, bool withGrid);
+SelectionRow rowOf(const TraceCommand& command, const QColor& color);
 void append(QTableWidget* table, const SelectionRow& row);
 SelectionRow read(const QTableWidget& table, int row);
+/// Whether the same value is in the table, whatever it is called.
+bool contains(const QTableWidget& table, const SelectionRow& row);
+/// Whether a value has this text as its command number.
+bool containsCommand(const QTableWidget& table, const QString& text);
 QColor color(const QTableWidget& table, int row);
 void setColor(QTableWidget* table, int row, const QColor& color);
 /// Moves the cells themselves to the end of another table.

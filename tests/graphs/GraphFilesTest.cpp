@@ -1,4 +1,4 @@
-#include "Chart.h"
+#include "ShownGraph.h"
 #include "TestCase.h"
 
 #include <QFileDialog>
@@ -51,7 +51,7 @@ QByteArray contentOf(const QString& fileName)
 /// Logs for longer than the parent waits until it kills.
 int logOn(const QString& fileName)
 {
-    Chart chart;
+    ShownGraph chart;
     chart.addCurves(3);
     FileDialogUser user(fileName);
     chart.graph->startLogging(true);
@@ -70,7 +70,7 @@ private Q_SLOTS:
     {
         QLocale::setDefault(QLocale(QLocale::German));
         QTemporaryDir folder;
-        Chart chart;
+        ShownGraph chart;
         const char* labels[] = {"a/b", "\\c", "ä"};
         for (int i = 0; i < 3; ++i)
             chart.add(i + 1, QString::fromUtf8(labels[i]));
@@ -132,7 +132,7 @@ private Q_SLOTS:
     {
         QLocale::setDefault(QLocale(QLocale::German));
         QTemporaryDir folder;
-        Chart chart;
+        ShownGraph chart;
         chart.addCurves(2);
         chart.add(1, "again");
         auto* log = User::find<QAbstractButton>(chart.graph, "cbLog");

@@ -2,13 +2,13 @@
 #include "AppSettings.h"
 #include "BasicTools.h"
 #include "Bytes.h"
-#include "Chart.h"
 #include "Graph.h"
 #include "GraphCaptionItem.h"
 #include "GraphController.h"
 #include "GraphItem.h"
 #include "GraphSelector.h"
 #include "Numbers.h"
+#include "ShownGraph.h"
 #include "TestCase.h"
 #include "TraceCommand.h"
 #include "User.h"
@@ -77,7 +77,7 @@ private Q_SLOTS:
         QCOMPARE(outer->stretch(0), 1);
         QCOMPARE(User::find<QVBoxLayout>(&graph, "verticalLayout")->contentsMargins(), QMargins());
 
-        Chart chart;
+        ShownGraph chart;
         QCOMPARE(chart.range(), QString("-100..100"));
         QVERIFY(chart.button("btnScaleDynamic")->isChecked());
         QCOMPARE(chart.items<XTimeAxisItem>().at(0)->zValue(), -123.0);
@@ -93,7 +93,7 @@ private Q_SLOTS:
 
     void redFrame()
     {
-        Chart chart;
+        ShownGraph chart;
         chart.graph->setDrawBoundingEnabled(true);
         QVERIFY(chart.items<QGraphicsLineItem>().isEmpty());
         chart.rebuild();
@@ -108,7 +108,7 @@ private Q_SLOTS:
 
     void ticksOnlyWhileVisible()
     {
-        Chart chart;
+        ShownGraph chart;
         chart.addCurves(1);
         chart.take(1, 0, Start);
         chart.take(1, 999, Start);
@@ -123,7 +123,7 @@ private Q_SLOTS:
 
     void panelIsHidden()
     {
-        Chart chart;
+        ShownGraph chart;
         auto* panel = User::find<GraphController>(chart.graph, "graphController");
         const int wide = chart.view()->width();
         QVERIFY(panel->isHidden());
@@ -140,7 +140,7 @@ private Q_SLOTS:
 
     void minimumSizeFollowsTheFont()
     {
-        Chart chart;
+        ShownGraph chart;
         for (int points : {10, 20, 8, 20}) {
             chart.graph->setFont(QFont(QString("DejaVu Sans"), points));
             const QFontMetrics metrics(chart.graph->font());
@@ -174,7 +174,7 @@ private Q_SLOTS:
             {{-2000000000, -2000000001}, {-2000000002, -2000000000}, "-2147483647..-200000000", 3},
         };
         for (const auto& row : rows) {
-            Chart chart;
+            ShownGraph chart;
             chart.addCurves(2);
             QSignalSpy scales(chart.graph, &ValueOverTimeGraph::scaleChanged);
             for (int value : row.first)
@@ -194,7 +194,7 @@ private Q_SLOTS:
 
     void markersLieAtTheirValues()
     {
-        Chart chart;
+        ShownGraph chart;
         chart.addCurves(1);
         qreal top = 0;
         qreal bottom = 0;
@@ -225,7 +225,7 @@ private Q_SLOTS:
     void anyRange()
     {
         std::mt19937 random(3);
-        Chart chart;
+        ShownGraph chart;
         chart.addCurves(1);
         QSignalSpy scales(chart.graph, &ValueOverTimeGraph::scaleChanged);
         const auto number = [&random] { return static_cast<int>(random()) >> (random() % 32); };
@@ -252,7 +252,7 @@ private Q_SLOTS:
 
     void manualScaling()
     {
-        Chart chart;
+        ShownGraph chart;
         chart.addCurves(1);
         chart.take(1, 5, Start);
         chart.take(1, 500, Start);
@@ -276,7 +276,7 @@ private Q_SLOTS:
 
     void standsStillWhenStopped()
     {
-        Chart chart;
+        ShownGraph chart;
         chart.addCurves(1);
         chart.graph->startDrawing();
         for (int i = 0; i < 200; ++i)
@@ -293,7 +293,7 @@ private Q_SLOTS:
 
     void holdsUntilAllCurvesHaveTwoSamples()
     {
-        Chart chart;
+        ShownGraph chart;
         chart.addCurves(2);
         chart.graph->startDrawing();
         const auto run = [&chart](int command, int step) {
@@ -326,7 +326,7 @@ private Q_SLOTS:
 
     void repliesFindTheirCurves()
     {
-        Chart chart;
+        ShownGraph chart;
         chart.graph->addGraph(new Graph(1, 2, 3, 4, "a", Qt::red));
         chart.graph->addGraph(new Graph(toByte(200), 2, 3, 4, "b", Qt::red));
         chart.graph->addGraph(new Graph(1, 2, 3, 4, "c", Qt::red));
@@ -364,7 +364,7 @@ private Q_SLOTS:
     void samplesBeforeTheFirstFrame()
     {
         for (bool isShown : {false, true}) {
-            Chart chart;
+            ShownGraph chart;
             chart.graph->setVisible(isShown);
             chart.addCurves(2);
             chart.graph->startDrawing();
@@ -382,7 +382,7 @@ private Q_SLOTS:
         constexpr qint64 Hour = 3600 * 1000;
         for (bool isRunning : {true, false}) {
             for (qint64 jump : {Hour, -Hour}) {
-                Chart chart;
+                ShownGraph chart;
                 chart.addCurves(1);
                 if (isRunning)
                     chart.graph->startDrawing();
@@ -415,7 +415,7 @@ private Q_SLOTS:
     {
         for (const QSize& size : {QSize(0, 0), QSize(5, 5), QSize(40, 40), QSize(100, 60),
                                   QSize(4000, 30), QSize(30, 3000), QSize(420, 260)}) {
-            Chart chart(size);
+            ShownGraph chart(size);
             chart.addCurves(4);
             chart.graph->startDrawing();
             for (int i = 0; i < 100; ++i) {
@@ -433,7 +433,7 @@ private Q_SLOTS:
 
     void anyValue()
     {
-        Chart chart;
+        ShownGraph chart;
         chart.addCurves(2);
         chart.graph->startDrawing();
         const double values[] = {qQNaN(), qInf(), -qInf(), 1e300, -1e300, 3e9, 0, -1};
@@ -461,8 +461,8 @@ private Q_SLOTS:
         constexpr qint64 Hour = 3600 * 1000;
         std::mt19937 random(6);
         const auto dice = [&random](int sides) { return static_cast<int>(random() % sides); };
-        Chart charts[2]; // the second one is built anew
-        for (Chart& chart : charts) {
+        ShownGraph charts[2]; // the second one is built anew
+        for (ShownGraph& chart : charts) {
             chart.resize({600, 300});
             chart.addCurves(4);
             chart.graph->startDrawing();
@@ -472,16 +472,16 @@ private Q_SLOTS:
         int values[4] = {};
         qint64 now = Start;
         const auto take = [&charts](int curve, int value, qint64 at) {
-            for (Chart& chart : charts)
+            for (ShownGraph& chart : charts)
                 chart.take(curve + 1, value, at);
         };
-        const auto inBoth = [&charts](const std::function<void(Chart&)>& action) {
-            for (Chart& chart : charts)
+        const auto inBoth = [&charts](const std::function<void(ShownGraph&)>& action) {
+            for (ShownGraph& chart : charts)
                 action(chart);
         };
         for (int curve = 0; curve < 4; ++curve)
             take(curve, curve * 20, now - 1);
-        inBoth([now](Chart& chart) { chart.frame(now); });
+        inBoth([now](ShownGraph& chart) { chart.frame(now); });
         for (int frame = 0; frame < 1000; ++frame) {
             now += 37 + dice(7);
             if (frame == 300 || frame == 500) {
@@ -501,17 +501,18 @@ private Q_SLOTS:
             if (frame % 97 == 50)
                 take(dice(4), dice(800) - 400, now - 120); // late
             if (frame % 150 == 100)
-                inBoth([](Chart& chart) { chart.graph->stopDrawing(); });
+                inBoth([](ShownGraph& chart) { chart.graph->stopDrawing(); });
             if (frame % 150 == 112)
-                inBoth([](Chart& chart) { chart.graph->startDrawing(); });
+                inBoth([](ShownGraph& chart) { chart.graph->startDrawing(); });
             if (frame == 650)
-                inBoth([](Chart& chart) { chart.button("btnScaleManually")->click(); });
+                inBoth([](ShownGraph& chart) { chart.button("btnScaleManually")->click(); });
             if (frame > 650 && frame % 40 == 0)
-                inBoth([&](Chart& chart) { chart.box("sbMax")->setValue(100 + frame % 3 * 50); });
+                inBoth(
+                    [&](ShownGraph& chart) { chart.box("sbMax")->setValue(100 + frame % 3 * 50); });
             if (frame % 200 == 180)
-                inBoth([](Chart& chart) { chart.graph->setDataPointsEnabled(false); });
+                inBoth([](ShownGraph& chart) { chart.graph->setDataPointsEnabled(false); });
             if (frame % 4) {
-                inBoth([now](Chart& chart) {
+                inBoth([now](ShownGraph& chart) {
                     chart.update(now);
                     chart.paint();
                 });
@@ -532,7 +533,7 @@ private Q_SLOTS:
 
     void frozenPictureSurvivesAClockSetBack()
     {
-        Chart chart;
+        ShownGraph chart;
         chart.addCurves(1);
         chart.graph->startDrawing();
         for (int i = 0; i < 100; ++i)
@@ -555,7 +556,7 @@ private Q_SLOTS:
 
     void framesInsideASignal()
     {
-        Chart chart;
+        ShownGraph chart;
         chart.addCurves(1);
         chart.graph->startDrawing();
         int told = 0;
@@ -571,7 +572,7 @@ private Q_SLOTS:
 
     void hiddenGraphKeepsItsSamples()
     {
-        Chart chart;
+        ShownGraph chart;
         chart.addCurves(1);
         chart.graph->startDrawing();
         chart.frame(Start);
@@ -583,7 +584,7 @@ private Q_SLOTS:
 
     void contextMenu()
     {
-        Chart chart;
+        ShownGraph chart;
         chart.addCurves(1);
         chart.graph->startDrawing();
         for (int i = 0; i < 100; ++i)
@@ -634,7 +635,7 @@ private Q_SLOTS:
 
     void selection()
     {
-        Chart chart;
+        ShownGraph chart;
         chart.addCurves(2);
         chart.graph->setAppSettingKey("curves");
         chart.graph->setChartSelectorEnabled(true);
@@ -691,13 +692,13 @@ private Q_SLOTS:
     void settings()
     {
         {
-            Chart chart;
+            ShownGraph chart;
             chart.graph->setAppSettingKey("key");
             chart.button("btnScaleManually")->click();
             chart.box("sbMin")->setValue(-7);
             chart.box("sbMax")->setValue(8);
         }
-        Chart chart;
+        ShownGraph chart;
         QSignalSpy selections(chart.graph, &ValueOverTimeGraph::graphSelectionChanged);
         AppSettings().saveParaMapVariant({{"0000a", {{"ba", QByteArray(4, 1)}}}}, "key");
         chart.addCurves(1);
@@ -716,7 +717,7 @@ private Q_SLOTS:
     void curvesChangedInASignal()
     {
         for (int i = 0; i < 2; ++i) {
-            Chart chart;
+            ShownGraph chart;
             chart.addCurves(2);
             for (int value : {0, 999})
                 for (int command : {1, 2})
@@ -734,14 +735,14 @@ private Q_SLOTS:
 
     void deletedInASignal()
     {
-        const std::function<void(Chart&)> triggers[] = {
-            [](Chart& chart) { QMetaObject::invokeMethod(chart.graph, "updateItemClock"); },
-            [](Chart& chart) { chart.graph->updateScene(); },
-            [](Chart& chart) { chart.button("btnGraphDefault")->click(); },
-            [](Chart& chart) { chart.box("sbMax")->setValue(50); },
+        const std::function<void(ShownGraph&)> triggers[] = {
+            [](ShownGraph& chart) { QMetaObject::invokeMethod(chart.graph, "updateItemClock"); },
+            [](ShownGraph& chart) { chart.graph->updateScene(); },
+            [](ShownGraph& chart) { chart.button("btnGraphDefault")->click(); },
+            [](ShownGraph& chart) { chart.box("sbMax")->setValue(50); },
         };
         for (const auto& trigger : triggers) {
-            Chart chart;
+            ShownGraph chart;
             chart.graph->setAppSettingKey("key");
             chart.addCurves(1);
             chart.take(1, 0, Start);

@@ -1,5 +1,5 @@
-#ifndef CHART_H
-#define CHART_H
+#ifndef SHOWNGRAPH_H
+#define SHOWNGRAPH_H
 
 #include "CommandRecorder.h"
 #include "Graph.h"
@@ -17,10 +17,10 @@
 inline constexpr qint64 Start = 1600000000000; // a full second
 
 /// A shown graph with its own clock. Nothing happens to it but by these verbs.
-class Chart
+class ShownGraph
 {
 public:
-    explicit Chart(QSize size = {420, 260}) : graph(new ValueOverTimeGraph)
+    explicit ShownGraph(QSize size = {420, 260}) : graph(new ValueOverTimeGraph)
     {
         graph->setClock([this] { return time; });
         graph->setAttribute(Qt::WA_DontShowOnScreen);
@@ -28,7 +28,7 @@ public:
         graph->show();
         QCoreApplication::sendPostedEvents();
     }
-    ~Chart() { delete graph; }
+    ~ShownGraph() { delete graph; }
 
     void resize(QSize size)
     {
