@@ -1,5 +1,7 @@
 #include "Chart.h"
 
+#include "ShortLock_p.h"
+
 #include <utility>
 
 Chart::Chart(char address, char motorBank, char command, char type, QString label, QColor color)
@@ -13,13 +15,13 @@ void Chart::setMaxValues(int maxValues)
 {
     if (maxValues < 0)
         return;
-    const std::lock_guard<std::mutex> lock(m_valuesMutex);
+    const auto lock = shortLock(m_valuesMutex);
     m_maxValues = maxValues;
 }
 
 void Chart::addValue(double value)
 {
-    const std::lock_guard<std::mutex> lock(m_valuesMutex);
+    const auto lock = shortLock(m_valuesMutex);
     m_values.append(value);
     if (m_values.size() > m_maxValues)
         m_values.erase(m_values.begin(), m_values.end() - m_maxValues);
@@ -27,13 +29,13 @@ void Chart::addValue(double value)
 
 void Chart::clearValues()
 {
-    const std::lock_guard<std::mutex> lock(m_valuesMutex);
+    const auto lock = shortLock(m_valuesMutex);
     m_values.clear();
 }
 
 QList<double> Chart::getValues() const
 {
-    const std::lock_guard<std::mutex> lock(m_valuesMutex);
+    const auto lock = shortLock(m_valuesMutex);
     return m_values;
 }
 
@@ -46,7 +48,7 @@ QList<double>* Chart::copyValues() const
 
 void Chart::copyValues(qint64 skipped, qint64 count, std::vector<double>* values) const
 {
-    const std::lock_guard<std::mutex> lock(m_valuesMutex);
+    const auto lock = shortLock(m_valuesMutex);
     const auto last = static_cast<int>(qMax<qint64>(0, m_values.size() - qMax<qint64>(0, skipped)));
     const auto first = static_cast<int>(qMax<qint64>(0, last - qMax<qint64>(0, count)));
     values->assign(m_values.begin() + first, m_values.begin() + last);

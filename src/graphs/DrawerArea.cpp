@@ -3,6 +3,7 @@
 #include "Chart.h"
 #include "CurveStrokes_p.h"
 #include "DrawerFrame_p.h"
+#include "ShortLock_p.h"
 
 #include <QPainter>
 
@@ -48,14 +49,14 @@ void DrawerArea::addChart(Chart* chart)
 {
     if (!chart)
         return;
-    const std::lock_guard<std::mutex> lock(m_chartsMutex);
+    const auto lock = shortLock(m_chartsMutex);
     chart->setMaxValues(m_chartSize);
     m_charts.append(chart);
 }
 
 void DrawerArea::removeChart(char address, char motorBank, char command, char type)
 {
-    const std::lock_guard<std::mutex> lock(m_chartsMutex);
+    const auto lock = shortLock(m_chartsMutex);
     const auto isWanted = [=](const Chart* chart) {
         return isOf(*chart, address, motorBank, command, type);
     };
@@ -64,13 +65,13 @@ void DrawerArea::removeChart(char address, char motorBank, char command, char ty
 
 void DrawerArea::removeAllCharts()
 {
-    const std::lock_guard<std::mutex> lock(m_chartsMutex);
+    const auto lock = shortLock(m_chartsMutex);
     m_charts.clear();
 }
 
 void DrawerArea::addTraceValue(char address, char motorBank, char command, char type, int value)
 {
-    const std::lock_guard<std::mutex> lock(m_chartsMutex);
+    const auto lock = shortLock(m_chartsMutex);
     for (Chart* chart : qAsConst(m_charts)) {
         if (isOf(*chart, address, motorBank, command, type))
             chart->addValue(value);
@@ -79,7 +80,7 @@ void DrawerArea::addTraceValue(char address, char motorBank, char command, char 
 
 void DrawerArea::setChartSize(int size)
 {
-    const std::lock_guard<std::mutex> lock(m_chartsMutex);
+    const auto lock = shortLock(m_chartsMutex);
     m_chartSize = size;
     for (Chart* chart : qAsConst(m_charts))
         chart->setMaxValues(size);
@@ -110,7 +111,7 @@ void DrawerArea::stopDrawer() { m_repaintTimer.stop(); }
 
 void DrawerArea::clearValues()
 {
-    const std::lock_guard<std::mutex> lock(m_chartsMutex);
+    const auto lock = shortLock(m_chartsMutex);
     for (Chart* chart : qAsConst(m_charts))
         chart->clearValues();
 }
