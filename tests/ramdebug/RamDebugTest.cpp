@@ -1,0 +1,357 @@
+#include "Bytes.h"
+#include "Chart.h"
+#include "Command.h"
+#include "Global.h"
+#include "Instruction.h"
+#include "RamDebugThread.h"
+#include "SimpleScaledDrawer.h"
+#include "SimulatedModule.h"
+#include "TestCase.h"
+#include "User.h"
+#include "WRamDebug.h"
+
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSpinBox>
+
+#include <random>
+
+namespace
+{
+
+/// Answers for a module, on the GUI thread, and notes what was asked for.
+class Host : public QObject
+{
+    Q_OBJECT
+public:
+    explicit Host(WRamDebug& panel)
+    {
+        connect(&panel, &WRamDebug::doDirectRequest, this, &Host::answer);
+    }
+
+    QStringList lines;
+    QString silentFor; // the beginning of a line that gets no answer
+    int elements = 3;
+    std::function<void(const QString&)> onRequest; // before the answer
+    SimulatedModule module;
+    bool usesModule = false;
+
+public Q_SLOTS:
+    void answer(Command* request, Command* reply)
+    {
+        const std::unique_ptr<Command> owned(request);
+        const QString line = QStringLiteral("%1 %2 %3 %4")
+                                 .arg(u8(request->getCommand()))
+                                 .arg(u8(request->getType()))
+                                 .arg(u8(request->getMotorBank()))
+                                 .arg(request->getValue());
+        lines << line;
+        if (onRequest)
+            onRequest(line);
+        if (!silentFor.isEmpty() && line.startsWith(silentFor))
+            return;
+        if (usesModule) {
+            module.advance(1);
+            *reply = module.execute(*request);
+            return;
+        }
+        *reply = *request;
+        reply->setStatus(StatusOk);
+        if (line.startsWith("142 1 "))
+            reply->setValue(elements);
+        else if (line.startsWith("142 2 "))
+            reply->setValue(2);
+        else if (line.startsWith("142 3 "))
+            reply->setValue(100 * request->getValue() + request->getMotorBank());
+        else if (line.startsWith("6 1 "))
+            reply->setValue(777);
+        reply->setValid(true);
+    }
+};
+
+QComboBox* combo(WRamDebug& panel, const char* name) { return User::find<QComboBox>(&panel, name); }
+QPushButton* button(WRamDebug& panel, const char* name)
+{
+    return User::find<QPushButton>(&panel, name);
+}
+QSpinBox* box(WRamDebug& panel, const char* name) { return User::find<QSpinBox>(&panel, name); }
+
+bool isIdle(WRamDebug& panel)
+{
+    return button(panel, "btnStart")->isEnabled() && !button(panel, "btnStop")->isEnabled();
+}
+
+QString values(WRamDebug& panel)
+{
+    QStringList all;
+    for (const Chart* chart :
+         qAsConst(*User::find<SimpleScaledDrawer>(&panel, "drawer")->getCharts())) {
+        QStringList texts;
+        for (double value : chart->getValues())
+            texts << QString::number(value);
+        all << chart->getLabel() + ": " + texts.join(' ');
+    }
+    return all.join(", ");
+}
+
+} // namespace
+
+class RamDebugTest : public TestCase
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void commandsOfARun_data()
+    {
+        QTest::addColumn<int>("target");
+        QTest::addColumn<int>("velocityCommand");
+        QTest::addColumn<int>("positionCommand");
+        QTest::addColumn<QString>("start");
+        QTest::addColumn<QString>("end");
+        QTest::addColumn<QString>("back");
+        const struct {
+            const char* name;
+            int target;
+            int velocityCommand;
+            int positionCommand;
+            const char* start;
+            const char* end;
+            const char* back;
+        } rows[] = {
+            {"torque", 0, 5, 5, "5 155 2 10", "5 155 2 20", "5 0 2 777"},
+            {"velocity", 1, 5, 5, "5 2 2 10", "5 2 2 20", "5 0 2 777"},
+            {"velocity by rotation", 1, 2, 4, "2 0 2 10", "2 0 2 20", "4 0 2 777"},
+            {"position", 2, 5, 5, "5 1 2 10, 5 0 2 10", "5 0 2 20", "5 0 2 10"},
+            {"position by move", 2, 5, 4, "5 1 2 10, 4 0 2 10", "4 0 2 20", "4 0 2 10"},
+            {"none", 3, 5, 5, "", "", ""},
+        };
+        for (const auto& row : rows)
+            QTest::newRow(row.name) << row.target << row.velocityCommand << row.positionCommand
+                                    << row.start << row.end << row.back;
+    }
+    void commandsOfARun()
+    {
+        QFETCH(int, target);
+        QFETCH(int, velocityCommand);
+        QFETCH(int, positionCommand);
+        QFETCH(QString, start);
+        QFETCH(QString, end);
+        QFETCH(QString, back);
+        WRamDebug panel;
+        Host host(panel);
+        panel.setAllowDefinedMode(true);
+        panel.setTargetVelocityCommand(toByte(velocityCommand));
+        panel.setTargetPositionCommand(toByte(positionCommand));
+        panel.setAddressAndMotorBank(toByte(200), 2);
+        combo(panel, "cmbTargetMode")->setCurrentIndex(target);
+        combo(panel, "cmbTriggerType")->setCurrentIndex(4);
+        box(panel, "sbTriggerValue")->setValue(-5);
+        box(panel, "sbMeasureDelay")->setValue(7);
+        box(panel, "sbFromTarget")->setValue(10);
+        box(panel, "sbToTarget")->setValue(20);
+        QStringList polls = {"1", "1"};
+        host.onRequest = [&](const QString& line) {
+            host.silentFor = line.startsWith("142 6") && !polls.isEmpty() ? polls.takeFirst() : "";
+        };
+        QSignalSpy started(&panel, &WRamDebug::measurementStarted);
+        button(panel, "btnStart")->click();
+        QCOMPARE(started.size(), 1);
+        QVERIFY(!isIdle(panel));
+        QVERIFY(!combo(panel, "cmbTargetMode")->isEnabled());
+        QTRY_VERIFY_WITH_TIMEOUT(isIdle(panel), 10000);
+        const int measured = target == 3 ? 3 : 0;
+        QStringList wanted = {
+            "142 0 2 0", "142 1 2 0", "142 2 2 0", "6 1 2 0", QString("142 7 2 %1").arg(measured),
+            "142 9 2 7"};
+        const auto add = [&wanted](const QString& lines) {
+            if (!lines.isEmpty())
+                wanted << lines.split(", ");
+        };
+        add(start);
+        wanted << "142 4 4 -5";
+        add(end);
+        wanted << "142 6 2 0"
+               << "142 6 2 0"
+               << "142 6 2 0";
+        add(back);
+        for (int element = 0; element < 3; ++element)
+            wanted << QString("142 3 0 %1").arg(element) << QString("142 3 1 %1").arg(element);
+        QCOMPARE(host.lines, wanted);
+        QCOMPARE(values(panel), target == 3
+                                    ? QString("Debug 1: 0 100 200, Debug 2: 1 101 201, Debug 3: , "
+                                              "Debug 4: ")
+                                    : QString("target [mA]: 0 100 200, actual [mA]: 1 101 201"));
+        QTRY_VERIFY(Global::instance()->registeredThreads().isEmpty());
+    }
+
+    void lostAnswersAndStop()
+    {
+        WRamDebug panel;
+        Host host(panel);
+        host.elements = 50;
+        host.silentFor = "142 3 0 1"; // target of element 1 and of 10 to 19
+        host.onRequest = [&](const QString& line) {
+            if (line == "142 3 0 20") {
+                button(panel, "btnStop")->click();
+                QVERIFY(isIdle(panel));
+            }
+        };
+        button(panel, "btnStart")->click();
+        QTRY_VERIFY_WITH_TIMEOUT(host.lines.contains("142 3 1 20"), 10000);
+        QTRY_VERIFY(Global::instance()->registeredThreads().isEmpty());
+        const QString shown = values(panel);
+        QVERIFY2(shown.startsWith("target [mA]: 0 200 300 400 500 600 700 800 900 2000, actual"),
+                 qPrintable(shown));
+
+        // started anew at once, while the thread is in its last lines
+        host.lines.clear();
+        host.onRequest = nullptr;
+        host.silentFor.clear();
+        host.elements = 1;
+        auto* start = button(panel, "btnStart");
+        start->click();
+        QTRY_VERIFY_WITH_TIMEOUT(isIdle(panel), 10000);
+        start->click();
+        QVERIFY(!isIdle(panel));
+        QTRY_VERIFY_WITH_TIMEOUT(isIdle(panel), 10000);
+        QCOMPARE(host.lines.count("142 0 0 0"), 2);
+    }
+
+    /// At any request, from within the handler and from outside: gone within a second.
+    void destroyedDuringARun()
+    {
+        std::mt19937 random(3);
+        for (int round = 0; round < 30; ++round) {
+            auto panel = std::make_unique<WRamDebug>();
+            auto host = std::make_unique<Host>(*panel);
+            const bool inside = round % 2;
+            const int at = static_cast<int>(random() % 12);
+            if (round % 5 == 0)
+                host->silentFor = "142 6"; // polls without end
+            int requests = 0;
+            bool done = false;
+            host->onRequest = [&](const QString&) {
+                if (requests++ < at)
+                    return;
+                host->onRequest = nullptr;
+                if (inside)
+                    panel.reset();
+                done = true;
+            };
+            button(*panel, "btnStart")->click();
+            QDeadlineTimer limit(at > 7 ? 3000 : 1000); // the axis settles for a second
+            while (!done && !limit.hasExpired())
+                QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+            const QDeadlineTimer gone(1000);
+            panel.reset();
+            while (!Global::instance()->registeredThreads().isEmpty() && !gone.hasExpired())
+                QCoreApplication::processEvents();
+            QVERIFY2(Global::instance()->registeredThreads().isEmpty(),
+                     qPrintable(QString("round %1, request %2").arg(round).arg(at)));
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
+    }
+
+    void withTheSimulatedRecorder()
+    {
+        WRamDebug panel;
+        Host host(panel);
+        host.usesModule = true;
+        panel.updateValues();
+        QCOMPARE(box(panel, "sbDuration")->value(), SimulatedRecorder::Elements);
+        combo(panel, "cmbTargetMode")->setCurrentIndex(1);
+        combo(panel, "cmbMeasureMode")->setCurrentIndex(1);
+        box(panel, "sbToTarget")->setValue(500);
+        button(panel, "btnStart")->click();
+        QTRY_VERIFY_WITH_TIMEOUT(isIdle(panel), 20000);
+        const auto* charts = User::find<SimpleScaledDrawer>(&panel, "drawer")->getCharts();
+        QCOMPARE(charts->size(), 2);
+        for (int item = 0; item < 2; ++item) {
+            QList<double> truth;
+            for (const auto& element : host.module.recorder().recorded())
+                truth << element[static_cast<std::size_t>(item)];
+            QCOMPARE(truth.size(), SimulatedRecorder::Elements);
+            QCOMPARE(charts->at(item)->getValues(), truth);
+        }
+    }
+
+    void listsAndBounds()
+    {
+        WRamDebug panel;
+        const auto items = [&panel](const char* name) {
+            QStringList texts;
+            const QComboBox* list = combo(panel, name);
+            for (int i = 0; i < list->count(); ++i)
+                texts << list->itemText(i) + '=' + list->itemData(i).toStringList().value(1);
+            return texts.join(' ');
+        };
+        panel.setVelocityUnit("[pps]");
+        panel.setAllowDefinedMode(false);
+        QCOMPARE(items("cmbTargetMode"), QString("Torque=0 Velocity=1 Position=2"));
+        panel.setAllowDefinedMode(true);
+        panel.setAllowDefinedMode(true);
+        QCOMPARE(items("cmbTargetMode"), QString("Torque=0 Velocity=1 Position=2 No target=3"));
+        QVERIFY(!box(panel, "sbTriggerValue")->isEnabled());
+        const struct {
+            int mode;
+            const char* modes;
+            const char* unit;
+            const char* targets;
+            const char* caption;
+        } rows[] = {
+            {1, "Torque=0 Velocity=1", "[pps]", "0 1000 -4000 4000 100", "Torque"},
+            {2, "Torque=0 Velocity=1 Position=2", "", "0 4000 -2147483647 2147483647 4000",
+             "Torque"},
+            {3, "Defined=3", "", "0 4000 -2147483647 2147483647 4000", "Debug"},
+            {0, "Torque=0", "[mA]", "0 1000 -4000 4000 100", "Torque"},
+        };
+        for (const auto& row : rows) {
+            combo(panel, "cmbTargetMode")->setCurrentIndex(row.mode);
+            QCOMPARE(items("cmbMeasureMode"), QString(row.modes));
+            QCOMPARE(User::find<QLabel>(&panel, "lblMinUnit")->text(), QString(row.unit));
+            const QSpinBox* to = box(panel, "sbToTarget");
+            QCOMPARE(QString("%1 %2 %3 %4 %5")
+                         .arg(box(panel, "sbFromTarget")->value())
+                         .arg(to->value())
+                         .arg(to->minimum())
+                         .arg(to->maximum())
+                         .arg(to->singleStep()),
+                     QString(row.targets));
+            QCOMPARE(to->isEnabled(), row.mode != 3);
+            QCOMPARE(User::find<SimpleScaledDrawer>(&panel, "drawer")->getYAxisCaption(),
+                     QString(row.caption));
+        }
+        combo(panel, "cmbTargetMode")->setCurrentIndex(1);
+        QCOMPARE(User::find<QLabel>(&panel, "lblDelayUnit")->text(), QString("[1/10 mS]"));
+        combo(panel, "cmbMeasureMode")->setCurrentIndex(1);
+        QCOMPARE(User::find<QLabel>(&panel, "lblDelayUnit")->text(), QString("[mS]"));
+        QCOMPARE(values(panel), QString("target [pps]: , actual [pps]: "));
+    }
+
+    void savedFile()
+    {
+        QTemporaryDir folder;
+        WRamDebug panel;
+        Host host(panel);
+        host.silentFor = "142 3 1 2";
+        button(panel, "btnStart")->click();
+        QTRY_VERIFY_WITH_TIMEOUT(isIdle(panel), 10000);
+        const QString name = folder.filePath("capture.csv");
+        QTimer::singleShot(0, this, [name] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            QVERIFY(dialog && QTest::qWaitForWindowExposed(dialog));
+            User::find<QLineEdit>(dialog, "fileNameEdit")->setText(name);
+            QMetaObject::invokeMethod(dialog, "accept");
+        });
+        button(panel, "btnSave")->click();
+        QFile file(name);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(),
+                 QByteArray("time tick;target [mA];actual [mA]\n0;0;1\n1;100;101\n2;200;\n"));
+    }
+};
+
+AXR_TEST_MAIN(RamDebugTest)
+#include "RamDebugTest.moc"
