@@ -90,6 +90,7 @@ bool Tour::run()
     editParameter();
     pollValues();
     watchCurves();
+    capture();
     pickColours();
     moveMarkers();
     surviveSilence();

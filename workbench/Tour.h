@@ -43,6 +43,7 @@ private:
     void exportCurves(ValueOverTimeGraph* graph);
     void logCurves(ValueOverTimeGraph* graph);
     void selectCurves(ValueOverTimeGraph* graph);
+    void capture();
     void pickColours();
     void moveMarkers();
     void surviveSilence();

@@ -1,6 +1,7 @@
 #include "Workbench.h"
 
 #include "AppSettings.h"
+#include "CapturePage.h"
 #include "ColoursPage.h"
 #include "CommandText.h"
 #include "ConnectionPage.h"
@@ -99,7 +100,7 @@ QStringList Workbench::pageNames()
 {
     return {QStringLiteral("connection"), QStringLiteral("console"), QStringLiteral("motion"),
             QStringLiteral("parameters"), QStringLiteral("polling"), QStringLiteral("graph"),
-            QStringLiteral("colours"),    QStringLiteral("markers")};
+            QStringLiteral("capture"),    QStringLiteral("colours"), QStringLiteral("markers")};
 }
 
 void Workbench::makePages()
@@ -111,8 +112,15 @@ void Workbench::makePages()
     m_graph = new GraphPage(m_link);
     if (m_unattended)
         m_graph->setClock([this] { return m_time; });
-    m_pages = {m_connection, m_console, m_motion,        new ParametersPage,
-               m_polling,    m_graph,   new ColoursPage, new MarkersPage};
+    m_pages = {m_connection,
+               m_console,
+               m_motion,
+               new ParametersPage,
+               m_polling,
+               m_graph,
+               new CapturePage(m_link),
+               new ColoursPage,
+               new MarkersPage};
     for (Page* page : qAsConst(m_pages)) {
         m_list->addItem(page->title());
         const int row = m_list->count() - 1;

@@ -382,7 +382,7 @@ private Q_SLOTS:
         QStringList sent;
         connect(&bench.link(), &ModuleLink::sent, this, [&sent](const Command& request) {
             const QString text = requestText(request);
-            if (!text.startsWith("GAP"))
+            if (!text.startsWith("GAP") && !text.startsWith("RD 1 ")) // reads
                 sent << text;
         });
         open(bench);
