@@ -89,6 +89,8 @@ void GraphSelector::onLWAvailableClicked(int x, int y)
 {
     QTableWidget* offered = m_ui->twAvailable;
     QTableWidget* chosen = m_ui->twSelected;
+    if (x < 0 || x >= offered->rowCount())
+        return;
     if (y > SelectionRow::Name) {
         chooseColor(offered, x);
         return;
@@ -105,6 +107,8 @@ void GraphSelector::onLWAvailableClicked(int x, int y)
 
 void GraphSelector::onLWSelectedClicked(int x, int y)
 {
+    if (x < 0 || x >= m_ui->twSelected->rowCount())
+        return;
     if (y > SelectionRow::Name) {
         chooseColor(m_ui->twSelected, x);
         return;
@@ -148,7 +152,7 @@ QColor GraphSelector::freeColor() const
     const QTableWidget& table = *m_ui->twSelected;
     const QList<QColor> colors = picker.colorList();
     for (const QColor& color : colors) {
-        bool isUsed = color == palette().color(QPalette::Base);
+        bool isUsed = color.rgb() == palette().color(QPalette::Base).rgb();
         for (int row = 0; row < table.rowCount(); ++row)
             isUsed = isUsed || SelectionTable::color(table, row).rgb() == color.rgb();
         if (!isUsed)

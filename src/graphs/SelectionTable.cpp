@@ -70,6 +70,7 @@ void SelectionTable::setUp(QTableWidget* table, bool withGrid)
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    table->setTabKeyNavigation(false); // Tab leaves the table
     table->setShowGrid(withGrid);
     new KeyClicks(table);
 }
