@@ -49,8 +49,8 @@ public Q_SLOTS:
                                  .arg(u8(request->getMotorBank()))
                                  .arg(request->getValue());
         lines << line;
-        if (onRequest)
-            onRequest(line);
+        if (const auto action = onRequest) // which may replace itself
+            action(line);
         if (!silentFor.isEmpty() && line.startsWith(silentFor))
             return;
         if (usesModule) {
