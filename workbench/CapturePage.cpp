@@ -5,7 +5,7 @@
 #include "ParameterTable.h"
 #include "WRamDebug.h"
 
-#include <QLabel>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -14,7 +14,10 @@ namespace Number = AxisParameterNumber;
 namespace
 {
 
-constexpr quint8 SampleType = 3; // of RD
+// Types of RD.
+constexpr quint8 ElementsType = 1;
+constexpr quint8 ItemsType = 2;
+constexpr quint8 SampleType = 3;
 
 } // namespace
 
@@ -22,16 +25,14 @@ CapturePage::CapturePage(ModuleLink& link)
     : Page(QStringLiteral("capture"), tr("Capture"))
     , m_link(link)
     , m_panel(new WRamDebug)
-    , m_progress(new QLabel)
+    , m_start(m_panel->findChild<QPushButton*>(QStringLiteral("btnStart")))
 {
-    m_progress->setObjectName(QStringLiteral("lblFetched"));
     auto* scroll = new QScrollArea; // the row of fields is wide
     scroll->setWidget(m_panel);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(scroll, 1);
-    layout->addWidget(m_progress);
     m_panel->setTargetTorqueType(toByte(Number::TargetCurrent));
     m_panel->setTargetVelocityType(toByte(Number::TargetVelocity));
     m_panel->setRampTargetVelocityType(toByte(Number::RampVelocity));
@@ -40,25 +41,64 @@ CapturePage::CapturePage(ModuleLink& link)
     m_panel->setActualVelocityType(toByte(Number::ActualVelocity));
     m_panel->setActualPositionType(toByte(Number::ActualPosition));
     m_panel->setAllowDefinedMode(true);
-    connect(m_panel, &WRamDebug::measurementStarted, this, [this] {
-        m_fetched = 0;
-        m_progress->setText(tr("Measuring"));
-    });
+    connect(m_panel, &WRamDebug::measurementStarted, this, &CapturePage::begin);
     connect(m_panel, &WRamDebug::doDirectRequest, this, &CapturePage::answer);
+    m_start->installEventFilter(this);
 }
 
 void CapturePage::setAddress(char address) { m_panel->setAddressAndMotorBank(address, 0); }
 
 void CapturePage::refresh() { m_panel->updateValues(); }
 
+void CapturePage::begin()
+{
+    m_isRunning = true;
+    m_elements = m_items = m_fetched = m_missing = 0;
+    emit message(tr("Capture: waiting for the module's recorder"));
+    emit progressed(0, 0);
+}
+
+bool CapturePage::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_start && event->type() == QEvent::EnabledChange && m_start->isEnabled() &&
+        m_isRunning)
+        end();
+    return Page::eventFilter(watched, event);
+}
+
+void CapturePage::end()
+{
+    m_isRunning = false;
+    const int total = m_elements * m_items;
+    const bool isComplete = total > 0 && m_fetched + m_missing == total;
+    QString text = isComplete ? tr("Capture complete: %1 samples fetched").arg(m_fetched)
+                              : tr("Capture stopped: %1 samples fetched").arg(m_fetched);
+    if (m_missing)
+        text += tr(", %1 missing (see the console): from there on the curves are shifted")
+                    .arg(m_missing);
+    emit progressed(1, 1);
+    emit message(text);
+}
+
 void CapturePage::answer(Command* request, Command* reply)
 {
-    const bool isSample =
-        carries(request->getCommand(), Instruction::RD) && u8(request->getType()) == SampleType;
+    const Command asked = *request;
     m_link.doDirectRequest(request, reply);
     if (u8(reply->getStatus()) != StatusOk)
         reply->setValid(false); // refused is no sample
-    if (isSample)
-        m_progress->setText(
-            tr("%1 samples of %2 fetched").arg(++m_fetched).arg(SimulatedRecorder::BufferSize));
+    if (m_isRunning && carries(asked.getCommand(), Instruction::RD))
+        count(asked, *reply);
+}
+
+void CapturePage::count(const Command& request, const Command& reply)
+{
+    const quint8 type = u8(request.getType());
+    if (type == ElementsType && reply.isValid())
+        m_elements = reply.getValue();
+    if (type == ItemsType && reply.isValid())
+        m_items = reply.getValue();
+    if (type != SampleType)
+        return;
+    ++(reply.isValid() ? m_fetched : m_missing);
+    emit progressed(m_fetched + m_missing, m_elements * m_items);
 }

@@ -4,11 +4,12 @@
 #include "Page.h"
 
 class ModuleLink;
-class QLabel;
+class QPushButton;
 class WRamDebug;
 
 /// The RAM capture tool on the module's recorder. Its requests wait for their answers, and the
-/// module's clock runs on meanwhile.
+/// module's clock runs on meanwhile. What became of a capture is counted from the requests that
+/// pass here.
 class CapturePage : public Page
 {
     Q_OBJECT
@@ -18,13 +19,27 @@ public:
     void setAddress(char address) override;
     void refresh() override;
 
+    /// Samples that came of the capture that runs or ran last, and those that did not come.
+    int fetched() const { return m_fetched; }
+    int missing() const { return m_missing; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    void begin();
+    void end();
     void answer(Command* request, Command* reply);
+    void count(const Command& request, const Command& reply);
 
     ModuleLink& m_link;
     WRamDebug* m_panel;
-    QLabel* m_progress;
+    QPushButton* m_start; // usable whenever no capture runs
+    bool m_isRunning = false;
+    int m_elements = 0;
+    int m_items = 0;
     int m_fetched = 0;
+    int m_missing = 0;
 };
 
 #endif

@@ -39,14 +39,47 @@ QString statusText(char status)
     return QStringLiteral("unknown status");
 }
 
+struct RecorderOperation {
+    bool isRead;
+    const char* bank; // what stands in the byte of the motor bank
+};
+
+RecorderOperation recorderOperation(char type)
+{
+    switch (u8(type)) {
+    case 3:
+        return {true, "item"};
+    case 4:
+        return {false, "trigger"};
+    case 7:
+    case 9:
+        return {false, "axis"};
+    default:
+        return {true, "axis"};
+    }
+}
+
 } // namespace
+
+bool isRead(const Command& request)
+{
+    const auto is = [&request](Instruction instruction) {
+        return carries(request.getCommand(), instruction);
+    };
+    return is(Instruction::GAP) || is(Instruction::GGP) || is(Instruction::GIO) ||
+           (is(Instruction::RD) && recorderOperation(request.getType()).isRead);
+}
 
 QString requestText(const Command& request)
 {
-    return QStringLiteral("%1 %2 = %3, axis %4")
+    const char* bank = carries(request.getCommand(), Instruction::RD)
+                           ? recorderOperation(request.getType()).bank
+                           : "axis";
+    return QStringLiteral("%1 %2 = %3, %4 %5")
         .arg(mnemonic(request.getCommand()))
         .arg(u8(request.getType()))
         .arg(request.getValue())
+        .arg(QLatin1String(bank))
         .arg(u8(request.getMotorBank()));
 }
 

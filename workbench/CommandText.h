@@ -5,6 +5,9 @@
 
 class Command;
 
+/// Whether the request only asks.
+bool isRead(const Command& request);
+
 /// A request as an engineer writes it: "SAP 4 = 250, axis 0".
 QString requestText(const Command& request);
 

@@ -30,8 +30,6 @@ Q_SIGNALS:
     /// A link is open. All requests go to `address`.
     void opened(const QString& link, char address);
     void closed();
-    /// Something for the status bar.
-    void message(const QString& text);
 
 private:
     /// A panel with what the host does to it when its link could not be opened.

@@ -56,8 +56,7 @@ void ConsolePage::take(const Command& reply)
 
 void ConsolePage::logAnswer(const Command& request, const Command& reply)
 {
-    const bool isRead = carries(request.getCommand(), Instruction::GAP);
-    if (!isRead || m_showReads->isChecked() || u8(reply.getStatus()) != StatusOk)
+    if (!isRead(request) || m_showReads->isChecked() || u8(reply.getStatus()) != StatusOk)
         addLine(requestText(request) + QStringLiteral("   ->   ") + replyText(reply));
 }
 

@@ -1,5 +1,6 @@
 #include "ModuleLink.h"
 
+#include "CommandText.h"
 #include "Instruction.h"
 #include "ParameterTable.h"
 
@@ -12,10 +13,10 @@ namespace
 {
 
 constexpr int AnswerWithin = 100; // ms
-constexpr int ReadTries = 3;
-constexpr int SilentAfter = 3;   // time-outs in a row
-constexpr int StaleAfter = 1000; // ms
-constexpr int QuietFor = 200;    // ms
+constexpr int Tries = 3;          // of what changes nothing when it is carried out twice
+constexpr int SilentAfter = 3;    // time-outs in a row
+constexpr int StaleAfter = 1000;  // ms
+constexpr int QuietFor = 200;     // ms
 
 bool isAnswerTo(const Command& reply, const Command& request)
 {
@@ -23,6 +24,11 @@ bool isAnswerTo(const Command& reply, const Command& request)
            u8(reply.getCommand()) == u8(request.getCommand()) &&
            u8(reply.getType()) == u8(request.getType()) &&
            u8(reply.getMotorBank()) == u8(request.getMotorBank());
+}
+
+bool isRepeatable(const Command& request)
+{
+    return isRead(request) || carries(request.getCommand(), Instruction::RD);
 }
 
 /// Whether a request can set the axis in motion that a stop is for.
@@ -257,14 +263,18 @@ void ModuleLink::timeOut()
     const OnItsWay lost = *m_onItsWay;
     m_onItsWay.reset();
     const bool again =
-        lost.lane == Lane::Stop || (lost.lane == Lane::Read && lost.entry.tries < ReadTries);
-    if (again) // behind the other axis' stop
+        lost.lane == Lane::Stop || (isRepeatable(lost.entry.request) && lost.entry.tries < Tries);
+    if (again && lost.lane == Lane::Command)
+        lane(lost.lane).push_front(lost.entry); // what was to come after it still does
+    else if (again)                             // behind the other axis' stop
         lane(lost.lane).push_back(lost.entry);
     const QPointer<ModuleLink> self(this);
     if (++m_timeOuts >= SilentAfter)
         setState(State::Silent);
     if (self && !again && lost.lane == Lane::Command)
-        emit gaveUp(lost.entry.request, tr("no answer; it may have been executed or not"));
+        emit gaveUp(lost.entry.request, isRepeatable(lost.entry.request)
+                                            ? tr("no answer")
+                                            : tr("no answer; it may have been executed or not"));
 }
 
 void ModuleLink::dropStaleCommands()

@@ -14,9 +14,10 @@
 /// time; the others wait in three lanes, of which the first that holds something is served: stops,
 /// then commands, then reads.
 ///
-/// Reads are repeated when no answer comes. A command is sent once only, for its lost answer may
-/// mean a lost request as well as an executed one; and one that could not be sent within a second
-/// is dropped, for nobody expects it any more. A stop is repeated until the module acknowledges it.
+/// Reads, and what only sets up the recorder, are sent three times when no answer comes. A command
+/// is sent once only, for its lost answer may mean a lost request as well as an executed one; and
+/// one that could not be sent within a second is dropped, for nobody expects it any more. A stop is
+/// repeated until the module acknowledges it.
 ///
 /// When nothing waits and the module has not answered for 200 ms, the link reads the velocity of
 /// axis 0 by itself, so that a silent module is noticed also when nobody asks anything.
@@ -74,7 +75,7 @@ Q_SIGNALS:
     void sent(const Command& request);
     /// The module answered a request, with success or failure.
     void answered(const Command& request, const Command& reply);
-    /// A command was given up: not answered in time, or not sent at all.
+    /// A command or a direct request was given up: not answered in time, or not sent at all.
     void gaveUp(const Command& request, const QString& reason);
 
 private:

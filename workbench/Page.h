@@ -34,6 +34,11 @@ Q_SIGNALS:
     void command(const Command& request);
     /// A read.
     void read(const Command& request);
+    /// Something for the status bar.
+    void message(const QString& text);
+    /// How much of what the page fetches in the background is there. Both 0: it waits for the
+    /// module; equal: it is over.
+    void progressed(int done, int total);
 
 private:
     QString m_title;

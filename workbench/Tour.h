@@ -44,6 +44,12 @@ private:
     void logCurves(ValueOverTimeGraph* graph);
     void selectCurves(ValueOverTimeGraph* graph);
     void capture();
+    void captureByEachTrigger();
+    void saveCapture();
+    void stopCapture();
+    void captureInBadWeather();
+    void awaitCapture();
+    bool captureIsTrue(QString* seen) const;
     void pickColours();
     void moveMarkers();
     void surviveSilence();

@@ -1,7 +1,9 @@
-// The step of the tour on the page of RAM captures.
+// The steps of the tour on the page of RAM captures.
 
 #include "CapturePage.h"
 #include "Chart.h"
+#include "Global.h"
+#include "ParameterTable.h"
 #include "SimpleScaledDrawer.h"
 #include "Tour.h"
 #include "TourInput.h"
@@ -9,67 +11,247 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDeadlineTimer>
+#include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
+#include <QRegularExpression>
+#include <QSet>
 #include <QSpinBox>
 
 using namespace TourInput;
 
+namespace
+{
+
+constexpr int RunWithin = 60000;  // ms of real time
+constexpr int ShownSeries = 2;    // target and actual value; the module also takes two others
+constexpr int SamplesToStop = 80; // fetched before the stop
+
+/// What to capture, as the panel's lists and boxes are set.
+struct Capture {
+    const char* name;
+    int target;
+    int measure;
+    int to;
+    int trigger;
+    int threshold;
+};
+
+void choose(const CapturePage* page, const char* list, int index)
+{
+    page->findChild<QComboBox*>(QString::fromLatin1(list))->setCurrentIndex(index);
+}
+
+void enter(const CapturePage* page, const char* box, int value)
+{
+    type(page->findChild<QSpinBox*>(QString::fromLatin1(box)), QString::number(value));
+}
+
+void setUp(const CapturePage* page, const Capture& capture)
+{
+    choose(page, "cmbTargetMode", capture.target);
+    choose(page, "cmbMeasureMode", capture.measure);
+    choose(page, "cmbTriggerType", capture.trigger);
+    if (capture.trigger)
+        enter(page, "sbTriggerValue", capture.threshold);
+    if (capture.target < 3)
+        enter(page, "sbToTarget", capture.to);
+}
+
+QPushButton* button(const CapturePage* page, const char* name)
+{
+    return page->findChild<QPushButton*>(QString::fromLatin1(name));
+}
+
+void processUntil(const std::function<bool()>& condition)
+{
+    const QDeadlineTimer deadline(RunWithin);
+    while (!condition() && !deadline.hasExpired())
+        QApplication::processEvents(QEventLoop::AllEvents, 10);
+}
+
+bool runs() { return !Global::instance()->registeredThreads().isEmpty(); }
+
+/// The quantity that a trigger watches, and the side on which it fires.
+bool holds(const Capture& capture, const SimulatedRecorder::Element& first,
+           SimulatedRecorder::Mode mode)
+{
+    namespace N = AxisParameterNumber;
+    const quint8 watched[] = {0,
+                              N::ActualPosition,
+                              N::ActualPosition,
+                              N::ActualVelocity,
+                              N::ActualVelocity,
+                              N::ActualCurrent,
+                              N::ActualCurrent};
+    if (capture.trigger == 0)
+        return true;
+    const auto& items = SimulatedRecorder::items(mode);
+    for (std::size_t item = 0; item < items.size(); ++item) {
+        if (items[item] == watched[capture.trigger])
+            return capture.trigger % 2 ? first[item] < capture.threshold
+                                       : first[item] > capture.threshold;
+    }
+    return false;
+}
+
+} // namespace
+
 void Tour::capture()
 {
-    struct Row {
-        const char* name;
-        int target;
-        int measure;
-        int to;
-        int trigger;
-        int threshold;
-    };
-    const Row rows[] = {
-        {"torque, always", 0, 0, 300, 0, 0},
-        {"velocity, velocity higher", 1, 1, 500, 4, 100},
-        {"position, position higher", 2, 2, 9000, 2, 500},
-        {"no target, always", 3, 0, 0, 0, 0},
-    };
-    constexpr int RunWithin = 20000; // ms of real time
     m_bench.showPage(QStringLiteral("capture"));
-    const QWidget* page = m_bench.findChild<CapturePage*>();
-    auto* drawer = find<SimpleScaledDrawer>(QStringLiteral("drawer"), page);
-    auto* start = find<QPushButton>(QStringLiteral("btnStart"), page);
-    const auto choose = [this, page](const char* name, int index) {
-        find<QComboBox>(QString::fromLatin1(name), page)->setCurrentIndex(index);
-    };
-    for (const Row& row : rows) {
-        choose("cmbTargetMode", row.target);
-        choose("cmbMeasureMode", row.measure);
-        choose("cmbTriggerType", row.trigger);
-        if (row.trigger)
-            type(find<QSpinBox>(QStringLiteral("sbTriggerValue"), page),
-                 QString::number(row.threshold));
-        if (row.target < 3)
-            type(find<QSpinBox>(QStringLiteral("sbToTarget"), page), QString::number(row.to));
-        click(start);
-        const QDeadlineTimer deadline(RunWithin);
-        while (!start->isEnabled() && !deadline.hasExpired())
-            QApplication::processEvents(QEventLoop::AllEvents, 10);
-        const auto& recorded = m_bench.link().module().recorder().recorded();
-        int samples = 0;
-        bool same = start->isEnabled() && !recorded.empty();
-        for (int chart = 0; chart < drawer->getCharts()->size(); ++chart) {
-            QList<double> truth;
-            for (const auto& element : recorded)
-                truth << element[static_cast<std::size_t>(chart)];
-            const QList<double> values = drawer->getCharts()->at(chart)->getValues();
-            samples += values.size();
-            same = same && values == truth;
-        }
-        check(QStringLiteral("capture %1").arg(QString::fromLatin1(row.name)),
-              QStringLiteral("the curves are what the recorder took"),
-              QStringLiteral("%1 samples %2").arg(samples).arg(same ? "alike" : "not alike"), same);
-        if (row.target == 1) {
-            QApplication::processEvents(QEventLoop::AllEvents, 300);
-            photograph(QStringLiteral("capture"));
-        }
-    }
+    captureByEachTrigger();
+    saveCapture();
+    stopCapture();
+    captureInBadWeather();
     m_bench.stopAxes();
     pass(2 * Settle);
+}
+
+void Tour::awaitCapture()
+{
+    const QPushButton* start = button(m_bench.findChild<CapturePage*>(), "btnStart");
+    processUntil([start] { return start->isEnabled() && !runs(); });
+}
+
+/// Whether the curves are what the recorder took, all of it.
+bool Tour::captureIsTrue(QString* seen) const
+{
+    const auto* page = m_bench.findChild<CapturePage*>();
+    const auto& recorded = m_bench.link().module().recorder().recorded();
+    const QList<Chart*> charts = *page->findChild<SimpleScaledDrawer*>()->getCharts();
+    int samples = 0;
+    bool same = recorded.size() == SimulatedRecorder::Elements && charts.size() >= ShownSeries;
+    for (int chart = 0; chart < charts.size(); ++chart) {
+        QList<double> truth;
+        for (const auto& element : recorded)
+            truth << element[static_cast<std::size_t>(chart)];
+        const QList<double> values = charts.at(chart)->getValues();
+        samples += values.size();
+        same = same && values == truth;
+    }
+    *seen = QStringLiteral("%1 samples %2").arg(samples).arg(same ? "alike" : "not alike");
+    return same;
+}
+
+void Tour::captureByEachTrigger()
+{
+    const Capture captures[] = {{"no target, always", 3, 0, 0, 0, 0},
+                                {"torque, always", 0, 0, 300, 0, 0},
+                                {"torque, torque lower", 0, 0, -300, 5, -100},
+                                {"torque, torque higher", 0, 0, 300, 6, 100},
+                                {"position, position lower", 2, 2, -9000, 1, -500},
+                                {"position, position higher", 2, 2, 9000, 2, 500},
+                                {"velocity, velocity lower", 1, 1, -500, 3, -100},
+                                {"velocity, velocity higher", 1, 1, 500, 4, 100}};
+    const auto* page = m_bench.findChild<CapturePage*>();
+    const auto* progress = find<QProgressBar>(QStringLiteral("prgFetch"));
+    for (const Capture& capture : captures) {
+        setUp(page, capture);
+        click(button(page, "btnStart"));
+        processUntil([page] { return page->fetched() > 0; });
+        const bool showsProgress = progress->isVisible();
+        awaitCapture();
+        const auto& recorder = m_bench.link().module().recorder();
+        QString seen;
+        const bool same = captureIsTrue(&seen);
+        const bool fired = same && holds(capture, recorder.recorded().front(), recorder.mode());
+        check(QStringLiteral("capture %1").arg(QString::fromLatin1(capture.name)),
+              QStringLiteral("the curves are what the recorder took once the trigger fired"),
+              seen + (fired ? QStringLiteral(", fired") : QStringLiteral(", fired wrongly")),
+              same && fired && showsProgress && !progress->isVisible());
+    }
+    QApplication::processEvents(QEventLoop::AllEvents, 300);
+    photograph(QStringLiteral("capture"));
+}
+
+void Tour::saveCapture()
+{
+    const auto* page = m_bench.findChild<CapturePage*>();
+    const QString name = m_folder + QStringLiteral("/capture.csv");
+    QFile::remove(name);
+    answerFileDialog(&m_bench, name);
+    click(button(page, "btnSave"));
+
+    const QList<QByteArrayList> rows = readCsv(name);
+    const QList<Chart*> charts = *page->findChild<SimpleScaledDrawer*>()->getCharts();
+    bool same = rows.size() == SimulatedRecorder::Elements + 1;
+    for (int row = 1; same && row < rows.size(); ++row) {
+        same = rows.at(row).size() == charts.size() + 1 &&
+               rows.at(row).first() == QByteArray::number(row - 1);
+        for (int chart = 0; same && chart < charts.size(); ++chart)
+            same =
+                rows.at(row).at(chart + 1).toDouble() == charts.at(chart)->getValues().at(row - 1);
+    }
+    check(QStringLiteral("save the capture"), QStringLiteral("the file holds the curves"),
+          QStringLiteral("%1 rows %2").arg(rows.size()).arg(same ? "alike" : "not alike"), same);
+}
+
+void Tour::stopCapture()
+{
+    auto* page = m_bench.findChild<CapturePage*>();
+    const QList<Chart*>& charts = *page->findChild<SimpleScaledDrawer*>()->getCharts();
+    click(button(page, "btnStart"));
+    processUntil([page] { return page->fetched() >= SamplesToStop; });
+    click(button(page, "btnStop"));
+    const bool idle = button(page, "btnStart")->isEnabled();
+    awaitCapture();
+    const int shown = charts.first()->getValues().size();
+    const bool whole = shown == charts.last()->getValues().size();
+    check(QStringLiteral("stop a capture"),
+          QStringLiteral("idle at once; some whole elements were fetched"),
+          QStringLiteral("%1, %2 of %3 elements")
+              .arg(idle ? "idle" : "busy")
+              .arg(shown)
+              .arg(SimulatedRecorder::Elements),
+          idle && whole && shown >= SamplesToStop / SimulatedRecorder::Items &&
+              shown < SimulatedRecorder::Elements);
+    click(button(page, "btnStart"));
+    awaitCapture();
+    QString seen;
+    const bool same = captureIsTrue(&seen);
+    check(QStringLiteral("start it again"), QStringLiteral("all of it"), seen, same);
+}
+
+/// A sample whose reply does not come at the third try either is named in the console's log, and
+/// everything else is there.
+void Tour::captureInBadWeather()
+{
+    const auto* page = m_bench.findChild<CapturePage*>();
+    const QList<Chart*>& charts = *page->findChild<SimpleScaledDrawer*>()->getCharts();
+    auto* log = m_bench.findChild<QPlainTextEdit*>();
+    SimulatedLink& wire = m_bench.link().wire();
+    const Weather before = wire.weather();
+    for (double loss : {0.05, 0.4}) {
+        Weather weather = before;
+        weather.replyLoss = loss;
+        wire.setWeather(weather);
+        log->clear();
+        click(button(page, "btnStart"));
+        awaitCapture();
+        wire.setWeather(before);
+
+        QSet<QString> named;
+        const QRegularExpression line(QStringLiteral("RD 3 = (\\d+), item (\\d+).*no answer"));
+        for (auto it = line.globalMatch(log->toPlainText()); it.hasNext();) {
+            const QRegularExpressionMatch match = it.next();
+            named << match.captured(1) + QLatin1Char('/') + match.captured(2);
+        }
+        const auto& recorded = m_bench.link().module().recorder().recorded();
+        bool same = recorded.size() == SimulatedRecorder::Elements &&
+                    page->missing() == named.size() &&
+                    page->fetched() + page->missing() == SimulatedRecorder::BufferSize;
+        for (int item = 0; item < ShownSeries; ++item) {
+            QList<double> rest;
+            for (std::size_t i = 0; i < recorded.size(); ++i) {
+                if (!named.contains(QStringLiteral("%1/%2").arg(i).arg(item)))
+                    rest << recorded[i][static_cast<std::size_t>(item)];
+            }
+            same = same && charts.at(item)->getValues() == rest;
+        }
+        check(QStringLiteral("capture with %1 % of the replies lost").arg(100 * loss),
+              QStringLiteral("it ends, and the log names what is missing"),
+              QStringLiteral("%1 fetched, %2 missing").arg(page->fetched()).arg(page->missing()),
+              same && (page->missing() > 0 || loss < 0.1));
+    }
 }

@@ -62,29 +62,6 @@ bool isAsAnswered(const Graph& graph, const QVector<Answer>& answers, int* sampl
                       });
 }
 
-/// Answers the file dialog that the next step opens.
-void answerFileDialog(QWidget* context, const QString& file)
-{
-    QTimer::singleShot(0, context, [file] {
-        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (!dialog)
-            qFatal("no file dialog came");
-        dialog->selectFile(file);
-        QMetaObject::invokeMethod(dialog, "accept");
-    });
-}
-
-QList<QByteArrayList> readCsv(const QString& name)
-{
-    QFile file(name);
-    QList<QByteArrayList> rows;
-    if (!file.open(QIODevice::ReadOnly))
-        return rows;
-    while (!file.atEnd())
-        rows << file.readLine().trimmed().split(';');
-    return rows;
-}
-
 } // namespace
 
 void Tour::watchCurves()

@@ -2,9 +2,12 @@
 
 #include <QAbstractSpinBox>
 #include <QApplication>
+#include <QFile>
+#include <QFileDialog>
 #include <QGraphicsView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QTimer>
 
 namespace TourInput
 {
@@ -49,6 +52,28 @@ void click(QWidget* widget)
 {
     mouse(widget, QEvent::MouseButtonPress);
     mouse(widget, QEvent::MouseButtonRelease);
+}
+
+void answerFileDialog(QWidget* context, const QString& file)
+{
+    QTimer::singleShot(0, context, [file] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (!dialog)
+            qFatal("no file dialog came");
+        dialog->selectFile(file);
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+}
+
+QList<QByteArrayList> readCsv(const QString& name)
+{
+    QFile file(name);
+    QList<QByteArrayList> rows;
+    if (!file.open(QIODevice::ReadOnly))
+        return rows;
+    while (!file.atEnd())
+        rows << file.readLine().trimmed().split(';');
+    return rows;
 }
 
 } // namespace TourInput

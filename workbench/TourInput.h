@@ -1,7 +1,9 @@
 #ifndef TOURINPUT_H
 #define TOURINPUT_H
 
+#include <QByteArrayList>
 #include <QEvent>
+#include <QList>
 #include <QPoint>
 
 class QAbstractSpinBox;
@@ -23,6 +25,11 @@ void mouse(QWidget* widget, QEvent::Type what);
 void click(QWidget* widget);
 /// From one place of the scene to another.
 void drag(const QGraphicsView* view, QPointF from, QPointF to);
+
+/// Chooses the file in the dialog that the next step opens.
+void answerFileDialog(QWidget* context, const QString& file);
+/// The fields of each line; nothing when the file cannot be read.
+QList<QByteArrayList> readCsv(const QString& name);
 
 } // namespace TourInput
 

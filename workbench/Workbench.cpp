@@ -21,6 +21,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
+#include <QProgressBar>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -46,6 +47,7 @@ Workbench::Workbench(const WorkbenchOptions& options)
     , m_list(new QListWidget)
     , m_stack(new QStackedWidget)
     , m_strip(new QLabel)
+    , m_progress(new QProgressBar)
     , m_rate(new QLabel)
     , m_time(QDateTime::currentMSecsSinceEpoch())
 {
@@ -70,6 +72,10 @@ Workbench::Workbench(const WorkbenchOptions& options)
     column->addWidget(m_strip);
     column->addLayout(row, 1);
     setCentralWidget(centre);
+    m_progress->setObjectName(QStringLiteral("prgFetch"));
+    m_progress->setFixedWidth(180);
+    m_progress->hide();
+    statusBar()->addPermanentWidget(m_progress);
     statusBar()->addPermanentWidget(m_rate);
 
     makePages();
@@ -131,11 +137,12 @@ void Workbench::makePages()
         m_stack->addWidget(page);
         connect(page, &Page::command, &m_link, &ModuleLink::command);
         connect(page, &Page::read, &m_link, &ModuleLink::read);
+        connect(page, &Page::message, this, &Workbench::tell);
+        connect(page, &Page::progressed, this, &Workbench::showProgress);
     }
     m_list->setCurrentRow(0);
     connect(m_connection, &ConnectionPage::opened, this, &Workbench::takeOpened);
     connect(m_connection, &ConnectionPage::closed, this, &Workbench::takeClosed);
-    connect(m_connection, &ConnectionPage::message, this, &Workbench::tell);
     connect(&m_link, &ModuleLink::answered, m_console, &ConsolePage::logAnswer);
     connect(&m_link, &ModuleLink::gaveUp, m_console, &ConsolePage::logFailure);
 }
@@ -321,3 +328,10 @@ void Workbench::showLinkState()
 }
 
 void Workbench::tell(const QString& text) { statusBar()->showMessage(text, MessageTime); }
+
+void Workbench::showProgress(int done, int total)
+{
+    m_progress->setVisible(total == 0 || done < total);
+    m_progress->setRange(0, total); // 0 to 0 shows that something goes on
+    m_progress->setValue(done);
+}

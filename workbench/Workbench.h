@@ -17,6 +17,7 @@ class PollingPage;
 class QAction;
 class QLabel;
 class QListWidget;
+class QProgressBar;
 class QStackedWidget;
 
 /// The reference host: owns the link, routes every answer to the pages, shows whether the module
@@ -63,6 +64,7 @@ private:
     void takeFailure(const Command& request, const QString& reason);
     void showLinkState();
     void tell(const QString& text);
+    void showProgress(int done, int total);
 
     const bool m_unattended;
     ModuleLink m_link;
@@ -77,6 +79,7 @@ private:
     QListWidget* m_list;
     QStackedWidget* m_stack;
     QLabel* m_strip;
+    QProgressBar* m_progress;
     QLabel* m_rate;
     qint64 m_time; // ms since the epoch, on the virtual clock
     QTimer m_clock;

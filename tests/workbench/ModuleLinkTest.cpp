@@ -201,6 +201,14 @@ private Q_SLOTS:
         traffic.link.doDirectRequest(new Command(request(Instruction::GAP, 1)), &none);
         QVERIFY(!none.isValid());
 
+        // the recorder is asked three times, in the order in which it was asked
+        QCOMPARE(traffic.sent.count("1 6 1 0 0"), 3);
+        traffic.link.doDirectRequest(new Command(request(Instruction::RD, 4)), &none);
+        QCOMPARE(traffic.sent.count("1 142 4 0 0"), 3);
+        traffic.link.doDirectRequest(new Command(request(Instruction::SAP, 4, 700)), &none);
+        QCOMPARE(traffic.sent.count("1 5 4 0 700"), 1);
+        QCOMPARE(traffic.gaveUp, QStringList({"1 6 1 0 0", "1 142 4 0 0", "1 5 4 0 700"}));
+
         // a stop while it is on its way ends it
         traffic.link.wire().setSilent(false);
         const QObject context;
