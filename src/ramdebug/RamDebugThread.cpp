@@ -188,10 +188,18 @@ void RamDebugThread::leaveDrawer()
     m_drawer = nullptr;
 }
 
-void RamDebugThread::run()
+void RamDebugThread::prepare()
 {
     m_finishing = false;
     m_running = true;
+    m_isPrepared = true;
+}
+
+void RamDebugThread::run()
+{
+    if (!m_isPrepared)
+        prepare();
+    m_isPrepared = false;
     Command reply;
     m_reply = &reply;
     {

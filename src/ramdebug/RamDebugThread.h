@@ -137,6 +137,8 @@ private:
     void leaveDrawer();
     void take() { m_untaken = nullptr; }
     bool isFinishing() const { return m_finishing; }
+    /// A stop() counts from now on, also before the run begins. Not during a run.
+    void prepare();
 
     mutable QMutex m_mutex; // guards what the owner's thread sets: settings and drawer
     QWaitCondition m_wake;
@@ -145,6 +147,7 @@ private:
     Settings m_now;             // those of the run
     Command* m_reply = nullptr; // of the run, on its stack
     std::atomic<bool> m_running{false};
+    std::atomic<bool> m_isPrepared{false};
     std::atomic<bool> m_abort{false};
     std::atomic<bool> m_finishing{false};
     bool m_tracksRequests = false;

@@ -396,6 +396,8 @@ void WRamDebug::on_btnStart_clicked()
     m_thread->setMeasurementConstraints(from, to, delay);
     if (m_thread->isFinishing())
         m_thread->wait(); // for its last lines, which ask nothing of this thread
+    if (!m_thread->isRunning())
+        m_thread->prepare();
     m_thread->start(QThread::InheritPriority);
 }
 
@@ -405,7 +407,12 @@ void WRamDebug::on_btnStop_clicked()
     m_thread->stop();
 }
 
-void WRamDebug::ramDebugThreadReady() { showMeasuring(false); }
+void WRamDebug::ramDebugThreadReady()
+{
+    const bool isOfAnEarlierRun = m_thread->isRunning() && !m_thread->isFinishing();
+    if (!isOfAnEarlierRun)
+        showMeasuring(false);
+}
 
 void WRamDebug::forwardDoDirectRequest(Command* request, Command* reply)
 {
