@@ -16,7 +16,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTimer>
 
+#include <chrono>
 #include <random>
 
 namespace
@@ -225,31 +227,55 @@ private Q_SLOTS:
         QTRY_VERIFY(isIdle(panel));
     }
 
-    /// At any request, from within the handler and from outside: gone within a second.
+    /// At any instant of a run, from within the handler, from its nested loop and from outside:
+    /// gone within a second. AXR_DESTRUCTIONS sets how often.
     void destroyedDuringARun()
     {
+        const int rounds = qMax(30, qEnvironmentVariableIntValue("AXR_DESTRUCTIONS"));
         std::mt19937 random(3);
-        for (int round = 0; round < 30; ++round) {
+        for (int round = 0; round < rounds; ++round) {
             auto panel = std::make_unique<WRamDebug>();
             auto host = std::make_unique<Host>(*panel);
-            const bool inside = round % 2;
-            const int at = static_cast<int>(random() % 12);
-            if (round % 5 == 0)
+            host->elements = 500;
+            enum Where { Outside, Inside, NestedLoop, HandlerFirst, Instants };
+            const int where = static_cast<int>(random() % Instants);
+            // A few runs get past the second in which the axis settles.
+            const bool isLate = random() % 8 == 0;
+            const int at = static_cast<int>(random() % (isLate ? 60 : 8));
+            if (random() % 5 == 0)
                 host->silentFor = "142 6"; // polls without end
+            const auto delay = std::chrono::microseconds(random() % 300);
             int requests = 0;
             bool done = false;
             host->onRequest = [&](const QString&) {
                 if (requests++ < at)
                     return;
                 host->onRequest = nullptr;
-                if (inside)
-                    panel.reset();
                 done = true;
+                if (where == Inside)
+                    panel.reset();
+                if (where == NestedLoop) {
+                    QEventLoop loop;
+                    QTimer::singleShot(1, &loop, [&] {
+                        panel.reset();
+                        loop.quit();
+                    });
+                    loop.exec();
+                }
             };
+            if (random() % 4 == 0)
+                panel->show();
             button(*panel, "btnStart")->click();
-            QDeadlineTimer limit(at > 7 ? 3000 : 1000); // the axis settles for a second
+            if (random() % 4 == 0)
+                button(*panel, "btnStop")->click();
+            const QDeadlineTimer limit(isLate ? 3000 : 500);
             while (!done && !limit.hasExpired())
                 QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+            const auto until = std::chrono::steady_clock::now() + delay;
+            while (std::chrono::steady_clock::now() < until) {
+            }
+            if (where == HandlerFirst)
+                host.reset();
             const QDeadlineTimer gone(1000);
             panel.reset();
             while (!Global::instance()->registeredThreads().isEmpty() && !gone.hasExpired())
