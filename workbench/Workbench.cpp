@@ -12,6 +12,7 @@
 #include "MotionPage.h"
 #include "ParametersPage.h"
 #include "PollingPage.h"
+#include "RegistersPage.h"
 
 #include <QAction>
 #include <QApplication>
@@ -104,9 +105,10 @@ Workbench::~Workbench()
 
 QStringList Workbench::pageNames()
 {
-    return {QStringLiteral("connection"), QStringLiteral("console"), QStringLiteral("motion"),
-            QStringLiteral("parameters"), QStringLiteral("polling"), QStringLiteral("graph"),
-            QStringLiteral("capture"),    QStringLiteral("colours"), QStringLiteral("markers")};
+    return {QStringLiteral("connection"), QStringLiteral("console"),   QStringLiteral("motion"),
+            QStringLiteral("parameters"), QStringLiteral("polling"),   QStringLiteral("graph"),
+            QStringLiteral("capture"),    QStringLiteral("registers"), QStringLiteral("colours"),
+            QStringLiteral("markers")};
 }
 
 void Workbench::makePages()
@@ -125,6 +127,7 @@ void Workbench::makePages()
                m_polling,
                m_graph,
                new CapturePage(m_link),
+               new RegistersPage,
                new ColoursPage,
                new MarkersPage};
     for (Page* page : qAsConst(m_pages)) {
