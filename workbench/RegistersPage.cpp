@@ -273,7 +273,7 @@ QString RegistersPage::write(const QTreeWidgetItem* item, int column, const QStr
 
 QString RegistersPage::refusal(const Register& field, const QString& entered) const
 {
-    return tr("%1 does not take %2: %3..%4, and no value that is not permitted")
+    return tr("%1 does not take %2 (range %3..%4; single values may be forbidden)")
         .arg(field.getTitle(), entered, numberText(field.getMin(), field),
              numberText(field.getMax(), field));
 }

@@ -136,7 +136,7 @@ private Q_SLOTS:
         RegistersPage page;
         QVERIFY(page.open(good));
         QVERIFY(!page.open(bad));
-        QVERIFY2(error(page).startsWith(bad + ", line 5: "), qPrintable(error(page)));
+        QVERIFY2(error(page).startsWith(bad + ", line 6: "), qPrintable(error(page)));
         QVERIFY(!page.open(folder.filePath("none.json")));
         QVERIFY(error(page).startsWith(folder.filePath("none.json")));
         QCOMPARE(page.findChild<QTreeWidget*>()->topLevelItemCount(), 2);
