@@ -70,6 +70,16 @@ public:
         return m_parser.value(name);
     }
 
+    /// Empty when the option is not given.
+    QString choice(const QString& name, const QStringList& choices)
+    {
+        const QString value = m_parser.value(name);
+        if (m_parser.isSet(name) && !choices.contains(value))
+            complain(QStringLiteral("--%1 takes %2, not \"%3\"")
+                         .arg(name, choices.join(QStringLiteral(" or ")), value));
+        return value;
+    }
+
     void complain(const QString& text)
     {
         if (m_complaint.isEmpty())
@@ -97,6 +107,8 @@ WorkbenchOptions WorkbenchOptions::parse(const QStringList& arguments, const QSt
         option("tour", "Run the tour, write pictures and report.txt into DIR, and end.", "DIR"),
         option("page", "Open the page NAME.", "NAME"),
         option("photo", "Photograph the page into FILE, and end.", "FILE"),
+        option("theme", "Switch the dark blue look on or off.", "on|off"),
+        option("font-size", "Font size in pixels: 8, 12, 16 or 20.", "PX"),
         option("seed", "Seed of the bad weather, default 1.", "N"),
         option(delayOption, "Time until a reply comes, in ms, default 1.", "MS"),
         option("silent", "The module starts silent."),
@@ -121,6 +133,16 @@ WorkbenchOptions WorkbenchOptions::parse(const QStringList& arguments, const QSt
                             .arg(options.page, pages.join(QStringLiteral(", "))));
     if (!options.tourFolder.isEmpty() && !options.photoFile.isEmpty())
         reader.complain(QStringLiteral("--tour and --photo do not go together"));
+
+    const QString theme =
+        reader.choice(QStringLiteral("theme"), {QStringLiteral("on"), QStringLiteral("off")});
+    if (!theme.isEmpty())
+        options.theme = theme == QLatin1String("on");
+    options.fontSize =
+        reader
+            .choice(QStringLiteral("font-size"), {QStringLiteral("8"), QStringLiteral("12"),
+                                                  QStringLiteral("16"), QStringLiteral("20")})
+            .toInt();
 
     options.weather.seed = static_cast<quint32>(
         reader.number(QStringLiteral("seed"), Reader::Numbers::Whole, 0, 4294967295.0, 1));
