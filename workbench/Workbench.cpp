@@ -13,6 +13,7 @@
 #include "MotionPage.h"
 #include "ParametersPage.h"
 #include "PollingPage.h"
+#include "SharedConstants.h"
 
 #include <QAction>
 #include <QApplication>
@@ -37,6 +38,7 @@ constexpr int ClockInterval = 5;   // ms
 constexpr int LongestStep = 100;   // ms; after a pause the module does not race to catch up
 constexpr int PollInterval = 50;   // ms
 constexpr int RateInterval = 1000; // ms
+constexpr int ListMargin = 12;     // px
 constexpr int MessageTime = 8000;  // ms
 const QString geometryKey = QStringLiteral("Workbench/Geometry");
 const QString themeKey = QStringLiteral("Workbench/Theme");
@@ -65,7 +67,6 @@ Workbench::Workbench(const WorkbenchOptions& options)
     m_strip->setMargin(4);
     m_list->setObjectName(QStringLiteral("lwPages"));
     m_list->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
-    m_list->setFixedWidth(120);
 
     auto* row = new QHBoxLayout;
     row->addWidget(m_list);
@@ -98,6 +99,7 @@ Workbench::Workbench(const WorkbenchOptions& options)
 
 Workbench::~Workbench()
 {
+    m_style.reset(); // gives the application its look back while the window is whole
     // The pages go while the link still carries their last words, such as the stop of a jog; what
     // those bring forth no longer concerns the window.
     disconnect(&m_link, nullptr, this, nullptr);
@@ -173,9 +175,10 @@ void Workbench::makeLook(const WorkbenchOptions& options)
 {
     m_theme->setObjectName(QStringLiteral("cbTheme"));
     m_theme->setToolTip(tr("Switches between the dark blue look and the desktop's own"));
+    connect(m_style.get(), &MainAppStyle::fontSizeChanged, this, &Workbench::fitList);
     const bool on = options.theme.value_or(AppSettings().value(themeKey, false).toBool());
-    m_style->setMainStyle(on);
     m_theme->setChecked(on);
+    applyTheme(on);
     connect(m_theme, &QCheckBox::toggled, this, &Workbench::setTheme);
     QWidget* sizes = m_style->setFontSize(this);
     sizes->setToolTip(tr("Font size"));
@@ -190,8 +193,22 @@ void Workbench::makeLook(const WorkbenchOptions& options)
 void Workbench::setTheme(bool on)
 {
     m_theme->setChecked(on);
-    m_style->setMainStyle(on);
+    applyTheme(on);
     AppSettings().setValue(themeKey, on);
+}
+
+void Workbench::applyTheme(bool on)
+{
+    // The symbol of a checked button has to stand out from the windows of its look.
+    AppSettings().setValue(QLatin1String(ColorMapCheckedButtonKey),
+                           QString::fromLatin1(on ? "#c7d441" : "#008080"));
+    m_style->setMainStyle(on);
+}
+
+void Workbench::fitList()
+{
+    m_list->ensurePolished();
+    m_list->setFixedWidth(m_list->sizeHintForColumn(0) + 2 * m_list->frameWidth() + ListMargin);
 }
 
 void Workbench::restoreWindow(const QString& page)

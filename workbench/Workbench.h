@@ -63,6 +63,8 @@ private:
     void makePages();
     void makeToolBar();
     void makeLook(const WorkbenchOptions& options);
+    void applyTheme(bool on);
+    void fitList();
     void restoreWindow(const QString& page);
     Page* currentPage() const;
     void takeOpened(const QString& link, char address);
@@ -95,7 +97,7 @@ private:
     int m_untilRate = 0;
     int m_answersBefore = 0;
     QCheckBox* m_theme;
-    std::unique_ptr<MainAppStyle> m_style; // goes first, while the window is whole
+    std::unique_ptr<MainAppStyle> m_style;
 };
 
 #endif

@@ -102,6 +102,16 @@ void forEachBelow(const QWidget* widget, Finish finish)
     }
 }
 
+/// What was never shown does not follow the application's palette once its window has a sheet, and
+/// would keep that of the other look when it is shown.
+void followPalette(const QWidget* window)
+{
+    forEachBelow<QWidget>(window, [](QWidget* widget) {
+        if (!widget->testAttribute(Qt::WA_WState_Polished))
+            widget->setPalette(widget->palette());
+    });
+}
+
 QString firstFamily(int fontId, const QFont& otherwise)
 {
     const QStringList families = QFontDatabase::applicationFontFamilies(fontId);
@@ -284,6 +294,8 @@ QString MainAppStyle::setMainStyle(bool on, const QString& extraSheet, const QCo
             target()->setStyleSheet(windowFontSheet());
     }
     const QColor now = QApplication::palette().color(QPalette::Text);
+    if (self)
+        followPalette(target());
     if (self)
         clickSizeButtonSoon();
     if (self && now != before)

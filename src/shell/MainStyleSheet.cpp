@@ -38,6 +38,7 @@ QAbstractSpinBox::up-button:disabled, QAbstractSpinBox::down-button:disabled {bo
 
 constexpr char lineEdits[] =
     R"(QLineEdit {lineedit-password-character: 8226; border: 2px solid white; background:  palette(base); padding: 1px 18px 1px 3px}
+QLineEdit:disabled {border-color: palette(shadow); background: palette(highlighted-text); color: palette(window)}
 )";
 
 constexpr char comboBoxes[] =
@@ -53,6 +54,7 @@ QComboBox::down-button:pressed {background: rgba(255,255,255, 115); border-color
 QComboBox::down-arrow:on {top: 1px; left: 1px}
 QComboBox::disabled %1
 QComboBox::down-arrow:disabled {image: url(:)}
+QComboBox::drop-down:disabled {border-color: palette(shadow)}
 QComboBox QAbstractItemView {border: 2px solid palette(window-text); border-radius: 0px; background: palette(base); selection-background-color: #001C42}
 )";
 
@@ -67,14 +69,16 @@ QToolButton {margin: 0px; border: 2px solid transparent;   border-radius: 9px;}
 QToolButton:disabled %1
 QToolButton:pressed {border: 2px solid #001C42; background-color: rgba(255,255,255, 115)}
 QToolButton:checked  {color: #c7d441 }
+QToolButton:checked:disabled %1
 )";
 
 constexpr char pushButtons[] =
-    R"(QPushButton {border: solid; padding: 4px 6px 4px 6px; border-width: 2px; border-radius: 9px}
+    R"(QPushButton {border: solid; padding: 4px 6px 4px 6px; border-width: 2px; border-radius: 9px; outline: 1px dotted palette(window-text)}
 QPushButton:hover {background-color: rgba(255,255,255, 115)}
 QPushButton:enabled {border-color: palette(window-text); color: palette(button-text)}
 QPushButton:disabled %1
 QPushButton:checked {color: #c7d441; border-color: #c7d441}
+QPushButton:checked:disabled %1
 QPushButton:pressed {border-color: #001C42; background-color: rgba(255,255,255, 115)}
 )";
 
@@ -88,6 +92,7 @@ QCheckBox::indicator:pressed {border-color: #001C42; background: rgba(255,255,25
 QCheckBox::indicator:hover {background: rgba(255,255,255, 115)}
 QCheckBox::indicator:indeterminate {image: url(:/MainButtons1/Haekchen_normal)}
 QCheckBox::indicator:indeterminate:disabled {image: url(:/MainButtons1/Haekchen_disabled)}
+QRadioButton:disabled {color: palette(highlighted-text)}
 )";
 
 constexpr char buttonBoxes[] =
@@ -96,7 +101,7 @@ constexpr char buttonBoxes[] =
 
 constexpr char groupBoxes[] =
     R"(QGroupBox {background: transparent; border: 2px solid palette(window-text); border-radius: 11px;margin-top: 6ex;}
-QGroupBox::title {subcontrol-origin: margin; subcontrol-position: top left; padding: 0 7px;}
+QGroupBox::title {subcontrol-origin: margin; subcontrol-position: top left; padding: 0 7px; top: 2ex}
 QGroupBox::indicator {width: 13px; height: 13px}
 )";
 
