@@ -44,6 +44,7 @@ public:
     {
         setAutoFillBackground(true);
         m_layout = new QVBoxLayout(this);
+        m_layout->setSizeConstraint(QLayout::SetNoConstraint); // photograph() sees to the size
         QWidget* sizes = m_style.setFontSize(this);
         m_sizes = sizes->findChildren<QToolButton*>(QStringLiteral("sizeBtn"));
         sizes->hide();
