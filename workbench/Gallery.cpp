@@ -63,19 +63,22 @@ public:
         delete m_widget;
         m_widget = widget;
         widget->setWindowFlags(Qt::Widget);
-        if (widget->testAttribute(Qt::WA_Resized))
-            widget->setMinimumSize(widget->size());
+        m_wanted = widget->testAttribute(Qt::WA_Resized) ? widget->size() : QSize(0, 0);
         m_layout->addWidget(widget);
         widget->show();
         MainAppStyle::setIconsToTextColor(widget);
     }
-    QPixmap photograph(bool isEnabled)
+    QPixmap photograph(bool isEnabled, void (*prepare)(QWidget*))
     {
         m_widget->setEnabled(isEnabled);
         show();
-        resize(0, 0);
-        adjustSize();
+        QApplication::processEvents(); // sizes follow the fonts
+        m_layout->invalidate();
+        const QMargins margins = m_layout->contentsMargins();
+        resize(m_layout->totalSizeHint().expandedTo(m_wanted.grownBy(margins)));
         QApplication::processEvents();
+        if (prepare)
+            prepare(m_widget);
         return grab();
     }
     void clear()
@@ -89,6 +92,7 @@ private:
     QVBoxLayout* m_layout;
     QList<QToolButton*> m_sizes;
     QWidget* m_widget = nullptr;
+    QSize m_wanted;
 };
 
 QString page(const QList<GalleryWidget>& widgets, int sizes)
@@ -133,7 +137,7 @@ bool Gallery::write() const
                 stage.setWidget(widget.make());
                 for (const Look& look : looks) {
                     if (look.isThemed == isThemed)
-                        isFine = stage.photograph(look.isEnabled)
+                        isFine = stage.photograph(look.isEnabled, widget.prepare)
                                      .save(folder.filePath(look.fileName(
                                                QString::fromLatin1(widget.name), size)),
                                            "PNG") &&

@@ -159,21 +159,30 @@ QWidget* drawer()
 QWidget* valueOverTimeGraph()
 {
     auto* graph = new ValueOverTimeGraph;
-    const qint64 now = QDateTime::currentMSecsSinceEpoch();
-    graph->setClock([now] { return now; });
     graph->setYAxisCaption(QStringLiteral("Velocity [rpm]"));
     graph->resize(640, 320);
     int number = 0;
-    for (const auto& curve : curves) {
-        auto* line = new Graph(char(1), char(0), toByte(Instruction::GAP), toByte(number),
-                               QString::fromLatin1(curve.name), curve.color);
-        graph->addGraph(line);
-        for (int i = 0; i < Samples; ++i)
-            line->addValue(sample(number, i), now - qint64(Samples - i) * SampleTime);
-        ++number;
-    }
+    for (const auto& curve : curves)
+        graph->addGraph(new Graph(char(1), char(0), toByte(Instruction::GAP), toByte(number++),
+                                  QString::fromLatin1(curve.name), curve.color));
     graph->startDrawing();
     return graph;
+}
+
+/// Some seconds of curves, at once.
+void drawCurves(QWidget* widget)
+{
+    auto* graph = static_cast<ValueOverTimeGraph*>(widget);
+    const auto now = std::make_shared<qint64>(QDateTime::currentMSecsSinceEpoch());
+    graph->setClock([now] { return *now; });
+    const QList<Graph*> lines = graph->getGraphs();
+    for (int i = 0; i < Samples; ++i, *now += SampleTime) {
+        for (int line = 0; line < lines.size(); ++line)
+            lines.at(line)->addValue(sample(line, i), *now);
+        graph->updateScene(*now);
+    }
+    graph->grab(); // curves follow the axis as it was painted last
+    graph->updateScene(*now);
 }
 
 /// A selection dialog of the widget that it is opened for, which it takes along.
@@ -261,7 +270,7 @@ const QList<GalleryWidget>& galleryWidgets()
         {"WDirectMode", plain<WDirectMode>},
         {"TraceController", plain<TraceController>},
         {"WTraceController", plain<WTraceController>},
-        {"ValueOverTimeGraph", valueOverTimeGraph},
+        {"ValueOverTimeGraph", valueOverTimeGraph, drawCurves},
         {"GraphController", plain<GraphController>},
         {"GraphSelector", graphSelector},
         {"DrawerArea", drawer<DrawerArea>},

@@ -96,6 +96,7 @@ private Q_SLOTS:
         QTest::newRow("missing value") << QStringList{"--tour"};
         QTest::newRow("empty value") << QStringList{"--tour", ""};
         QTest::newRow("two jobs") << QStringList{"--tour", "a", "--photo", "b"};
+        QTest::newRow("two others") << QStringList{"--gallery", "a", "--photo", "b"};
     }
     void badCommandLine()
     {
