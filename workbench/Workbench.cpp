@@ -12,6 +12,7 @@
 #include "MotionPage.h"
 #include "ParametersPage.h"
 #include "PollingPage.h"
+#include "RampPage.h"
 
 #include <QAction>
 #include <QApplication>
@@ -106,7 +107,8 @@ QStringList Workbench::pageNames()
 {
     return {QStringLiteral("connection"), QStringLiteral("console"), QStringLiteral("motion"),
             QStringLiteral("parameters"), QStringLiteral("polling"), QStringLiteral("graph"),
-            QStringLiteral("capture"),    QStringLiteral("colours"), QStringLiteral("markers")};
+            QStringLiteral("capture"),    QStringLiteral("colours"), QStringLiteral("markers"),
+            QStringLiteral("ramp")};
 }
 
 void Workbench::makePages()
@@ -126,11 +128,12 @@ void Workbench::makePages()
                m_graph,
                new CapturePage(m_link),
                new ColoursPage,
-               new MarkersPage};
+               new MarkersPage,
+               new RampPage(m_link)};
     for (Page* page : qAsConst(m_pages)) {
         m_list->addItem(page->title());
         const int row = m_list->count() - 1;
-        const QKeySequence key(Qt::CTRL + Qt::Key_1 + row);
+        const QKeySequence key(Qt::CTRL + (row < 9 ? Qt::Key_1 + row : Qt::Key_0));
         m_list->item(row)->setToolTip(key.toString(QKeySequence::NativeText));
         connect(new QShortcut(key, this), &QShortcut::activated, this,
                 [this, row] { m_list->setCurrentRow(row); });
