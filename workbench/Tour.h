@@ -52,6 +52,7 @@ private:
     bool captureIsTrue(QString* seen) const;
     void pickColours();
     void moveMarkers();
+    void turnRamp();
     void surviveSilence();
     void disconnect();
 
