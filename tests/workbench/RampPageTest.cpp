@@ -39,7 +39,9 @@ struct RampBench {
         });
         bench.show();
         User::click(User::find<QPushButton>(bench.findChild<Connection*>(), "btnConnect"));
-        bench.advance(1000);
+        do // all that the pages ask for at first
+            bench.advance(500);
+        while (bench.link().pendingReads() > 1);
     }
 
     void enter(const char* box, double value) { User::find<SpinBox>(page, box)->setValue(value); }
@@ -154,11 +156,15 @@ private Q_SLOTS:
     /// However soon the stop comes after the press, the axis stands and stays.
     void stopAtAnyInstant()
     {
-        for (int after = 0; after < 260; after += 9) {
+        int preparing = 0;
+        int moving = 0;
+        for (int after = 0; after < 260; after += 7) {
             for (bool isKey : {false, true}) {
                 RampBench ramp({"--delay", "25", "--seed", QString::number(after + 1)});
                 User::click(ramp.move);
                 ramp.bench.advance(after);
+                preparing += ramp.page->move().state() == RampMove::State::Preparing;
+                moving += ramp.page->move().state() == RampMove::State::Moving;
                 const int position = ramp.axis.read(Number::ActualPosition);
                 if (isKey)
                     ramp.bench.stopAxes();
@@ -173,6 +179,7 @@ private Q_SLOTS:
                 QVERIFY2(ramp.isIdle(), where);
             }
         }
+        QVERIFY(preparing > 10 && moving > 10);
     }
 
     /// Whatever gets lost, the axis starts once at the most, and with the values of the page.
@@ -183,8 +190,7 @@ private Q_SLOTS:
             RampBench ramp({"--lost-replies", "25", "--lost-requests", "10", "--delay", "8",
                             "--seed", QString::number(seed)});
             const QByteArray where = QString("seed %1").arg(seed).toLatin1();
-            for (int i = 0; i < 2000 && ramp.bench.link().pendingReads() > 1; ++i)
-                ramp.bench.advance(50); // what all pages ask for at first
+            QVERIFY2(ramp.move->isEnabled(), where);
             QObject::connect(&ramp.bench.link(), &ModuleLink::sent, &ramp.bench,
                              [&](const Command& request) {
                                  if (!carries(request.getCommand(), Instruction::MVP))
