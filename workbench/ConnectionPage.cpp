@@ -90,6 +90,10 @@ ConnectionPage::ConnectionPage(ModuleLink& link)
 
 QWidget* ConnectionPage::makePanels()
 {
+    for (QWidget* panel : {static_cast<QWidget*>(m_connection), static_cast<QWidget*>(m_serial),
+                           static_cast<QWidget*>(m_can), static_cast<QWidget*>(m_ethernet),
+                           static_cast<QWidget*>(m_zigBee)})
+        letGrow(panel);
     auto* box = new QWidget;
     auto* grid = new QGridLayout(box);
     grid->setContentsMargins(0, 0, 0, 0);

@@ -40,6 +40,7 @@ ConsolePage::ConsolePage()
     layout->addWidget(m_log, 1);
 
     connect(clear, &QPushButton::clicked, m_log, &QPlainTextEdit::clear);
+    letGrow(m_console);
     connect(m_console, &WDirectMode::doRequest, this,
             [this](char address, char instruction, char type, char motorBank, int value) {
                 emit command(Command(address, instruction, type, motorBank, value));

@@ -143,9 +143,9 @@ QWidget* drawer()
     drawer->setYAxisCaption(QStringLiteral("Velocity [rpm]"));
     int number = 0;
     for (const auto& curve : curves) {
-        auto chart = std::make_unique<Chart>(char(1), char(0), toByte(Instruction::GAP),
-                                             toByte(number), QString::fromLatin1(curve.name),
-                                             curve.color);
+        auto chart =
+            std::make_unique<Chart>(char(1), char(0), toByte(Instruction::GAP), toByte(number),
+                                    QString::fromLatin1(curve.name), curve.color);
         drawer->addChart(chart.get());
         for (int i = 0; i < Samples; ++i)
             chart->addValue(sample(number, i));
@@ -159,20 +159,17 @@ QWidget* drawer()
 QWidget* valueOverTimeGraph()
 {
     auto* graph = new ValueOverTimeGraph;
-    auto* keeper = keeperOf<Graph>(graph);
     const qint64 now = QDateTime::currentMSecsSinceEpoch();
     graph->setClock([now] { return now; });
     graph->setYAxisCaption(QStringLiteral("Velocity [rpm]"));
     graph->resize(640, 320);
     int number = 0;
     for (const auto& curve : curves) {
-        auto line = std::make_unique<Graph>(char(1), char(0), toByte(Instruction::GAP),
-                                            toByte(number), QString::fromLatin1(curve.name),
-                                            curve.color);
-        graph->addGraph(line.get());
+        auto* line = new Graph(char(1), char(0), toByte(Instruction::GAP), toByte(number),
+                               QString::fromLatin1(curve.name), curve.color);
+        graph->addGraph(line);
         for (int i = 0; i < Samples; ++i)
             line->addValue(sample(number, i), now - qint64(Samples - i) * SampleTime);
-        keeper->things.push_back(std::move(line));
         ++number;
     }
     graph->startDrawing();
@@ -187,9 +184,9 @@ QWidget* selector(W* owner)
     auto* commands = new QList<TraceCommand*>;
     QObject::connect(keeper, &QObject::destroyed, keeper, [commands] { delete commands; });
     for (const auto& curve : curves) {
-        auto command = std::make_unique<TraceCommand>(
-            char(1), toByte(Instruction::GAP), toByte(commands->size()), char(0),
-            QString::fromLatin1(curve.name));
+        auto command = std::make_unique<TraceCommand>(char(1), toByte(Instruction::GAP),
+                                                      toByte(commands->size()), char(0),
+                                                      QString::fromLatin1(curve.name));
         commands->append(command.get());
         keeper->things.push_back(std::move(command));
     }

@@ -76,7 +76,6 @@ GraphPage::GraphPage(const ModuleLink& link)
     row->addStretch();
     auto* hint = new QLabel(tr("Right click: select values, look. Arrow at the edge: scale, save, "
                                "log.\nPause or run: Ctrl+Space. Forget samples: Ctrl+Del."));
-    hint->setEnabled(false);
     row->addWidget(hint);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(row);

@@ -38,7 +38,6 @@ constexpr QSizeF Area(1000 + 2 * Margin, 1000);
 constexpr double LargestVelocity = 8388607; // 23 bits, as motion controllers hold it
 constexpr double LargestAcceleration = 65535;
 constexpr double LargestDistance = 100000000; // increments, far from the counter's ends
-constexpr int ColumnWidth = 270;              // px
 
 const struct {
     const char* name; // holds the part by which the calculation finds it
@@ -98,6 +97,7 @@ RampPage::RampPage(const ModuleLink& link)
     , m_link(link)
     , m_move(link)
     , m_ramp(Area)
+    , m_plan(makeText("lblPlan"))
     , m_result(makeText("lblRampResult"))
     , m_turned(makeText("lblTurned"))
     , m_curve(new RampCurve)
@@ -110,6 +110,7 @@ RampPage::RampPage(const ModuleLink& link)
     drawing->addWidget(m_curve, 1);
     drawing->addWidget(m_result);
     drawing->addWidget(m_turned);
+    drawing->addWidget(m_plan);
     auto* row = new QHBoxLayout(this);
     row->addLayout(inputs);
     row->addLayout(drawing, 1);
@@ -128,7 +129,6 @@ RampPage::RampPage(const ModuleLink& link)
 QWidget* RampPage::makeParameters()
 {
     auto* group = new QGroupBox(tr("Ramp (internal units)"));
-    group->setFixedWidth(ColumnWidth);
     m_parameters = new QFormLayout(group);
     for (const auto& parameter : parameters) {
         auto* box = new SpinBox;
@@ -147,7 +147,6 @@ QWidget* RampPage::makeParameters()
 QWidget* RampPage::makeMove()
 {
     auto* group = new QGroupBox(tr("Relative move"));
-    group->setFixedWidth(ColumnWidth);
     m_distance = new SpinBox;
     m_distance->setObjectName(QStringLiteral("sbDistance"));
     m_distance->setMinimum(1);
@@ -163,7 +162,6 @@ QWidget* RampPage::makeMove()
     m_start->setObjectName(QStringLiteral("btnRampMove"));
     auto* stop = new QPushButton(tr("Stop"));
     stop->setObjectName(QStringLiteral("btnRampStop"));
-    m_plan = makeText("lblPlan");
 
     auto* form = new QFormLayout;
     form->addRow(tr("Distance [steps]"), m_distance);
@@ -174,7 +172,6 @@ QWidget* RampPage::makeMove()
     auto* column = new QVBoxLayout(group);
     column->addLayout(form);
     column->addLayout(buttons);
-    column->addWidget(m_plan);
 
     connect(m_distance, QOverload<int>::of(&SpinBox::valueChanged), this, &RampPage::calculate);
     connect(m_axis, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this] {
@@ -263,10 +260,9 @@ void RampPage::showPlan()
         m_plan->setText(reason);
         return;
     }
-    m_plan->setText(tr("The axis takes\n"
-                       "VMAX as %1 rpm (parameter %2),\n"
-                       "AMAX as %3 rpm/s (parameter %4), also to brake,\n"
-                       "and keeps them. It starts and stops at rest and has none of the others. "
+    m_plan->setText(tr("The axis takes VMAX as %1 rpm (parameter %2) and AMAX as %3 rpm/s "
+                       "(parameter %4), also to brake, and keeps them. It starts and stops at rest "
+                       "and has none of the others. "
                        "A step is an increment of its encoder, %5 in a turn.")
                         .arg(planned.maxVelocity)
                         .arg(Number::MaxVelocity)

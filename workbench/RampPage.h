@@ -71,7 +71,7 @@ private:
     QComboBox* m_axis = nullptr;
     QCheckBox* m_left = nullptr;
     QPushButton* m_start = nullptr;
-    QLabel* m_plan = nullptr;
+    QLabel* m_plan;
     QLabel* m_result;
     QLabel* m_turned;
     RampCurve* m_curve;

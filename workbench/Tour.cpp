@@ -91,6 +91,7 @@ bool Tour::run()
     pollValues();
     watchCurves();
     capture();
+    editRegisters();
     pickColours();
     moveMarkers();
     turnRamp();

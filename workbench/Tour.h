@@ -50,6 +50,7 @@ private:
     void captureInBadWeather();
     void awaitCapture();
     bool captureIsTrue(QString* seen) const;
+    void editRegisters();
     void pickColours();
     void moveMarkers();
     void turnRamp();

@@ -8,14 +8,18 @@
 #include "ConsolePage.h"
 #include "GraphPage.h"
 #include "Instruction.h"
+#include "MainAppStyle.h"
 #include "MarkersPage.h"
 #include "MotionPage.h"
 #include "ParametersPage.h"
 #include "PollingPage.h"
 #include "RampPage.h"
+#include "RegistersPage.h"
+#include "SharedConstants.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QDateTime>
 #include <QHBoxLayout>
@@ -32,12 +36,15 @@
 namespace
 {
 
+constexpr int NumberKeys = 10;     // 1 to 9, then 0
 constexpr int ClockInterval = 5;   // ms
 constexpr int LongestStep = 100;   // ms; after a pause the module does not race to catch up
 constexpr int PollInterval = 50;   // ms
 constexpr int RateInterval = 1000; // ms
+constexpr int ListMargin = 12;     // px
 constexpr int MessageTime = 8000;  // ms
 const QString geometryKey = QStringLiteral("Workbench/Geometry");
+const QString themeKey = QStringLiteral("Workbench/Theme");
 const QString pageKey = QStringLiteral("Workbench/Page");
 
 } // namespace
@@ -51,6 +58,8 @@ Workbench::Workbench(const WorkbenchOptions& options)
     , m_progress(new QProgressBar)
     , m_rate(new QLabel)
     , m_time(QDateTime::currentMSecsSinceEpoch())
+    , m_theme(new QCheckBox(tr("Dark blue")))
+    , m_style(std::make_unique<MainAppStyle>(this))
 {
     m_link.wire().setSilent(options.silent);
     setWindowTitle(tr("AXR workbench"));
@@ -59,10 +68,8 @@ Workbench::Workbench(const WorkbenchOptions& options)
     m_strip->setObjectName(QStringLiteral("lblLinkState"));
     m_strip->setAlignment(Qt::AlignCenter);
     m_strip->setMargin(4);
-    m_strip->setAutoFillBackground(true);
     m_list->setObjectName(QStringLiteral("lwPages"));
     m_list->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
-    m_list->setFixedWidth(120);
 
     auto* row = new QHBoxLayout;
     row->addWidget(m_list);
@@ -88,12 +95,14 @@ Workbench::Workbench(const WorkbenchOptions& options)
     connect(&m_clock, &QTimer::timeout, this,
             [this] { advance(static_cast<int>(qMin<qint64>(m_realTime.restart(), LongestStep))); });
     qApp->installEventFilter(this);
+    makeLook(options);
     restoreWindow(options.page);
     showLinkState();
 }
 
 Workbench::~Workbench()
 {
+    m_style.reset(); // gives the application its look back while the window is whole
     // The pages go while the link still carries their last words, such as the stop of a jog; what
     // those bring forth no longer concerns the window.
     disconnect(&m_link, nullptr, this, nullptr);
@@ -105,10 +114,10 @@ Workbench::~Workbench()
 
 QStringList Workbench::pageNames()
 {
-    return {QStringLiteral("connection"), QStringLiteral("console"), QStringLiteral("motion"),
-            QStringLiteral("parameters"), QStringLiteral("polling"), QStringLiteral("graph"),
-            QStringLiteral("capture"),    QStringLiteral("colours"), QStringLiteral("markers"),
-            QStringLiteral("ramp")};
+    return {QStringLiteral("connection"), QStringLiteral("console"),   QStringLiteral("motion"),
+            QStringLiteral("parameters"), QStringLiteral("polling"),   QStringLiteral("graph"),
+            QStringLiteral("capture"),    QStringLiteral("registers"), QStringLiteral("colours"),
+            QStringLiteral("markers"),    QStringLiteral("ramp")};
 }
 
 void Workbench::makePages()
@@ -127,16 +136,19 @@ void Workbench::makePages()
                m_polling,
                m_graph,
                new CapturePage(m_link),
+               new RegistersPage,
                new ColoursPage,
                new MarkersPage,
                new RampPage(m_link)};
     for (Page* page : qAsConst(m_pages)) {
         m_list->addItem(page->title());
         const int row = m_list->count() - 1;
-        const QKeySequence key(Qt::CTRL + (row < 9 ? Qt::Key_1 + row : Qt::Key_0));
-        m_list->item(row)->setToolTip(key.toString(QKeySequence::NativeText));
-        connect(new QShortcut(key, this), &QShortcut::activated, this,
-                [this, row] { m_list->setCurrentRow(row); });
+        if (row < NumberKeys) {
+            const QKeySequence key(Qt::CTRL + (row + 1 < NumberKeys ? Qt::Key_1 + row : Qt::Key_0));
+            m_list->item(row)->setToolTip(key.toString(QKeySequence::NativeText));
+            connect(new QShortcut(key, this), &QShortcut::activated, this,
+                    [this, row] { m_list->setCurrentRow(row); });
+        }
         m_stack->addWidget(page);
         connect(page, &Page::command, &m_link, &ModuleLink::command);
         connect(page, &Page::read, &m_link, &ModuleLink::read);
@@ -165,6 +177,46 @@ void Workbench::makeToolBar()
         "#8e1c1c }"));
     connect(stop, &QToolButton::pressed, this, &Workbench::stopAxes);
     bar->addWidget(stop);
+}
+
+void Workbench::makeLook(const WorkbenchOptions& options)
+{
+    m_theme->setObjectName(QStringLiteral("cbTheme"));
+    m_theme->setToolTip(tr("Switches between the dark blue look and the desktop's own"));
+    connect(m_style.get(), &MainAppStyle::fontSizeChanged, this, &Workbench::fitList);
+    const bool on = options.theme.value_or(AppSettings().value(themeKey, false).toBool());
+    m_theme->setChecked(on);
+    applyTheme(on);
+    connect(m_theme, &QCheckBox::toggled, this, &Workbench::setTheme);
+    QWidget* sizes = m_style->setFontSize(this);
+    sizes->setToolTip(tr("Font size"));
+    statusBar()->addPermanentWidget(m_theme);
+    statusBar()->addPermanentWidget(sizes);
+    for (QToolButton* button : sizes->findChildren<QToolButton*>()) {
+        if (button->styleSheet().contains(QStringLiteral(" %1px").arg(options.fontSize)))
+            button->click();
+    }
+}
+
+void Workbench::setTheme(bool on)
+{
+    m_theme->setChecked(on);
+    applyTheme(on);
+    AppSettings().setValue(themeKey, on);
+}
+
+void Workbench::applyTheme(bool on)
+{
+    // The symbol of a checked button has to stand out from the windows of its look.
+    AppSettings().setValue(QLatin1String(ColorMapCheckedButtonKey),
+                           QString::fromLatin1(on ? "#c7d441" : "#008080"));
+    m_style->setMainStyle(on);
+}
+
+void Workbench::fitList()
+{
+    m_list->ensurePolished();
+    m_list->setFixedWidth(m_list->sizeHintForColumn(0) + 2 * m_list->frameWidth() + ListMargin);
 }
 
 void Workbench::restoreWindow(const QString& page)
@@ -304,28 +356,25 @@ QString Workbench::linkText() const { return m_strip->text(); }
 void Workbench::showLinkState()
 {
     QString text = tr("Not connected");
-    QColor background(QStringLiteral("lightgray"));
-    QColor foreground(Qt::black);
+    const char* colours = "lightgray; color: black";
     if (m_link.state() == ModuleLink::State::Silent) {
         text = tr("%1: the module has not answered for %2 s. What is shown is old.")
                    .arg(m_linkName)
                    .arg(m_link.silentFor() / 1000.0, 0, 'f', 1);
-        background = QColor(QStringLiteral("crimson"));
-        foreground = Qt::white;
+        colours = "crimson; color: white";
     } else if (m_link.isOpen()) {
         text = tr("Connected: %1").arg(m_linkName);
-        background = QColor(QStringLiteral("#cfe8cf"));
+        colours = "#cfe8cf; color: black";
     }
     if (m_link.isStopping())
         text += tr("  -  STOP is not acknowledged yet");
     if (m_strip->text() != text)
         m_strip->setText(text);
-    QPalette colours = m_strip->palette();
-    if (colours.color(QPalette::Window) != background) {
-        colours.setColor(QPalette::Window, background);
-        colours.setColor(QPalette::WindowText, foreground);
-        m_strip->setPalette(colours);
-    }
+    // By sheet, for under the dark blue look a palette has no say.
+    const QString sheet =
+        QStringLiteral("QLabel { background: %1 }").arg(QString::fromLatin1(colours));
+    if (m_strip->styleSheet() != sheet)
+        m_strip->setStyleSheet(sheet);
     for (Page* page : qAsConst(m_pages))
         page->setEnabled(m_link.isOpen() || page->worksAlone());
 }

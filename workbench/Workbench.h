@@ -8,13 +8,17 @@
 #include <QMainWindow>
 #include <QTimer>
 
+#include <memory>
+
 class ConnectionPage;
 class ConsolePage;
 class GraphPage;
+class MainAppStyle;
 class MotionPage;
 class Page;
 class PollingPage;
 class QAction;
+class QCheckBox;
 class QLabel;
 class QListWidget;
 class QProgressBar;
@@ -41,6 +45,8 @@ public:
     ModuleLink& link() { return m_link; }
     /// Virtual time in ms since the epoch, which began when the workbench did.
     qint64 time() const { return m_time; }
+    /// Switches between the dark blue look and the desktop's own, and remembers it.
+    void setTheme(bool on);
     /// The text of the strip that tells whether the module answers.
     QString linkText() const;
 
@@ -56,6 +62,9 @@ private:
     void advanceSlice(int milliseconds);
     void makePages();
     void makeToolBar();
+    void makeLook(const WorkbenchOptions& options);
+    void applyTheme(bool on);
+    void fitList();
     void restoreWindow(const QString& page);
     Page* currentPage() const;
     void takeOpened(const QString& link, char address);
@@ -87,6 +96,8 @@ private:
     int m_untilPoll = 0;
     int m_untilRate = 0;
     int m_answersBefore = 0;
+    QCheckBox* m_theme;
+    std::unique_ptr<MainAppStyle> m_style;
 };
 
 #endif

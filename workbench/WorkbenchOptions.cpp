@@ -70,6 +70,16 @@ public:
         return m_parser.value(name);
     }
 
+    /// Empty when the option is not given.
+    QString choice(const QString& name, const QStringList& choices)
+    {
+        const QString value = m_parser.value(name);
+        if (m_parser.isSet(name) && !choices.contains(value))
+            complain(QStringLiteral("--%1 takes %2, not \"%3\"")
+                         .arg(name, choices.join(QStringLiteral(" or ")), value));
+        return value;
+    }
+
     void complain(const QString& text)
     {
         if (m_complaint.isEmpty())
@@ -95,8 +105,12 @@ WorkbenchOptions WorkbenchOptions::parse(const QStringList& arguments, const QSt
     const QCommandLineOption version = parser.addVersionOption();
     parser.addOptions({
         option("tour", "Run the tour, write pictures and report.txt into DIR, and end.", "DIR"),
+        option("gallery", "Write pictures of every widget and index.html into DIR, and end.",
+               "DIR"),
         option("page", "Open the page NAME.", "NAME"),
         option("photo", "Photograph the page into FILE, and end.", "FILE"),
+        option("theme", "Switch the dark blue look on or off.", "on|off"),
+        option("font-size", "Font size in pixels: 8, 12, 16 or 20.", "PX"),
         option("seed", "Seed of the bad weather, default 1.", "N"),
         option(delayOption, "Time until a reply comes, in ms, default 1.", "MS"),
         option("silent", "The module starts silent."),
@@ -113,14 +127,27 @@ WorkbenchOptions WorkbenchOptions::parse(const QStringList& arguments, const QSt
                             .arg(parser.positionalArguments().constFirst()));
 
     options.tourFolder = reader.value(QStringLiteral("tour"));
+    options.galleryFolder = reader.value(QStringLiteral("gallery"));
     options.photoFile = reader.value(QStringLiteral("photo"));
     options.page = reader.value(QStringLiteral("page"));
     options.silent = parser.isSet(QStringLiteral("silent"));
     if (!options.page.isEmpty() && !pages.contains(options.page))
         reader.complain(QStringLiteral("there is no page \"%1\"; there are: %2")
                             .arg(options.page, pages.join(QStringLiteral(", "))));
-    if (!options.tourFolder.isEmpty() && !options.photoFile.isEmpty())
-        reader.complain(QStringLiteral("--tour and --photo do not go together"));
+    if (!options.tourFolder.isEmpty() + !options.photoFile.isEmpty() +
+            !options.galleryFolder.isEmpty() >
+        1)
+        reader.complain(QStringLiteral("--tour, --photo and --gallery do not go together"));
+
+    const QString theme =
+        reader.choice(QStringLiteral("theme"), {QStringLiteral("on"), QStringLiteral("off")});
+    if (!theme.isEmpty())
+        options.theme = theme == QLatin1String("on");
+    options.fontSize =
+        reader
+            .choice(QStringLiteral("font-size"), {QStringLiteral("8"), QStringLiteral("12"),
+                                                  QStringLiteral("16"), QStringLiteral("20")})
+            .toInt();
 
     options.weather.seed = static_cast<quint32>(
         reader.number(QStringLiteral("seed"), Reader::Numbers::Whole, 0, 4294967295.0, 1));

@@ -72,6 +72,8 @@ private Q_SLOTS:
         const int before = ramp.axis.read(Number::ActualPosition);
         QVERIFY(ramp.shown("lblPlan").contains("698 rpm") &&
                 ramp.shown("lblPlan").contains("1705 rpm/s"));
+        ramp.bench.link().read( // another page's, answered before those of the move
+            Command(1, toByte(Instruction::GAP), toByte(Number::Temperature), 0, 0));
         User::click(ramp.move);
         QVERIFY(!ramp.move->isEnabled());
         ramp.finish();
@@ -156,11 +158,12 @@ private Q_SLOTS:
     /// However soon the stop comes after the press, the axis stands and stays.
     void stopAtAnyInstant()
     {
+        RampBench ramp({"--delay", "25", "--seed", "3"});
         int preparing = 0;
         int moving = 0;
         for (int after = 0; after < 260; after += 7) {
             for (bool isKey : {false, true}) {
-                RampBench ramp({"--delay", "25", "--seed", QString::number(after + 1)});
+                QVERIFY(ramp.move->isEnabled());
                 User::click(ramp.move);
                 ramp.bench.advance(after);
                 preparing += ramp.page->move().state() == RampMove::State::Preparing;
@@ -185,24 +188,35 @@ private Q_SLOTS:
     /// Whatever gets lost, the axis starts once at the most, and with the values of the page.
     void badWeather()
     {
+        RampBench ramp;
+        bool isTaken = true;
+        QObject::connect(&ramp.bench.link(), &ModuleLink::sent, &ramp.bench,
+                         [&](const Command& request) {
+                             if (carries(request.getCommand(), Instruction::MVP))
+                                 isTaken = isTaken && ramp.axis.read(Number::MaxVelocity) == 1397 &&
+                                           ramp.axis.read(Number::Acceleration) == 3411;
+                         });
         int moved = 0;
-        for (int seed = 1; seed <= 25; ++seed) {
-            RampBench ramp({"--lost-replies", "25", "--lost-requests", "10", "--delay", "8",
-                            "--seed", QString::number(seed)});
+        for (unsigned seed = 1; seed <= 25; ++seed) {
             const QByteArray where = QString("seed %1").arg(seed).toLatin1();
+            ramp.axis.write(Number::MaxVelocity, 100); // what a lost request would leave
+            ramp.axis.write(Number::Acceleration, 100);
+            Weather weather;
+            weather.seed = seed;
+            weather.maximumDelay = 8;
+            weather.requestLoss = 0.06;
+            weather.replyLoss = 0.15;
+            weather.failureStatus = 0.08;
+            weather.duplicate = weather.foreignReply = weather.lateReply = 0.05;
+            ramp.bench.link().wire().setWeather(weather);
+            ramp.sent.clear();
             QVERIFY2(ramp.move->isEnabled(), where);
-            QObject::connect(&ramp.bench.link(), &ModuleLink::sent, &ramp.bench,
-                             [&](const Command& request) {
-                                 if (!carries(request.getCommand(), Instruction::MVP))
-                                     return;
-                                 QCOMPARE(ramp.axis.read(Number::MaxVelocity), 1397);
-                                 QCOMPARE(ramp.axis.read(Number::Acceleration), 3411);
-                             });
             User::click(ramp.move);
             ramp.finish();
             QVERIFY2(ramp.isIdle() && ramp.moves() <= 1, where);
+            ramp.bench.link().wire().setWeather(Weather());
             ramp.bench.advance(3000);
-            QVERIFY2(ramp.moves() <= 1, where);
+            QVERIFY2(isTaken && ramp.moves() <= 1, where);
             if (ramp.page->move().peak() > 0) {
                 ++moved;
                 QVERIFY2(std::abs(ramp.page->move().peak() - 1397) <= 1, where);
