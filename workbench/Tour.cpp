@@ -94,6 +94,7 @@ bool Tour::run()
     editRegisters();
     pickColours();
     moveMarkers();
+    turnRamp();
     surviveSilence();
     disconnect();
 

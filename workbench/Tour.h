@@ -53,6 +53,7 @@ private:
     void editRegisters();
     void pickColours();
     void moveMarkers();
+    void turnRamp();
     void surviveSilence();
     void disconnect();
 
