@@ -134,6 +134,16 @@ private Q_SLOTS:
                      .text(ramp)
                      .startsWith("V1 not reached <8.0<htm>"),
                  qPrintable(ramp.str()));
+        // VSTART above V1: both outer phases are -0.5 steps, and their magnitude counts
+        QVERIFY2(Parameters({16, 8, 16, 0, 1, 1, 1, 1, false, 0.9})
+                     .text(ramp)
+                     .startsWith("Vmax not reached <10.7> <htm>"), // 128 x (0.9 - 0.5) + 8^2
+                 qPrintable(ramp.str()));
+        // and here they leave no square above 0
+        QVERIFY2(Parameters({16, 1, 16, 0, 1, 1, 1, 1, false, 0})
+                     .text(ramp)
+                     .startsWith("Vmax not reached <1.0> <htm>"),
+                 qPrintable(ramp.str()));
         // compared as given, not with the 1 that VMAX becomes
         QVERIFY(Parameters({0.25, 0.5, 0, 0, 1, 1, 1, 1}).text(ramp).contains(" V1 exceed VMAX"));
         // 2^24 + 1 has no single
