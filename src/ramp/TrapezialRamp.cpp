@@ -124,8 +124,7 @@ void TrapezialRamp::ramp(double vmax, double v1, double vstart, double vstop, do
     const auto heightOf = [&](double velocity) { return orZero(height * (1 - velocity / vmax)); };
     const double width = m_size.width() - 2 * Margin;
     m_polygon.clear();
-    m_polygon << QPointF(0, height) << QPointF(Margin, height)
-              << QPointF(Margin, heightOf(vstart));
+    m_polygon << QPointF(0, height) << QPointF(Margin, height) << QPointF(Margin, heightOf(vstart));
     double x = Margin;
     const auto goOn = [&](double time, double y) {
         x += orZero(time * width / (changing + cruise));

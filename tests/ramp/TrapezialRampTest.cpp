@@ -121,6 +121,42 @@ private Q_SLOTS:
         QCOMPARE(ramp.polygon().at(3).y(), 75.0);
     }
 
+    /// What decides a case, and what is held in single precision.
+    void borders()
+    {
+        TrapezialRamp ramp(Area);
+        // as long as both outer phases: their velocity, but in the second case
+        QVERIFY2(Parameters({16, 8, 0, 0, 1, 1, 1, 1, false, 0.5})
+                     .text(ramp)
+                     .startsWith("Vmax not reached <8.0> <htm>"),
+                 qPrintable(ramp.str()));
+        QVERIFY2(Parameters({16, 8, 0, 0, 1, 1, 1, 1, false, 0.499})
+                     .text(ramp)
+                     .startsWith("V1 not reached <8.0<htm>"),
+                 qPrintable(ramp.str()));
+        // VSTART above V1: both outer phases are -0.5 steps, and their magnitude counts
+        QVERIFY2(Parameters({16, 8, 16, 0, 1, 1, 1, 1, false, 0.9})
+                     .text(ramp)
+                     .startsWith("Vmax not reached <10.7> <htm>"), // 128 x (0.9 - 0.5) + 8^2
+                 qPrintable(ramp.str()));
+        // and here they leave no square above 0
+        QVERIFY2(Parameters({16, 1, 16, 0, 1, 1, 1, 1, false, 0})
+                     .text(ramp)
+                     .startsWith("Vmax not reached <1.0> <htm>"),
+                 qPrintable(ramp.str()));
+        // compared as given, not with the 1 that VMAX becomes
+        QVERIFY(Parameters({0.25, 0.5, 0, 0, 1, 1, 1, 1}).text(ramp).contains(" V1 exceed VMAX"));
+        // 2^24 + 1 has no single
+        QVERIFY2(Parameters({2e7, 2e7, 16777217, 2e7, 1, 1, 1, 1})
+                     .text(ramp)
+                     .contains(text((2e7 - 16777216) * Ms) + " ms"),
+                 qPrintable(ramp.str()));
+        Parameters({8192, 8192, 0, 0, 1, 1, 1, 1, false, -16777217.0 / 128}).text(ramp);
+        QCOMPARE(ramp.polygon().at(4).y(), 50.0);
+        Parameters({8192, 0, 0, 0, 1, 1, 1, 1, false, 16777217.0 / 128}).text(ramp);
+        QCOMPARE(ramp.polygon().at(4).y(), 50.0);
+    }
+
     void polygonAndPath()
     {
         TrapezialRamp ramp(Area);
