@@ -93,6 +93,7 @@ bool Tour::run()
     capture();
     pickColours();
     moveMarkers();
+    changeLook();
     surviveSilence();
     disconnect();
 

@@ -52,6 +52,7 @@ private:
     bool captureIsTrue(QString* seen) const;
     void pickColours();
     void moveMarkers();
+    void changeLook();
     void surviveSilence();
     void disconnect();
 
