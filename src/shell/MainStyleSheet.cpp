@@ -42,7 +42,7 @@ QLineEdit:disabled {border-color: palette(shadow); background: palette(highlight
 )";
 
 constexpr char comboBoxes[] =
-    R"(QComboBox {border: 2px solid palette(window-text); padding: 1px 18px 1px 3px}
+    R"(QComboBox {border: 2px solid palette(window-text); padding: 1px 3px 1px 3px}
 QComboBox:editable {background: palette(base)}
 QComboBox:!editable, QComboBox::drop-down:editable {background: rgba( 70, 70, 70, 115)}
 QComboBox:!editable:on, QComboBox::drop-down:editable:on {background: rgba(255,255,255, 115)}
