@@ -309,7 +309,7 @@ QString MainAppStyle::setMainStyle(bool on, const QString& extraSheet, const QCo
         clickSizeButtonSoon();
     if (self && now != before)
         emit textColorChanged(now, before);
-    qCDebug(axrShell) << "MainAppStyle::setMainStyle()" << result << now << styleName();
+    qCDebug(axrShell) << AXR_METHOD.constData() << result << now << styleName();
     return result;
 }
 
