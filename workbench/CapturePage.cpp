@@ -1,12 +1,12 @@
 #include "CapturePage.h"
 
+#include "Fitting.h"
 #include "Instruction.h"
 #include "ModuleLink.h"
 #include "ParameterTable.h"
 #include "WRamDebug.h"
 
 #include <QPushButton>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace Number = AxisParameterNumber;
@@ -27,12 +27,8 @@ CapturePage::CapturePage(ModuleLink& link)
     , m_panel(new WRamDebug)
     , m_start(m_panel->findChild<QPushButton*>(QStringLiteral("btnStart")))
 {
-    auto* scroll = new QScrollArea; // the row of fields is wide
-    scroll->setWidget(m_panel);
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(scroll, 1);
+    layout->addWidget(Fitting::scrolled(m_panel), 1); // the row of fields is wide
     m_panel->setTargetTorqueType(toByte(Number::TargetCurrent));
     m_panel->setTargetVelocityType(toByte(Number::TargetVelocity));
     m_panel->setRampTargetVelocityType(toByte(Number::RampVelocity));

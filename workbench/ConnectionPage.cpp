@@ -4,6 +4,7 @@
 #include "CANConnection.h"
 #include "Connection.h"
 #include "EthernetConnection.h"
+#include "Fitting.h"
 #include "ModuleLink.h"
 #include "SerialConnection.h"
 #include "ZigBeeNode.h"
@@ -93,7 +94,7 @@ QWidget* ConnectionPage::makePanels()
     for (QWidget* panel : {static_cast<QWidget*>(m_connection), static_cast<QWidget*>(m_serial),
                            static_cast<QWidget*>(m_can), static_cast<QWidget*>(m_ethernet),
                            static_cast<QWidget*>(m_zigBee)})
-        letGrow(panel);
+        Fitting::letGrow(panel);
     auto* box = new QWidget;
     auto* grid = new QGridLayout(box);
     grid->setContentsMargins(0, 0, 0, 0);

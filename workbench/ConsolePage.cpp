@@ -2,6 +2,7 @@
 
 #include "Command.h"
 #include "CommandText.h"
+#include "Fitting.h"
 #include "Instruction.h"
 #include "WDirectMode.h"
 
@@ -40,7 +41,7 @@ ConsolePage::ConsolePage()
     layout->addWidget(m_log, 1);
 
     connect(clear, &QPushButton::clicked, m_log, &QPlainTextEdit::clear);
-    letGrow(m_console);
+    Fitting::letGrow(m_console);
     connect(m_console, &WDirectMode::doRequest, this,
             [this](char address, char instruction, char type, char motorBank, int value) {
                 emit command(Command(address, instruction, type, motorBank, value));

@@ -1,6 +1,7 @@
 #include "MotionPage.h"
 
 #include "CurrentControl.h"
+#include "Fitting.h"
 #include "Instruction.h"
 #include "ParameterTable.h"
 #include "PositionControl.h"
@@ -12,7 +13,6 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QScrollArea>
 #include <QSlider>
 
 namespace Number = AxisParameterNumber;
@@ -91,13 +91,9 @@ MotionPage::MotionPage(SimulatedModule& module) : Page(QStringLiteral("motion"),
     for (int axis = 0; axis < SimulatedModule::Axes; ++axis)
         row->addWidget(makeAxis(module, axis));
 
-    auto* scroll = new QScrollArea;
-    scroll->setWidget(axes);
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(scroll);
+    layout->addWidget(Fitting::scrolled(axes));
 }
 
 MotionPage::~MotionPage()

@@ -40,10 +40,6 @@ Q_SIGNALS:
     /// module; equal: it is over.
     void progressed(int done, int total);
 
-protected:
-    /// Takes the largest size off a panel, which it has for the usual font only.
-    static void letGrow(QWidget* panel);
-
 private:
     QString m_title;
 };

@@ -1,6 +1,7 @@
 #include "ParametersPage.h"
 
 #include "Command.h"
+#include "Fitting.h"
 #include "HTMLDelegate.h"
 #include "Instruction.h"
 #include "ParameterTable.h"
@@ -71,6 +72,7 @@ ParametersPage::ParametersPage()
     m_value->setFlags(SpinBox::ChangedOnEnter | SpinBox::ResetOnEscape);
     m_value->setObjectName(QStringLiteral("sbParameter"));
     fill();
+    Fitting::fitColumns(m_table, {100, 320, 100, 190});
 
     auto* top = new QHBoxLayout;
     top->addWidget(m_axis);
@@ -147,8 +149,6 @@ void ParametersPage::fill()
                                        .arg(QString::fromUtf8(parameter.unit));
         m_model->setItem(row, UnitColumn, cell(unit, Qt::AlignCenter));
     }
-    m_table->setColumnWidth(NameColumn, 260);
-    m_table->setColumnWidth(RangeColumn, 190);
     m_nextRead = 0;
     select(m_selected);
 }

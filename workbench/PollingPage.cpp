@@ -1,6 +1,7 @@
 #include "PollingPage.h"
 
 #include "Command.h"
+#include "Fitting.h"
 #include "Instruction.h"
 #include "ParameterTable.h"
 #include "SimulatedModule.h"
@@ -64,9 +65,7 @@ PollingPage::PollingPage()
     m_table->setSelectionMode(QAbstractItemView::NoSelection);
     m_table->setFocusPolicy(Qt::NoFocus);
     m_table->verticalHeader()->hide();
-    m_table->setColumnWidth(NameColumn, 200);
-    m_table->setColumnWidth(ReadingColumn, 140);
-    m_table->setColumnWidth(RateColumn, 160);
+    Fitting::fitColumns(m_table, {100, 200, 140, 100, 160});
 
     auto* controllers = new QHBoxLayout;
     controllers->addWidget(framed(m_firstAxis, tr("Axis 0")));

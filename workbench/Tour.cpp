@@ -95,6 +95,7 @@ bool Tour::run()
     pickColours();
     moveMarkers();
     turnRamp();
+    changeLook();
     surviveSilence();
     disconnect();
 

@@ -54,6 +54,7 @@ private:
     void pickColours();
     void moveMarkers();
     void turnRamp();
+    void changeLook();
     void surviveSilence();
     void disconnect();
 

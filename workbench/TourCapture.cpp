@@ -10,7 +10,6 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QDeadlineTimer>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
@@ -63,13 +62,6 @@ QPushButton* button(const CapturePage* page, const char* name)
     return page->findChild<QPushButton*>(QString::fromLatin1(name));
 }
 
-void processUntil(const std::function<bool()>& condition)
-{
-    const QDeadlineTimer deadline(RunWithin);
-    while (!condition() && !deadline.hasExpired())
-        QApplication::processEvents(QEventLoop::AllEvents, 10);
-}
-
 bool runs() { return !Global::instance()->registeredThreads().isEmpty(); }
 
 /// The quantity that a trigger watches, and the side on which it fires.
@@ -111,7 +103,7 @@ void Tour::capture()
 void Tour::awaitCapture()
 {
     const QPushButton* start = button(m_bench.findChild<CapturePage*>(), "btnStart");
-    processUntil([start] { return start->isEnabled() && !runs(); });
+    processUntil([start] { return start->isEnabled() && !runs(); }, RunWithin);
 }
 
 /// Whether the curves are what the recorder took, all of it.
@@ -149,7 +141,7 @@ void Tour::captureByEachTrigger()
     for (const Capture& capture : captures) {
         setUp(page, capture);
         click(button(page, "btnStart"));
-        processUntil([page] { return page->fetched() > 0; });
+        processUntil([page] { return page->fetched() > 0; }, RunWithin);
         const bool showsProgress = progress->isVisible();
         awaitCapture();
         const auto& recorder = m_bench.link().module().recorder();
@@ -192,7 +184,7 @@ void Tour::stopCapture()
     auto* page = m_bench.findChild<CapturePage*>();
     const QList<Chart*>& charts = *page->findChild<SimpleScaledDrawer*>()->getCharts();
     click(button(page, "btnStart"));
-    processUntil([page] { return page->fetched() >= SamplesToStop; });
+    processUntil([page] { return page->fetched() >= SamplesToStop; }, RunWithin);
     click(button(page, "btnStop"));
     const bool idle = button(page, "btnStart")->isEnabled();
     awaitCapture();

@@ -2,6 +2,7 @@
 
 #include <QAbstractSpinBox>
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QFileDialog>
 #include <QGraphicsView>
@@ -57,6 +58,17 @@ void click(QWidget* widget)
 {
     mouse(widget, QEvent::MouseButtonPress);
     mouse(widget, QEvent::MouseButtonRelease);
+}
+
+bool processUntil(const std::function<bool()>& condition, int within)
+{
+    const QDeadlineTimer deadline(within);
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
+        QApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+    return true;
 }
 
 void answerFileDialog(QWidget* context, const QString& file)

@@ -6,6 +6,8 @@
 #include <QList>
 #include <QPoint>
 
+#include <functional>
+
 class QAbstractSpinBox;
 class QGraphicsView;
 class QPointF;
@@ -27,6 +29,9 @@ void mouse(QWidget* widget, QEvent::Type what);
 void click(QWidget* widget);
 /// From one place of the scene to another.
 void drag(const QGraphicsView* view, QPointF from, QPointF to);
+
+/// Lets events come until the condition holds. False when it does not within the real time in ms.
+bool processUntil(const std::function<bool()>& condition, int within);
 
 /// Chooses the file in the dialog that the next step opens.
 void answerFileDialog(QWidget* context, const QString& file);

@@ -20,7 +20,7 @@ struct WorkbenchOptions {
     QString page;              ///< Page to open; empty: the last one.
     QString photoFile;         ///< Not empty: photograph the page into this file and end.
     std::optional<bool> theme; ///< The dark blue look; empty: the last choice.
-    int fontSize = 0;          ///< 8, 12, 16 or 20 px; 0: the last choice.
+    int fontSize = 0;          ///< 8, 12, 16 or 20 px, as by a click; 0: the last choice.
     Weather weather;
     bool silent = false; ///< The module starts silent.
 

@@ -177,6 +177,15 @@ QString toolBarSizes(const QToolBar* bar, const QFontMetrics& metrics)
         .arg(iconHeight);
 }
 
+void store(int sizeButton)
+{
+    AppSettings settings;
+    settings.beginGroup(QLatin1String(MainwindowGroup));
+    // Each switch of the look comes here, and a file that is written may take its time.
+    if (settings.value(sizeButtonKey, QString()).toString() != QString::number(sizeButton))
+        settings.setValue(sizeButtonKey, sizeButton);
+}
+
 QPixmap symbol(QPixmap pixmap, const QColor& colour)
 {
     BasicTools::setSymbolColor(&pixmap, colour, true, QColor());
@@ -300,7 +309,7 @@ QString MainAppStyle::setMainStyle(bool on, const QString& extraSheet, const QCo
         clickSizeButtonSoon();
     if (self && now != before)
         emit textColorChanged(now, before);
-    qCDebug(axrShell) << "MainAppStyle::setMainStyle()" << result << now << styleName();
+    qCDebug(axrShell) << AXR_METHOD.constData() << result << now << styleName();
     return result;
 }
 
@@ -443,11 +452,8 @@ void MainAppStyle::setFontSizeStyle()
     });
     if (!self)
         return;
-    if (m_sizeButtons) {
-        AppSettings settings;
-        settings.beginGroup(QLatin1String(MainwindowGroup));
-        settings.setValue(sizeButtonKey, m_sizeButtons->checkedId());
-    }
+    if (m_sizeButtons)
+        store(m_sizeButtons->checkedId());
     setIconsToTextColor(target());
     if (self && !sheet.isEmpty())
         emit fontSizeChanged(sheet);

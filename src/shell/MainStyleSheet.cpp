@@ -42,7 +42,7 @@ QLineEdit:disabled {border-color: palette(shadow); background: palette(highlight
 )";
 
 constexpr char comboBoxes[] =
-    R"(QComboBox {border: 2px solid palette(window-text); padding: 1px 18px 1px 3px}
+    R"(QComboBox {border: 2px solid palette(window-text); padding: 1px 3px 1px 3px}
 QComboBox:editable {background: palette(base)}
 QComboBox:!editable, QComboBox::drop-down:editable {background: rgba( 70, 70, 70, 115)}
 QComboBox:!editable:on, QComboBox::drop-down:editable:on {background: rgba(255,255,255, 115)}
@@ -134,6 +134,8 @@ QSlider::handle:horizontal:hover {padding: -4px}
 QSlider::handle:horizontal:pressed {padding: -2px}
 QSlider::add-page:horizontal {background: #001C42; margin: 5px}
 QSlider::sub-page:horizontal {background: #003D91; margin: 5px}
+QSlider::groove:horizontal {background: transparent; height: 16px}
+QSlider::handle:horizontal:disabled {background: palette(highlighted-text)}
 )";
 
 constexpr char scrollAreas[] =
@@ -210,6 +212,7 @@ constexpr char toolTips[] =
 constexpr char menuBars[] =
     R"(QMenuBar::item {border-radius: 7px; padding: 5px}
 QMenuBar::item:pressed {background: #888888}
+QMenu::item:disabled {color: #9AA9B6}
 )";
 
 constexpr char bars[] =

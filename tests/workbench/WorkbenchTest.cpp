@@ -9,6 +9,7 @@
 #include "VelocityControl.h"
 #include "WTraceController.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QPushButton>
 #include <QSpinBox>
@@ -95,6 +96,9 @@ private Q_SLOTS:
         QTest::newRow("stray word") << QStringList{"tour"};
         QTest::newRow("missing value") << QStringList{"--tour"};
         QTest::newRow("empty value") << QStringList{"--tour", ""};
+        QTest::newRow("half a theme") << QStringList{"--theme", "half"};
+        QTest::newRow("no theme") << QStringList{"--theme", ""};
+        QTest::newRow("odd font size") << QStringList{"--font-size", "13"};
         QTest::newRow("two jobs") << QStringList{"--tour", "a", "--photo", "b"};
         QTest::newRow("two others") << QStringList{"--gallery", "a", "--photo", "b"};
     }
@@ -104,6 +108,27 @@ private Q_SLOTS:
         const WorkbenchOptions options = parse(arguments);
         QCOMPARE(options.action, WorkbenchOptions::Action::Error);
         QVERIFY(!options.text.isEmpty() && !options.text.contains('\n'));
+    }
+
+    void lookIsRemembered()
+    {
+        const auto lookOf = [](const QStringList& arguments) {
+            Workbench bench(parse(arguments));
+            bench.ensurePolished();
+            return QString("%1 %2")
+                .arg(QApplication::palette().color(QPalette::Text).name())
+                .arg(bench.font().pixelSize());
+        };
+        QCOMPARE(lookOf({}), QString("#000000 12"));
+        QCOMPARE(lookOf({"--theme", "on", "--font-size", "20"}), QString("#ffffff 20"));
+        QCOMPARE(lookOf({}), QString("#000000 20")); // an option is for once, the size is a click
+        {
+            Workbench bench(parse({}));
+            bench.show();
+            User::click(User::find<QCheckBox>(&bench, "cbTheme"));
+        }
+        QCOMPARE(lookOf({}), QString("#ffffff 20"));
+        QCOMPARE(lookOf({"--theme", "off"}), QString("#000000 20"));
     }
 
     void stopKeyWorksFromAnyFocus()
