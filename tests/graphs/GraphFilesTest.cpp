@@ -74,6 +74,7 @@ private Q_SLOTS:
         const char* labels[] = {"a/b", "\\c", "ä"};
         for (int i = 0; i < 3; ++i)
             chart.add(i + 1, QString::fromUtf8(labels[i]));
+        chart.rebuild(); // or the next tick of the graph's own timer would do it
         struct Sample {
             qint64 time;
             int curve;
