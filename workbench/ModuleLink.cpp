@@ -198,6 +198,7 @@ void ModuleLink::advance(int milliseconds)
 void ModuleLink::tick()
 {
     const QPointer<ModuleLink> self(this);
+    ++m_time;
     m_wire.advance(1);
     const QVector<Command> replies = m_wire.takeReplies();
     for (const Command& reply : replies) {

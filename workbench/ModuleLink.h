@@ -53,6 +53,8 @@ public:
     int pendingReads() const;
     /// Round trips completed since the start.
     int answers() const { return m_answers; }
+    /// Milliseconds that the link has run, open or not: what a sample is dated with.
+    qint64 time() const { return m_time; }
     /// Milliseconds since the module last answered.
     qint64 silentFor() const { return m_sinceAnswer; }
 
@@ -114,6 +116,7 @@ private:
     int m_timeOuts = 0; ///< In a row.
     int m_answers = 0;
     qint64 m_sinceAnswer = 0;
+    qint64 m_time = 0;
 };
 
 #endif

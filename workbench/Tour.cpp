@@ -91,8 +91,10 @@ bool Tour::run()
     pollValues();
     watchCurves();
     capture();
+    editRegisters();
     pickColours();
     moveMarkers();
+    turnRamp();
     changeLook();
     surviveSilence();
     disconnect();

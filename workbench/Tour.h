@@ -50,9 +50,11 @@ private:
     void captureInBadWeather();
     void awaitCapture();
     bool captureIsTrue(QString* seen) const;
+    void editRegisters();
     void pickColours();
     void moveMarkers();
     void changeLook();
+    void turnRamp();
     void surviveSilence();
     void disconnect();
 

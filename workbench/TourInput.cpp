@@ -24,11 +24,16 @@ void press(QWidget* widget, int key)
 void type(QAbstractSpinBox* box, const QString& text)
 {
     box->selectAll();
+    enter(box, text);
+}
+
+void enter(QWidget* widget, const QString& text)
+{
     for (QChar c : text) {
         QKeyEvent down(QEvent::KeyPress, 0, Qt::NoModifier, c);
-        QApplication::sendEvent(box, &down);
+        QApplication::sendEvent(widget, &down);
     }
-    press(box, Qt::Key_Return);
+    press(widget, Qt::Key_Return);
 }
 
 void mouse(QWidget* widget, QEvent::Type what, QPoint at)

@@ -19,6 +19,8 @@ namespace TourInput
 {
 
 void press(QWidget* widget, int key);
+/// Types the text and ends the entry.
+void enter(QWidget* widget, const QString& text);
 /// Replaces the text of the box and ends the entry.
 void type(QAbstractSpinBox* box, const QString& text);
 void mouse(QWidget* widget, QEvent::Type what, QPoint at);

@@ -13,6 +13,8 @@
 #include "MotionPage.h"
 #include "ParametersPage.h"
 #include "PollingPage.h"
+#include "RampPage.h"
+#include "RegistersPage.h"
 #include "SharedConstants.h"
 
 #include <QAction>
@@ -34,6 +36,7 @@
 namespace
 {
 
+constexpr int NumberKeys = 10;     // 1 to 9, then 0
 constexpr int ClockInterval = 5;   // ms
 constexpr int LongestStep = 100;   // ms; after a pause the module does not race to catch up
 constexpr int PollInterval = 50;   // ms
@@ -111,9 +114,10 @@ Workbench::~Workbench()
 
 QStringList Workbench::pageNames()
 {
-    return {QStringLiteral("connection"), QStringLiteral("console"), QStringLiteral("motion"),
-            QStringLiteral("parameters"), QStringLiteral("polling"), QStringLiteral("graph"),
-            QStringLiteral("capture"),    QStringLiteral("colours"), QStringLiteral("markers")};
+    return {QStringLiteral("connection"), QStringLiteral("console"),   QStringLiteral("motion"),
+            QStringLiteral("parameters"), QStringLiteral("polling"),   QStringLiteral("graph"),
+            QStringLiteral("capture"),    QStringLiteral("registers"), QStringLiteral("colours"),
+            QStringLiteral("markers"),    QStringLiteral("ramp")};
 }
 
 void Workbench::makePages()
@@ -132,15 +136,19 @@ void Workbench::makePages()
                m_polling,
                m_graph,
                new CapturePage(m_link),
+               new RegistersPage,
                new ColoursPage,
-               new MarkersPage};
+               new MarkersPage,
+               new RampPage(m_link)};
     for (Page* page : qAsConst(m_pages)) {
         m_list->addItem(page->title());
         const int row = m_list->count() - 1;
-        const QKeySequence key(Qt::CTRL + Qt::Key_1 + row);
-        m_list->item(row)->setToolTip(key.toString(QKeySequence::NativeText));
-        connect(new QShortcut(key, this), &QShortcut::activated, this,
-                [this, row] { m_list->setCurrentRow(row); });
+        if (row < NumberKeys) {
+            const QKeySequence key(Qt::CTRL + (row + 1 < NumberKeys ? Qt::Key_1 + row : Qt::Key_0));
+            m_list->item(row)->setToolTip(key.toString(QKeySequence::NativeText));
+            connect(new QShortcut(key, this), &QShortcut::activated, this,
+                    [this, row] { m_list->setCurrentRow(row); });
+        }
         m_stack->addWidget(page);
         connect(page, &Page::command, &m_link, &ModuleLink::command);
         connect(page, &Page::read, &m_link, &ModuleLink::read);

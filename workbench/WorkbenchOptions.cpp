@@ -105,6 +105,8 @@ WorkbenchOptions WorkbenchOptions::parse(const QStringList& arguments, const QSt
     const QCommandLineOption version = parser.addVersionOption();
     parser.addOptions({
         option("tour", "Run the tour, write pictures and report.txt into DIR, and end.", "DIR"),
+        option("gallery", "Write pictures of every widget and index.html into DIR, and end.",
+               "DIR"),
         option("page", "Open the page NAME.", "NAME"),
         option("photo", "Photograph the page into FILE, and end.", "FILE"),
         option("theme", "Switch the dark blue look on or off.", "on|off"),
@@ -125,14 +127,17 @@ WorkbenchOptions WorkbenchOptions::parse(const QStringList& arguments, const QSt
                             .arg(parser.positionalArguments().constFirst()));
 
     options.tourFolder = reader.value(QStringLiteral("tour"));
+    options.galleryFolder = reader.value(QStringLiteral("gallery"));
     options.photoFile = reader.value(QStringLiteral("photo"));
     options.page = reader.value(QStringLiteral("page"));
     options.silent = parser.isSet(QStringLiteral("silent"));
     if (!options.page.isEmpty() && !pages.contains(options.page))
         reader.complain(QStringLiteral("there is no page \"%1\"; there are: %2")
                             .arg(options.page, pages.join(QStringLiteral(", "))));
-    if (!options.tourFolder.isEmpty() && !options.photoFile.isEmpty())
-        reader.complain(QStringLiteral("--tour and --photo do not go together"));
+    if (!options.tourFolder.isEmpty() + !options.photoFile.isEmpty() +
+            !options.galleryFolder.isEmpty() >
+        1)
+        reader.complain(QStringLiteral("--tour, --photo and --gallery do not go together"));
 
     const QString theme =
         reader.choice(QStringLiteral("theme"), {QStringLiteral("on"), QStringLiteral("off")});

@@ -16,6 +16,7 @@ struct WorkbenchOptions {
     QString text; ///< The help, the version or the one line that says what is wrong.
 
     QString tourFolder;        ///< Not empty: run the tour and write its pictures and report there.
+    QString galleryFolder;     ///< Not empty: write the gallery there and end.
     QString page;              ///< Page to open; empty: the last one.
     QString photoFile;         ///< Not empty: photograph the page into this file and end.
     std::optional<bool> theme; ///< The dark blue look; empty: the last choice.
@@ -24,7 +25,10 @@ struct WorkbenchOptions {
     bool silent = false; ///< The module starts silent.
 
     /// True when nobody sits in front of it: no settings are kept and no display is needed.
-    bool unattended() const { return !tourFolder.isEmpty() || !photoFile.isEmpty(); }
+    bool unattended() const
+    {
+        return !tourFolder.isEmpty() || !photoFile.isEmpty() || !galleryFolder.isEmpty();
+    }
 
     /// \param arguments with the program's name first
     /// \param pages names that --page takes

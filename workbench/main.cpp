@@ -1,3 +1,4 @@
+#include "Gallery.h"
 #include "Tour.h"
 #include "Workbench.h"
 
@@ -57,7 +58,8 @@ int main(int argc, char* argv[])
     if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
         qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         if (!options.unattended())
-            return failure(QStringLiteral("there is no display; --tour and --photo need none"));
+            return failure(
+                QStringLiteral("there is no display; --tour, --photo and --gallery need none"));
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
 
@@ -68,6 +70,11 @@ int main(int argc, char* argv[])
         // what the user has stored neither changes the pictures nor is changed
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
     }
+    if (!options.galleryFolder.isEmpty())
+        return Gallery(options.galleryFolder).write()
+                   ? EXIT_SUCCESS
+                   : failure(QStringLiteral("cannot write the gallery into \"%1\"")
+                                 .arg(options.galleryFolder));
     Workbench bench(options);
     if (!options.tourFolder.isEmpty())
         return Tour(bench, options.tourFolder).run() ? EXIT_SUCCESS : EXIT_FAILURE;

@@ -57,15 +57,22 @@ void ChartSelector::onLWAvailableClicked(int x, int y)
 
 void ChartSelector::click(QTableWidget* table, int row, int column, QTableWidget* other)
 {
+    if (row < 0 || row >= table->rowCount())
+        return;
     if (column <= SelectionRow::Name) {
         SelectionTable::move(table, row, other);
         return;
     }
-    const QPointer<ChartSelector> self(this);
-    const QColor color = QColorDialog::getColor(SelectionTable::color(*table, row), this);
-    if (!self)
+    // getColor() keeps its dialog on the stack, where a parent that is deleted meanwhile would
+    // delete it, too
+    const QPointer<QColorDialog> dialog(new QColorDialog(SelectionTable::color(*table, row), this));
+    const QPersistentModelIndex cell(table->model()->index(row, SelectionRow::Color));
+    dialog->exec();
+    if (!dialog)
         return;
-    if (color.isValid() && row < table->rowCount())
-        SelectionTable::setColor(table, row, color);
+    const QColor color = dialog->selectedColor();
+    delete dialog;
+    if (color.isValid() && cell.isValid())
+        SelectionTable::setColor(table, cell.row(), color);
     table->clearSelection();
 }

@@ -21,6 +21,8 @@ struct DrawerRange;
 /// bar wants it, not when a sample comes.
 ///
 /// addTraceValue() may be called from any thread at any time, all else from the GUI's thread only.
+/// The signals come from within a paint: a host must neither delete the area nor run an event loop
+/// in there.
 class AXRGUI_EXPORT DrawerArea : public QWidget
 {
     Q_OBJECT

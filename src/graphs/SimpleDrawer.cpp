@@ -1,6 +1,7 @@
 #include "SimpleDrawer.h"
 
 #include "DrawerArea.h"
+#include "Numbers.h"
 
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -19,4 +20,4 @@ SimpleDrawer::SimpleDrawer(QWidget* parent) : DrawerPanel(parent)
     setChartSize(1000);
 }
 
-void SimpleDrawer::setChartSize(int size) { setSizes(size, size - 1); }
+void SimpleDrawer::setChartSize(int size) { setSizes(size, toInt(qint64(size) - 1)); }

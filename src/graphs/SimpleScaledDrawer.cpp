@@ -31,7 +31,7 @@ SimpleScaledDrawer::SimpleScaledDrawer(QWidget* parent)
 
 SimpleScaledDrawer::~SimpleScaledDrawer() { removeAllCharts(); }
 
-void SimpleScaledDrawer::setChartSize(int size) { setSizes(size, qMax(0, size - 1)); }
+void SimpleScaledDrawer::setChartSize(int size) { setSizes(size, qMax(1, size) - 1); }
 
 void SimpleScaledDrawer::removeChart(char address, char motorBank, char command, char type)
 {
@@ -70,6 +70,7 @@ void SimpleScaledDrawer::mousePressEvent(QMouseEvent* event)
     }
     const QPointer<SimpleScaledDrawer> self(this);
     ChartSelector dialog(this, m_ui->drawer, &m_traceableParameters);
+    connect(this, &QObject::destroyed, &dialog, &QDialog::reject); // it chooses what is ours
     const int result = dialog.exec();
     if (!self)
         return;

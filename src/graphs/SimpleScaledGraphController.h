@@ -16,8 +16,10 @@ class SimpleScaledGraphController;
 /// only asks.
 ///
 /// The bounds are -2147483647..2147483647, 0..4000 at the start, in the unit of the values shown.
-/// They never cross: the present maximum limits the minimum, and the other way round. A host may
-/// delete the panel inside any of its signals.
+/// They never cross: the present maximum limits the minimum, and the other way round.
+///
+/// A host may delete the panel inside its signals, except those of the bounds, which come from
+/// within the boxes that the user edits: use deleteLater() there.
 class AXRGUI_EXPORT SimpleScaledGraphController : public QWidget
 {
     Q_OBJECT

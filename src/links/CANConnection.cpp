@@ -1,12 +1,14 @@
 #include "CANConnection.h"
 
 #include "LinkButtons_p.h"
+#include "RoomForText_p.h"
 #include "ui_CANConnection.h"
 
 CANConnection::CANConnection(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::CANConnection>())
 {
     m_ui->setupUi(this);
+    new RoomForText(this);
 }
 
 CANConnection::~CANConnection() = default;

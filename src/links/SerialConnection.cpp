@@ -3,6 +3,7 @@
 #include "CondensedText_p.h"
 #include "DeviceList_p.h"
 #include "Logging.h"
+#include "RoomForText_p.h"
 #include "ui_SerialConnection.h"
 
 SerialConnection::SerialConnection(QWidget* parent)
@@ -51,6 +52,7 @@ void SerialConnection::on_btnDisconnect_clicked()
 void SerialConnection::init()
 {
     m_ui->setupUi(this);
+    new RoomForText(this);
     for (QLabel* label : {m_ui->lblPort, m_ui->lblBaudrate, m_ui->lblAddress})
         condenseText(label);
 }

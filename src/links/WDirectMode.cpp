@@ -1,12 +1,15 @@
 #include "WDirectMode.h"
 
 #include "Instruction.h"
+#include "RoomForText_p.h"
 #include "ui_WDirectMode.h"
 
 WDirectMode::WDirectMode(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::WDirectMode>())
 {
     m_ui->setupUi(this);
+    new RoomForText(this);
+    new RoomForText(m_ui->btnSend);
     for (const InstructionName& entry : InstructionNames) {
         const int number = static_cast<int>(entry.instruction);
         m_ui->cbCommand->addItem(

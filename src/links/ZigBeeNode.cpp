@@ -1,6 +1,7 @@
 #include "ZigBeeNode.h"
 
 #include "Bytes.h"
+#include "RoomForText_p.h"
 #include "ui_ZigBeeNode.h"
 
 #include <array>
@@ -16,7 +17,11 @@ std::array<QSpinBox*, 4> fields(const Ui::ZigBeeNode& form)
 
 } // namespace
 
-ZigBeeNode::ZigBeeNode() : m_ui(std::make_unique<Ui::ZigBeeNode>()) { m_ui->setupUi(this); }
+ZigBeeNode::ZigBeeNode() : m_ui(std::make_unique<Ui::ZigBeeNode>())
+{
+    m_ui->setupUi(this);
+    new RoomForText(this);
+}
 
 ZigBeeNode::ZigBeeNode(const char* bytes) : ZigBeeNode()
 {

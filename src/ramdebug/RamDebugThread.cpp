@@ -8,8 +8,7 @@
 #include "MethodName.h"
 #include "SimpleScaledDrawer.h"
 
-#include <QDeadlineTimer>
-#include <QMutexLocker>
+#include <chrono>
 
 namespace
 {
@@ -76,14 +75,14 @@ RamDebugThread::~RamDebugThread()
 template <class T>
 void RamDebugThread::set(T Settings::*setting, T value)
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_settings.*setting = value;
 }
 
 template <class T>
 T RamDebugThread::get(T Settings::*setting) const
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     return m_settings.*setting;
 }
 
@@ -167,7 +166,7 @@ char RamDebugThread::getActualPositionType() const { return get(&Settings::actua
 void RamDebugThread::setMeasurementConstraints(int from, int to, int delay)
 {
     qCDebug(axrRamDebug) << AXR_METHOD.constData() << "from:" << from << "delay:" << delay;
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_settings.targetFrom = from;
     m_settings.targetTo = to;
     m_settings.measureDelay = delay;
@@ -177,14 +176,14 @@ void RamDebugThread::stop() { m_running = false; }
 
 void RamDebugThread::abort()
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_abort = true;
-    m_wake.wakeAll();
+    m_wake.notify_all();
 }
 
 void RamDebugThread::leaveDrawer()
 {
-    const QMutexLocker locker(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_drawer = nullptr;
 }
 
@@ -203,7 +202,7 @@ void RamDebugThread::run()
     Command reply;
     m_reply = &reply;
     {
-        const QMutexLocker locker(&m_mutex);
+        const std::lock_guard<std::mutex> lock(m_mutex);
         m_now = m_settings;
         m_now.address = getAddress();
         m_now.motorBank = getMotorBank();
@@ -328,7 +327,7 @@ void RamDebugThread::fetch(int elements, int items)
                 continue;
             }
             const int type = sampleType(item);
-            const QMutexLocker locker(&m_mutex);
+            const std::lock_guard<std::mutex> lock(m_mutex);
             if (m_drawer && type != NotShown)
                 m_drawer->requestedTraceValue(m_now.address, byteOf(Instruction::GAP), toByte(type),
                                               m_now.motorBank, sample.getValue());
@@ -361,8 +360,7 @@ int RamDebugThread::sampleType(int item) const
 /// Ends early when the run is aborted.
 void RamDebugThread::pause(unsigned long milliseconds)
 {
-    QMutexLocker locker(&m_mutex);
-    const QDeadlineTimer until(static_cast<qint64>(milliseconds));
-    while (!m_abort && m_wake.wait(&m_mutex, until)) {
-    }
+    std::unique_lock<std::mutex> lock(m_mutex);
+    m_wake.wait_for(lock, std::chrono::milliseconds(milliseconds),
+                    [this] { return bool(m_abort); });
 }

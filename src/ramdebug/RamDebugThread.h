@@ -4,9 +4,9 @@
 #include "AXRGuiExport.h"
 #include "MotorController.h"
 
-#include <QMutex>
 #include <QThread>
-#include <QWaitCondition>
+#include <condition_variable>
+#include <mutex>
 
 #include <atomic>
 
@@ -135,13 +135,14 @@ private:
 
     // For the panel, which may be destroyed while a request is with its host.
     void leaveDrawer();
-    void take() { m_untaken = nullptr; }
+    void take() { m_untaken.exchange(nullptr); }
+    void giveBack() { m_untaken = nullptr; } // what was answered is written before this
     bool isFinishing() const { return m_finishing; }
     /// A stop() counts from now on, also before the run begins. Not during a run.
     void prepare();
 
-    mutable QMutex m_mutex; // guards what the owner's thread sets: settings and drawer
-    QWaitCondition m_wake;
+    mutable std::mutex m_mutex; // guards what the owner's thread sets: settings and drawer
+    std::condition_variable m_wake;
     Settings m_settings;
     SimpleScaledDrawer* m_drawer;
     Settings m_now;             // those of the run

@@ -416,10 +416,12 @@ void WRamDebug::ramDebugThreadReady()
 
 void WRamDebug::forwardDoDirectRequest(Command* request, Command* reply)
 {
-    m_thread->take();
+    RamDebugThread* thread = m_thread.get(); // waits for the end of this slot, whatever happens
+    thread->take();
     const QPointer<WRamDebug> self(this);
     ++m_forwarding;
     ask(request, reply);
+    thread->giveBack();
     if (self)
         --m_forwarding;
 }

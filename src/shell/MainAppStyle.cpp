@@ -328,8 +328,11 @@ void MainAppStyle::clickSizeButtonSoon()
 QString MainAppStyle::setMainStyleSheet(QWidget* widget)
 {
     qCDebug(axrShell) << AXR_METHOD.constData() << widget;
-    if (widget)
+    if (widget) {
+        // What is below a window that was not polished yet would not hear of its next sheet.
+        widget->ensurePolished();
         widget->setStyleSheet(windowSheet());
+    }
     return QStringLiteral("qml/");
 }
 

@@ -10,6 +10,7 @@
 #include "User.h"
 
 #include <QAbstractButton>
+#include <QColorDialog>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QTableWidget>
@@ -253,7 +254,7 @@ private Q_SLOTS:
             drawer.handleChangedChartWidth(row.width);
             QCOMPARE(state(), QString(row.state));
         }
-        for (int size : {1, 0}) {
+        for (int size : {1, 0, -IntMax - 1}) {
             drawer.setChartSize(size);
             QCOMPARE(state(), QString("0..0 0"));
         }
@@ -266,8 +267,10 @@ private Q_SLOTS:
         QCOMPARE(state(), QString("%1..%1 %1").arg(columns));
 
         SimpleDrawer plain;
-        plain.setChartSize(0);
         bar = User::find<QScrollBar>(&plain, "scrollBar");
+        plain.setChartSize(-IntMax - 1);
+        QCOMPARE(bar->maximum(), -IntMax - 1);
+        plain.setChartSize(0);
         QCOMPARE(bar->maximum(), -1);
     }
 
@@ -394,6 +397,54 @@ private Q_SLOTS:
         drawer.removeChart(static_cast<char>(200), 2, 6, 1); // dies
         QCOMPARE(*drawer.getCharts(), QList<Chart*>({&chart}));
         QCOMPARE(chart.getValues().size(), 1);
+    }
+
+    void selectionOfADrawerThatDies()
+    {
+        QPointer<SimpleScaledDrawer> drawer(new SimpleScaledDrawer);
+        drawer->setChartSelectorEnabled(true);
+        bool isClosed = false;
+        QTimer::singleShot(0, [&] {
+            const QPointer<QWidget> dialog(QApplication::activeModalWidget());
+            QVERIFY(QTest::qWaitForWindowExposed(dialog));
+            delete drawer;
+            isClosed = !dialog->isVisible();
+            if (!isClosed)
+                dialog->close();
+        });
+        QTest::mousePress(User::find<DrawerArea>(drawer, "drawer"), Qt::RightButton);
+        QVERIFY(!drawer && isClosed);
+    }
+
+    void colors()
+    {
+        TraceCommand position(1, 6, 1, 2, "position");
+        QList<TraceCommand*> offered{&position};
+        const QPointer<ChartSelector> selector(new ChartSelector(nullptr, nullptr, &offered));
+        auto* available = User::find<QTableWidget>(selector, "twAvailable");
+        QPointer<QColorDialog> dialog;
+        const auto colorAfter = [&](auto answer) {
+            QTimer::singleShot(0, [&] {
+                dialog = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
+                if (dialog && QTest::qWaitForWindowExposed(dialog))
+                    answer();
+            });
+            emit available->cellClicked(0, 4);
+            return selector ? available->item(0, 3)->background().color() : QColor();
+        };
+        const auto choose = [&](const QColor& color, QDialog::DialogCode code) {
+            return colorAfter([&, color, code] {
+                dialog->setCurrentColor(color);
+                code == QDialog::Accepted ? dialog->accept() : dialog->reject();
+            });
+        };
+        QCOMPARE(choose(Qt::blue, QDialog::Rejected), QColor(Qt::lightGray));
+        QCOMPARE(choose(Qt::green, QDialog::Accepted), QColor(Qt::green));
+        QVERIFY(!dialog && available->selectedItems().isEmpty());
+        emit available->cellClicked(1, 0); // no such row
+        QCOMPARE(selector->getSelectionTable()->rowCount(), 0);
+        colorAfter([&] { delete selector; }); // and its dialog
+        QVERIFY(!selector && !dialog);
     }
 };
 

@@ -149,6 +149,21 @@ private Q_SLOTS:
         QCOMPARE(sizes.join(" "), QString("198x106 198x173 198x160 285x106 256x106"));
     }
 
+    void largeFontsAreNotCutOff()
+    {
+        QWidget window;
+        auto* panel = new EthernetConnection(&window);
+        auto* button = User::find<QPushButton>(panel, "btnDisconnect");
+        window.show();
+        for (const bool large : {false, true, false}) {
+            window.setStyleSheet(large ? "QWidget {font-size: 24px}" : "QWidget {font-size: 12px}");
+            QTRY_COMPARE(panel->maximumWidth() > 285 && panel->maximumHeight() > 106, large);
+            QTRY_COMPARE(button->maximumWidth() > 65, large);
+            QVERIFY(!large || button->maximumWidth() >= button->sizeHint().width());
+        }
+        QCOMPARE(panel->maximumSize(), QSize(285, 106));
+    }
+
     void hostMayDeleteThePanelInsideItsSignals()
     {
         QPointer<QWidget> connection = new Connection;

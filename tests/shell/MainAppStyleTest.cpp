@@ -351,6 +351,19 @@ private Q_SLOTS:
         QCOMPARE(edit->palette().color(QPalette::Active, QPalette::Text), QColor(Qt::white));
     }
 
+    void windowThatWasNotShownHearsOfEachSheet()
+    {
+        QWidget window;
+        auto* button = new QPushButton(QStringLiteral("button"), &window);
+        button->ensurePolished();
+        MainAppStyle style(&window);
+        style.setMainStyle(false);
+        const QSize size = button->sizeHint();
+        window.show();
+        style.setMainStyle(false);
+        QCOMPARE(size, button->sizeHint());
+    }
+
     void thousandSwitches()
     {
         const Look before;

@@ -1,13 +1,13 @@
 #include "TestCase.h"
 
-#include <QMutex>
 #include <QSettings>
+#include <mutex>
 
 namespace
 {
 
 // The message handler is a plain function that any thread may enter.
-QMutex mutex;
+std::mutex mutex;
 QtMessageHandler qtTestHandler = nullptr;
 QStringList debugMessages;
 QStringList unexpected;
@@ -25,13 +25,13 @@ TestCase::~TestCase() = default;
 
 void TestCase::expectWarning(const QString& pattern)
 {
-    QMutexLocker lock(&mutex);
+    const std::lock_guard<std::mutex> lock(mutex);
     expected << QRegularExpression(pattern);
 }
 
 QStringList TestCase::debugLines() const
 {
-    QMutexLocker lock(&mutex);
+    const std::lock_guard<std::mutex> lock(mutex);
     return debugMessages;
 }
 
@@ -55,7 +55,7 @@ void TestCase::cleanup()
 
 void TestCase::handle(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
-    QMutexLocker lock(&mutex);
+    std::unique_lock<std::mutex> lock(mutex);
     if (type == QtDebugMsg) {
         debugMessages << text;
         return; // thousands of them would hide the report

@@ -100,6 +100,7 @@ private Q_SLOTS:
         QTest::newRow("no theme") << QStringList{"--theme", ""};
         QTest::newRow("odd font size") << QStringList{"--font-size", "13"};
         QTest::newRow("two jobs") << QStringList{"--tour", "a", "--photo", "b"};
+        QTest::newRow("two others") << QStringList{"--gallery", "a", "--photo", "b"};
     }
     void badCommandLine()
     {

@@ -22,30 +22,30 @@ void Global::addSelf(QObject* object)
 {
     if (!object)
         return;
-    QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_objects.insert(object->objectName(), object);
 }
 
 QObject* Global::getSelf(const QString& name) const
 {
-    QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     return m_objects.value(name);
 }
 
 void Global::registerThread(unsigned int threadId, const QString& name)
 {
-    QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_threads.insert(threadId, {name, QDateTime::currentDateTime()});
 }
 
 void Global::unregisterThread(unsigned int threadId)
 {
-    QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_threads.remove(threadId);
 }
 
 QMap<unsigned int, Global::ThreadInfo> Global::registeredThreads() const
 {
-    QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     return m_threads;
 }

@@ -5,10 +5,10 @@
 
 #include <QDateTime>
 #include <QMap>
-#include <QMutex>
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <mutex>
 
 /// Process-wide registry of singletons and worker threads. The one object is made on first use,
 /// belongs to the application's thread and lives as long as the process.
@@ -45,7 +45,7 @@ private:
     Global();
     ~Global() override;
 
-    mutable QMutex m_mutex;
+    mutable std::mutex m_mutex;
     QMap<QString, QPointer<QObject>> m_objects;
     QMap<unsigned int, ThreadInfo> m_threads;
 };

@@ -1,0 +1,153 @@
+#include "Gallery.h"
+
+#include "GalleryWidgets.h"
+#include "MainAppStyle.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QSaveFile>
+#include <QTextStream>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace
+{
+
+const QColor themeBackground(0x00, 0x4D, 0xB9);
+
+/// One way in which everything is photographed.
+struct Look {
+    bool isThemed;
+    bool isEnabled;
+
+    QString name() const
+    {
+        return QStringLiteral("%1, %2").arg(isThemed ? "theme" : "desktop",
+                                            isEnabled ? "enabled" : "disabled");
+    }
+    QString fileName(const QString& widget, int size) const
+    {
+        return QStringLiteral("%1-%2-%3-%4.png")
+            .arg(widget.section(QLatin1Char(','), 0, 0), isThemed ? "theme" : "desktop",
+                 isEnabled ? "enabled" : "disabled")
+            .arg(size);
+    }
+};
+
+constexpr Look looks[] = {{false, true}, {false, false}, {true, true}, {true, false}};
+
+/// The window of a host, in which one widget at a time stands.
+class Stage : public QWidget
+{
+public:
+    Stage() : m_style(this)
+    {
+        setAutoFillBackground(true);
+        m_layout = new QVBoxLayout(this);
+        m_layout->setSizeConstraint(QLayout::SetNoConstraint); // photograph() sees to the size
+        QWidget* sizes = m_style.setFontSize(this);
+        m_sizes = sizes->findChildren<QToolButton*>(QStringLiteral("sizeBtn"));
+        sizes->hide();
+        setAttribute(Qt::WA_DontShowOnScreen);
+    }
+
+    int sizes() const { return m_sizes.size(); }
+    void dress(bool isThemed, int size)
+    {
+        m_style.setMainStyle(isThemed, QString(), themeBackground);
+        m_sizes.at(size)->click();
+    }
+    /// Takes the widget; the one before goes.
+    void setWidget(QWidget* widget)
+    {
+        delete m_widget;
+        m_widget = widget;
+        widget->setWindowFlags(Qt::Widget);
+        m_wanted = widget->testAttribute(Qt::WA_Resized) ? widget->size() : QSize(0, 0);
+        m_layout->addWidget(widget);
+        widget->show();
+        MainAppStyle::setIconsToTextColor(widget);
+    }
+    QPixmap photograph(bool isEnabled, void (*prepare)(QWidget*))
+    {
+        m_widget->setEnabled(isEnabled);
+        show();
+        QApplication::processEvents(); // sizes follow the fonts
+        m_layout->invalidate();
+        const QMargins margins = m_layout->contentsMargins();
+        resize(m_layout->totalSizeHint().expandedTo(m_wanted.grownBy(margins)));
+        QApplication::processEvents();
+        if (prepare)
+            prepare(m_widget);
+        return grab();
+    }
+    void clear()
+    {
+        delete m_widget;
+        m_widget = nullptr;
+    }
+
+private:
+    MainAppStyle m_style;
+    QVBoxLayout* m_layout;
+    QList<QToolButton*> m_sizes;
+    QWidget* m_widget = nullptr;
+    QSize m_wanted;
+};
+
+QString page(const QList<GalleryWidget>& widgets, int sizes)
+{
+    QString html;
+    QTextStream out(&html);
+    out << "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\"><title>AXRGui widgets</title>\n"
+           "<style>body{font-family:sans-serif} td{vertical-align:top;padding:6px} "
+           "img{border:1px solid #ccc}</style></head><body>\n<h1>AXRGui widgets</h1>\n<p>";
+    for (const GalleryWidget& widget : widgets)
+        out << "<a href=\"#" << widget.name << "\">" << widget.name << "</a>\n";
+    out << "</p>\n";
+    for (const GalleryWidget& widget : widgets) {
+        out << "<h2 id=\"" << widget.name << "\">" << widget.name << "</h2>\n<table>\n";
+        for (const Look& look : looks) {
+            out << "<tr><th>" << look.name() << "</th>";
+            for (int size = 0; size < sizes; ++size)
+                out << "<td><img src=\"" << look.fileName(QString::fromLatin1(widget.name), size)
+                    << "\"></td>";
+            out << "</tr>\n";
+        }
+        out << "</table>\n";
+    }
+    out << "</body></html>\n";
+    return html;
+}
+
+} // namespace
+
+bool Gallery::write() const
+{
+    if (!QDir().mkpath(m_folder))
+        return false;
+    const QDir folder(m_folder);
+    const QList<GalleryWidget>& widgets = galleryWidgets();
+    Stage stage;
+    bool isFine = true;
+    for (bool isThemed : {false, true}) {
+        for (int size = 0; size < stage.sizes(); ++size) {
+            stage.dress(isThemed, size);
+            for (const GalleryWidget& widget : widgets) {
+                stage.setWidget(widget.make());
+                for (const Look& look : looks) {
+                    if (look.isThemed == isThemed)
+                        isFine = stage.photograph(look.isEnabled, widget.prepare)
+                                     .save(folder.filePath(look.fileName(
+                                               QString::fromLatin1(widget.name), size)),
+                                           "PNG") &&
+                                 isFine;
+                }
+            }
+            stage.clear();
+        }
+    }
+    QSaveFile index(folder.filePath(QStringLiteral("index.html")));
+    return index.open(QIODevice::WriteOnly) &&
+           index.write(page(widgets, stage.sizes()).toUtf8()) > 0 && index.commit() && isFine;
+}

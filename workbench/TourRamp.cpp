@@ -1,0 +1,109 @@
+// The steps of the tour on the page of the trapezoid ramp.
+
+#include "BasicTools.h"
+#include "ParameterTable.h"
+#include "RampCurve.h"
+#include "RampPage.h"
+#include "SpinBox.h"
+#include "Tour.h"
+#include "TourInput.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+
+using namespace TourInput;
+namespace Number = AxisParameterNumber;
+
+namespace
+{
+
+constexpr double Distance = 60000;         // steps
+constexpr double Ms = 131072.0 / 16000000; // of a unit of velocity at a unit of acceleration, in s
+constexpr double MovesWithin = 5000;       // ms
+
+QString shown(double number) { return BasicTools::intInsertDot(number, 1); }
+
+} // namespace
+
+void Tour::turnRamp()
+{
+    const struct {
+        const char* box;
+        double value;
+    } entries[] = {{"sbVStart", 500},      {"sbA1", 2500},           {"sbV1", 40000},
+                   {"sbMaxPosVel", 80000}, {"sbAcceleration", 1800}, {"sbDeceleration", 1600},
+                   {"sbD1", 2400},         {"sbVStop", 600},         {"sbDistance", Distance}};
+    m_bench.showPage(QStringLiteral("ramp"));
+    const auto* page = m_bench.findChild<RampPage*>();
+    pass(Settle);
+    for (const auto& entry : entries)
+        type(find<SpinBox>(QString::fromLatin1(entry.box), page), QString::number(entry.value));
+
+    const auto steps = [](double upper, double lower, double a) {
+        return (upper * upper - lower * lower) / a / 256;
+    };
+    const double changes = 39500 / 2500.0 + 40000 / 1800.0 + 40000 / 1600.0 + 39400 / 2400.0;
+    const double onRamps = steps(40000, 500, 2500) + steps(80000, 40000, 1800) +
+                           steps(80000, 40000, 1600) + steps(40000, 600, 2400);
+    expectText(
+        QStringLiteral("type a ramp of eight parameters: its time and length"),
+        [page] { return page->result(); },
+        QStringLiteral("<htm><b>Time from VSTART to VSTOP: <></b>  %1 + %2 ms (%3 steps)</html>")
+            .arg(shown(changes * Ms * 1000), shown((Distance - onRamps) / 80000 * 1000),
+                 shown(Distance)),
+        0);
+
+    const SimulatedAxis& axis = m_bench.link().module().axis(0);
+    const int start = axis.read(Number::ActualPosition);
+    double peak = 0;
+    double firstTurning = 0;
+    double lastTurning = 0;
+    click(find<QPushButton>(QStringLiteral("btnRampMove"), page));
+    const bool isTaken = page->move().state() != RampMove::State::Idle;
+    for (int time = 1; time < MovesWithin && page->move().state() != RampMove::State::Idle;
+         ++time) {
+        m_bench.advance(1);
+        QApplication::processEvents();
+        peak = qMax(peak, axis.velocity());
+        if (axis.velocity() == 0)
+            continue;
+        lastTurning = time;
+        if (firstTurning == 0)
+            firstTurning = time;
+    }
+    check(QStringLiteral("move axis 0 on it: the values that the axis took"),
+          QStringLiteral("1118 rpm, 3070 rpm/s, 60000 steps"),
+          QStringLiteral("%1 rpm, %2 rpm/s, %3 steps")
+              .arg(axis.read(Number::MaxVelocity))
+              .arg(axis.read(Number::Acceleration))
+              .arg(axis.read(Number::ActualPosition) - start),
+          isTaken && axis.read(Number::MaxVelocity) == 1118 &&
+              axis.read(Number::Acceleration) == 3070 &&
+              axis.read(Number::ActualPosition) - start == int(Distance));
+    expectNumber(
+        QStringLiteral("... peak of the drawn ramp, as the axis turned [rpm]"),
+        [page] { return page->move().peak(); }, peak, 0.6, 0);
+    expectNumber(
+        QStringLiteral("... its duration, as the axis turned [ms]"),
+        [page] { return page->move().duration(); }, lastTurning - firstTurning + 1, 3, 0);
+    check(QStringLiteral("... its peak and duration beside the calculation"),
+          QStringLiteral("80000 units are 1118 rpm; longer, for it starts at rest"),
+          find<QLabel>(QStringLiteral("lblTurned"), page)->text(),
+          std::abs(page->move().peak() - 1118) < 1 &&
+              page->move().duration() > changes * Ms * 1000 + (Distance - onRamps) / 80);
+
+    auto* curve = find<RampCurve>(QStringLiteral("rampCurve"), page);
+    const QPointF top =
+        curve->geometry().at({page->move().duration() / 2, 80000}); // where it is constant
+    const QImage picture = curve->grab().toImage();
+    QColor line;
+    for (int dy : {-1, 0, 1}) { // the line's edges are antialiased
+        const QColor pixel = picture.pixelColor(top.toPoint() + QPoint(0, dy));
+        if (!line.isValid() || pixel.red() - pixel.blue() > line.red() - line.blue())
+            line = pixel;
+    }
+    check(QStringLiteral("... it is drawn over the calculated one"),
+          QStringLiteral("red as #ff6347"), line.name(), line.red() > 200 && line.blue() < 160);
+    photograph(QStringLiteral("ramp"));
+}
