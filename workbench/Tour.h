@@ -53,8 +53,8 @@ private:
     void editRegisters();
     void pickColours();
     void moveMarkers();
-    void changeLook();
     void turnRamp();
+    void changeLook();
     void surviveSilence();
     void disconnect();
 
