@@ -4,7 +4,6 @@
 #include "CANConnection.h"
 #include "Connection.h"
 #include "EthernetConnection.h"
-#include "Fitting.h"
 #include "ModuleLink.h"
 #include "SerialConnection.h"
 #include "ZigBeeNode.h"
@@ -91,10 +90,6 @@ ConnectionPage::ConnectionPage(ModuleLink& link)
 
 QWidget* ConnectionPage::makePanels()
 {
-    for (QWidget* panel : {static_cast<QWidget*>(m_connection), static_cast<QWidget*>(m_serial),
-                           static_cast<QWidget*>(m_can), static_cast<QWidget*>(m_ethernet),
-                           static_cast<QWidget*>(m_zigBee)})
-        Fitting::letGrow(panel);
     auto* box = new QWidget;
     auto* grid = new QGridLayout(box);
     grid->setContentsMargins(0, 0, 0, 0);

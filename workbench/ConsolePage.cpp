@@ -2,7 +2,6 @@
 
 #include "Command.h"
 #include "CommandText.h"
-#include "Fitting.h"
 #include "Instruction.h"
 #include "WDirectMode.h"
 
@@ -41,7 +40,6 @@ ConsolePage::ConsolePage()
     layout->addWidget(m_log, 1);
 
     connect(clear, &QPushButton::clicked, m_log, &QPlainTextEdit::clear);
-    Fitting::letGrow(m_console);
     connect(m_console, &WDirectMode::doRequest, this,
             [this](char address, char instruction, char type, char motorBank, int value) {
                 emit command(Command(address, instruction, type, motorBank, value));

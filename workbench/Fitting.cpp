@@ -1,8 +1,6 @@
 #include "Fitting.h"
 
 #include <QEvent>
-#include <QLabel>
-#include <QPushButton>
 #include <QScrollArea>
 #include <QTableView>
 #include <QTimer>
@@ -48,16 +46,6 @@ private:
 };
 
 } // namespace
-
-void Fitting::letGrow(QWidget* panel)
-{
-    const QSize any(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-    panel->setMaximumSize(any);
-    for (QLabel* label : panel->findChildren<QLabel*>())
-        label->setMaximumSize(any);
-    for (QPushButton* button : panel->findChildren<QPushButton*>())
-        button->setMaximumSize(any);
-}
 
 QWidget* Fitting::scrolled(QWidget* content)
 {

@@ -10,9 +10,6 @@ class QWidget;
 namespace Fitting
 {
 
-/// Takes the largest sizes off a panel and its texts, which it has for the usual font only.
-void letGrow(QWidget* panel);
-
 /// The content in a scroll area that scrolls rather than squeezes it, so that no digit of a value
 /// is ever cut off.
 QWidget* scrolled(QWidget* content);
