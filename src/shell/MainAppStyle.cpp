@@ -420,12 +420,15 @@ QWidget* MainAppStyle::setFontSize(QWidget* parent)
         m_sizeButtons->addButton(button, m_sizeButtons->buttons().size());
         row->addWidget(button);
     }
-    setObjectName(QStringLiteral("setFontSize"));
     AppSettings settings;
     settings.beginGroup(QLatin1String(MainwindowGroup));
     const int stored = settings.value(sizeButtonKey, DefaultSizeButton).toInt();
+    const QPointer<MainAppStyle> self(this);
+    const QPointer<QWidget> made(frame);
     m_sizeButtons->button(qBound(0, stored, m_sizeButtons->buttons().size() - 1))->click();
-    return frame;
+    if (self)
+        setObjectName(QStringLiteral("setFontSize"));
+    return made;
 }
 
 void MainAppStyle::setFontSizeStyle()
