@@ -30,6 +30,7 @@ enum Entry { NameEntry, IdEntry, UnitEntry };    // of an item's list
 constexpr int LongestChart = 10000;
 constexpr char BufferElements = 1; // type of RD
 constexpr int ThreadPatience = 5;  // ms
+constexpr int BoxFrame = 34;       // px, with the arrows of the widest style
 
 void addItem(QComboBox* box, const QStringList& entries)
 {
@@ -57,6 +58,7 @@ WRamDebug::WRamDebug(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::WRamDebug>()), m_velocityUnit(tr("[rpm]"))
 {
     m_ui->setupUi(this);
+    fitBoxes();
     m_ui->btnStop->setEnabled(false);
     m_ui->sbTriggerValue->setEnabled(false);
     addTorqueMeasureMode();
@@ -374,6 +376,21 @@ void WRamDebug::enableInputFields(bool enable)
     m_ui->sbFromTarget->setEnabled(enable && hasTarget);
     m_ui->sbToTarget->setEnabled(enable && hasTarget);
     m_ui->sbTriggerValue->setEnabled(enable && m_thread->getTriggerType() != 0);
+}
+
+void WRamDebug::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fitBoxes();
+}
+
+/// The ranges are far wider than the values that are usual, which always show in full.
+void WRamDebug::fitBoxes()
+{
+    const int width = fontMetrics().horizontalAdvance(QStringLiteral("-9999")) + BoxFrame;
+    for (QSpinBox* box : {m_ui->sbFromTarget, m_ui->sbToTarget, m_ui->sbTriggerValue})
+        box->setMinimumWidth(width);
 }
 
 void WRamDebug::showMeasuring(bool measuring)

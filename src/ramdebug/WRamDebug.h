@@ -80,6 +80,9 @@ Q_SIGNALS:
     /// The user pressed "Start".
     void measurementStarted();
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private Q_SLOTS:
     void targetModeChanged(int index);
     void measureModeChanged(int index);
@@ -107,6 +110,7 @@ private:
     void setNumber(Setter setter, char number);
     void makeCharts();
     void showMeasuring(bool measuring);
+    void fitBoxes();
     void ask(Command* request, Command* reply);
 
     std::unique_ptr<Ui::WRamDebug> m_ui;
