@@ -10,7 +10,8 @@
 class AXRGUI_EXPORT AbstractRamp
 {
 public:
-    enum rampMode { Trapezoid = 0 };
+    /// Any other number stands for a form without a ramp.
+    enum rampMode : int { Trapezoid = 0 };
 
     /// \param size of the drawing area
     AbstractRamp(rampMode mode, QSizeF size);

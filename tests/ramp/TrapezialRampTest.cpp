@@ -342,10 +342,13 @@ private Q_SLOTS:
 
     void otherFormsHaveNoRamp()
     {
-        AbstractRamp none(static_cast<AbstractRamp::rampMode>(1), Area);
-        none.ramp(2, 1, 0, 0, 1, 1, 1, 1, true, 0);
-        QVERIFY(none.str().isEmpty() && none.path().isEmpty());
-        QCOMPARE(none.size(), QSizeF(-1, -1));
+        for (int mode : {1, -1, 1000}) {
+            AbstractRamp none(static_cast<AbstractRamp::rampMode>(mode), Area);
+            none.ramp(2, 1, 0, 0, 1, 1, 1, 1, true, 0);
+            QCOMPARE(int(none.mode()), mode);
+            QVERIFY(none.str().isEmpty() && none.path().isEmpty());
+            QCOMPARE(none.size(), QSizeF(-1, -1));
+        }
         AbstractRamp ramp(AbstractRamp::Trapezoid, Area);
         ramp.ramp(2, 1, 0, 0, 1, 1, 1, 1, true, 0);
         QVERIFY(!ramp.str().isEmpty() && !ramp.path().isEmpty());

@@ -19,6 +19,14 @@ struct Fractions {
                                                    reset));
         return owned.back().get();
     }
+    /// With one fraction of its own, which cannot be reached through a set around it.
+    Register* addSet(const QString& title, int offset, int width, int access, Raw reset)
+    {
+        auto set = std::make_unique<RegisterSet>(title, static_cast<unsigned char>(offset));
+        set->addFraction(add(QStringLiteral("inner"), 0, width, access, reset));
+        owned.push_back(std::move(set));
+        return owned.back().get();
+    }
 };
 
 /// The set and everything in it, as the caller of clone() owns it.
@@ -104,8 +112,11 @@ private Q_SLOTS:
                 const auto offset = source.chance(8) ? source.below(256) : source.below(60);
                 const auto bits = source.chance(20) ? source.below(256) : source.below(12);
                 const int kind = source.chance(12) ? 1 : 3;
-                Register* field = all.add(QString(QChar('a' + int(source.below(12)))), int(offset),
-                                          int(bits), kind, source.raw(bits));
+                const QString title(QChar('a' + int(source.below(12))));
+                const Raw start = source.raw(bits);
+                Register* field = source.chance(6)
+                                      ? all.addSet(title, int(offset), int(bits), kind, start)
+                                      : all.add(title, int(offset), int(bits), kind, start);
                 if (source.chance(6))
                     field->addRestrictedValue(source.raw(bits));
                 set.addFraction(field);
@@ -154,6 +165,8 @@ private Q_SLOTS:
                 set.getValue(&low);
                 QCOMPARE(quint32(low), quint32(raw));
             }
+            for (const auto& each : all.owned)
+                QVERIFY(each->getTitle() != QLatin1String("inner") || !each->wasWritten());
         }
         QVERIFY(taken > 500);
     }
