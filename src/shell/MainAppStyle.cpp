@@ -293,6 +293,8 @@ QString MainAppStyle::setMainStyle(bool on, const QString& extraSheet, const QCo
     const QPointer<MainAppStyle> self(this); // a host may end it in any of what follows
     const QColor before = QApplication::palette().color(QPalette::Text);
     const QString result = setMainStyleSheet(target());
+    if (!self)
+        return result; // its end gave the application its own look back
     if (on) {
         SetAppStyle(extraSheet, background);
     } else {
