@@ -147,14 +147,14 @@ void addToIconSize(QToolBar* bar, const QString& sizeSheet)
 
 void nameButtons(const QToolBar* bar)
 {
-    for (QAbstractButton* button : bar->findChildren<QAbstractButton*>()) {
+    forEachBelow<QAbstractButton>(bar, [](QAbstractButton* button) {
         if (button->icon().isNull()) {
             if (button->objectName().isEmpty())
                 button->setObjectName(QStringLiteral("noIconBtn"));
         } else if (!button->objectName().contains(QLatin1String("qt_"))) {
             button->setObjectName(QStringLiteral("iconBtn"));
         }
-    }
+    });
 }
 
 /// The least sizes of the bar's buttons.
@@ -293,6 +293,8 @@ QString MainAppStyle::setMainStyle(bool on, const QString& extraSheet, const QCo
     const QPointer<MainAppStyle> self(this); // a host may end it in any of what follows
     const QColor before = QApplication::palette().color(QPalette::Text);
     const QString result = setMainStyleSheet(target());
+    if (!self)
+        return result; // its end gave the application its own look back
     if (on) {
         SetAppStyle(extraSheet, background);
     } else {
@@ -449,9 +451,11 @@ void MainAppStyle::setFontSizeStyle()
     ensurePolished(); // hidden, it would not have the new font yet
     const QFontMetrics metrics = fontMetrics();
     forEachBelow<QToolBar>(target(), [&](QToolBar* bar) {
+        const QPointer<QToolBar> alive(bar);
         addToIconSize(bar, sheet);
         nameButtons(bar);
-        bar->setStyleSheet(toolBarSheet() + toolBarSizes(bar, metrics));
+        if (alive)
+            bar->setStyleSheet(toolBarSheet() + toolBarSizes(bar, metrics));
     });
     if (!self)
         return;

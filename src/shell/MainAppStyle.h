@@ -22,6 +22,9 @@ class QButtonGroup;
 /// nothing and stays hidden. What the application had when it was made comes back when it dies; a
 /// switch to "off" goes back to what was there at the first switch of the process, with an empty
 /// sheet in the place of the host's. GUI thread only. It may be deleted inside any of its signals.
+/// Inside the change events of widgets (style, palette, font) that a switch or a click sends, and
+/// when a tool bar tells its icon size, Qt is on its way through the widgets: what is to end there
+/// takes deleteLater(), and the look cannot be switched from a change of the palette.
 class AXRGUI_EXPORT MainAppStyle : public QWidget
 {
     Q_OBJECT

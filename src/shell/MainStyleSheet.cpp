@@ -50,7 +50,7 @@ QComboBox:on {padding-top: 3px; padding-left: 4px}
 QComboBox::drop-down {subcontrol-origin: border; subcontrol-position: bottom right; width: 20px;border-width: 2px; border-style: solid; border-color: palette(window-text); border-top-right-radius: 9px; border-bottom-right-radius: 9px}
 QComboBox::down-arrow {image: url(":/MainButtons1/Table Down"); width: 8px; height: 8px}
 QComboBox::down-button:hover {background: rgba(255,255,255, 115)}
-QComboBox::down-button:pressed {background: rgba(255,255,255, 115); border-color: #000F24}
+QComboBox::down-button:pressed {background: rgba(255,255,255, 115)}
 QComboBox::down-arrow:on {top: 1px; left: 1px}
 QComboBox::disabled %1
 QComboBox::down-arrow:disabled {image: url(:)}

@@ -388,7 +388,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("moment");
         for (const char* moment :
              {"colour signal", "size signal", "before the click", "row before the click",
-              "window first", "window before the click", "action's icon"})
+              "window first", "window before the click", "action's icon", "button's name"})
             QTest::newRow(moment) << moment;
     }
     void endsAtAnyMoment()
@@ -399,7 +399,8 @@ private Q_SLOTS:
         auto* window = new QMainWindow;
         const QPointer<QMainWindow> alive = window;
         window->setCentralWidget(new QLineEdit);
-        auto* action = window->addToolBar("bar")->addAction(icon(Qt::black), "go");
+        QToolBar* bar = window->addToolBar("bar");
+        QAction* action = bar->addAction(icon(Qt::black), "go");
         auto* style = new MainAppStyle(window);
         QWidget* row = style->setFontSize(window);
         window->show();
@@ -413,6 +414,9 @@ private Q_SLOTS:
             });
         else if (moment == "action's icon")
             connect(action, &QAction::changed, this, end);
+        else if (moment == "button's name")
+            connect(bar->widgetForAction(bar->addAction("new")), &QObject::objectNameChanged, bar,
+                    [bar] { delete bar; });
         style->setMainStyle(true, QString(), usual);
         if (moment == "before the click")
             end();
