@@ -45,11 +45,12 @@ QStringList entriesAt(const QComboBox* box, int index)
     return entries;
 }
 
-/// What the box shows, also when it was typed and not yet taken.
+/// What the box shows, also when it was typed and not yet taken. The text itself holds the digits
+/// of the locale, which toInt() reads as 0.
 int shownValue(QSpinBox* box)
 {
     box->interpretText();
-    return box->text().toInt();
+    return box->value();
 }
 
 } // namespace

@@ -142,6 +142,7 @@ private Q_SLOTS:
         QFETCH(QString, end);
         QFETCH(QString, back);
         WRamDebug panel;
+        panel.setLocale(QLocale(QLocale::Arabic, QLocale::Egypt)); // writes other digits
         Host host(panel);
         panel.setAllowDefinedMode(true);
         panel.setTargetVelocityCommand(toByte(velocityCommand));
