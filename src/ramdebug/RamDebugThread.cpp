@@ -255,6 +255,8 @@ void RamDebugThread::measure()
         }
         usleep(PollPause);
     }
+    if (m_abort)
+        return;
     log("drive back");
     if (m_now.targetMode < NoTarget)
         givePosition(startPosition);

@@ -94,8 +94,9 @@ WRamDebug::~WRamDebug()
     m_thread->leaveDrawer();
     if (m_forwarding > 0) {
         // The thread waits for the slot in which this is destroyed: it must outlive the panel, and
-        // goes by itself.
+        // goes by itself, or with the application where that quits at once.
         RamDebugThread* orphan = m_thread.release();
+        orphan->setParent(QCoreApplication::instance());
         connect(orphan, &QThread::finished, orphan, &QObject::deleteLater);
     } else {
         // A request that is on its way to this panel frees the thread when it is dropped.
@@ -446,7 +447,7 @@ void WRamDebug::forwardDoDirectRequest(Command* request, Command* reply)
 
 void WRamDebug::ask(Command* request, Command* reply)
 {
-    if (receivers(SIGNAL(doDirectRequest(Command*, Command*))) > 0)
+    if (!signalsBlocked() && receivers(SIGNAL(doDirectRequest(Command*, Command*))) > 0)
         emit doDirectRequest(request, reply);
     else
         delete request;
@@ -456,7 +457,7 @@ void WRamDebug::on_btnSave_clicked()
 {
     QList<QList<double>> columns;
     CsvLine header;
-    header.add(tr("time tick"));
+    header.add(QStringLiteral("time tick")); // read by programs: in no language
     QString name = QDateTime::currentDateTime().toString(QStringLiteral("./yyyyMMdd_hh.mm.ss"));
     int rows = 0;
     for (Chart* chart : qAsConst(*m_ui->drawer->getCharts())) {

@@ -238,7 +238,7 @@ private Q_SLOTS:
             auto panel = std::make_unique<WRamDebug>();
             auto host = std::make_unique<Host>(*panel);
             host->elements = 500;
-            enum Where { Outside, Inside, NestedLoop, HandlerFirst, Instants };
+            enum Where { Outside, Inside, NestedLoop, HandlerFirst, Muted, Instants };
             const int where = static_cast<int>(random() % Instants);
             // A few runs get past the second in which the axis settles.
             const bool isLate = random() % 8 == 0;
@@ -277,6 +277,9 @@ private Q_SLOTS:
             }
             if (where == HandlerFirst)
                 host.reset();
+            if (where == Muted)
+                panel->blockSignals(true);
+            QCoreApplication::processEvents(); // requests that reach nobody
             const QDeadlineTimer gone(1000);
             panel.reset();
             while (!Global::instance()->registeredThreads().isEmpty() && !gone.hasExpired())
