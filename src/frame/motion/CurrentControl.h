@@ -38,12 +38,14 @@ public:
 
 private:
     void turn(Direction direction) override;
-    void halt() override;
+    HeldButton::Stop stop() override;
 
     std::unique_ptr<Ui::CurrentControl> m_ui;
     AxisParameter m_targetCurrent;
     AxisParameter m_actualCurrent;
     bool m_useMSTForStop = false;
+    HeldButton m_jogLeft;
+    HeldButton m_jogRight;
 };
 
 #endif

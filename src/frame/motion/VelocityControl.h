@@ -36,10 +36,12 @@ public:
 
 private:
     void turn(Direction direction) override;
-    void halt() override;
+    HeldButton::Stop stop() override;
 
     std::unique_ptr<Ui::VelocityControl> m_ui;
     AxisParameter m_actualVelocity;
+    HeldButton m_jogLeft;
+    HeldButton m_jogRight;
 };
 
 #endif
