@@ -18,8 +18,8 @@ struct CurveGeometry;
 ///
 /// Samples that follow each other in one pixel column are drawn as one stroke from the least to the
 /// greatest. A sample stands in the column of its 10 ms of the clock, which is the one of its exact
-/// age or the next one; so the curve moves to the left as a whole. Lines go from sample to sample in
-/// the order of arrival, also where times do not ascend.
+/// age or the next one; so the curve moves to the left as a whole. Lines go from sample to sample
+/// in the order of arrival, also where times do not ascend.
 ///
 /// The setters repaint nothing, but for setValues(): the next painting shows what they set.
 class AXRGUI_EXPORT GraphItem : public QGraphicsItem, public MotorController
