@@ -7,7 +7,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 build_packages=(
     g++ cmake ninja-build ccache
     qtbase5-dev qtbase5-dev-tools libqt5svg5-dev libqt5opengl5-dev qt5-style-plugins
-    fonts-dejavu-core libgl1-mesa-dri xvfb xauth
+    fonts-dejavu-core libgl1-mesa-dri xvfb xauth libxtst-dev openbox
 )
 # What only the checks of .ci/run need on top.
 check_packages=(clang-format libbenchmark-dev pkg-config git libqcustomplot-dev libqwt-qt5-dev)
