@@ -73,6 +73,18 @@ public:
     void updateChartSelection();
     void enableInputFields(bool enable);
 
+    /// Whether a run is under way: from "Start" until its thread has told that it is over, which
+    /// "Stop" and abort() only bring nearer.
+    bool isMeasuring() const { return m_run != Run::None; }
+
+public Q_SLOTS:
+    /// Gives the run up, as the host does when the axis must stand. From now on nothing of the run
+    /// goes to the host any more, not the end target, not the drive back; the axis is left as it is
+    /// driven, so the host stops it. The panel becomes idle when the thread has ended, with the
+    /// request that is at the host now; a "Start" before that begins a new run then. Without a run
+    /// it does nothing.
+    void abort();
+
 Q_SIGNALS:
     /// One round trip, on the GUI thread. The host owns `request` from now on and fills `reply`
     /// before it returns; a reply that stays invalid tells that the module did not answer.
@@ -82,6 +94,7 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private Q_SLOTS:
     void targetModeChanged(int index);
@@ -111,6 +124,11 @@ private:
     void makeCharts();
     void showMeasuring(bool measuring);
     void fitBoxes();
+    void paintSign(const QString& text);
+    void beginRun();
+    enum class Run { None, Goes, Ends, BeginsAgain };
+    void setRun(Run run);
+    bool hasHost() const;
     void ask(Command* request, Command* reply);
 
     std::unique_ptr<Ui::WRamDebug> m_ui;
@@ -121,9 +139,12 @@ private:
     std::array<Targets, 3> m_targets{{{0, 1000}, {0, 1000}, {0, 4000}}}; // by target mode
     int m_lastTargetMode = 0;
     int m_bufferElements = 500;
+    bool m_hasBadBufferSize = false;
     std::array<std::unique_ptr<Chart>, 10> m_charts;
     std::unique_ptr<RamDebugThread> m_thread;
-    int m_forwarding = 0; // requests of the thread that are with the host now
+    Run m_run = Run::None;
+    int m_asking = 0;     // requests that are with the host now
+    int m_forwarding = 0; // those of them that are the thread's
 };
 
 #endif
