@@ -16,6 +16,7 @@
 #include "RampPage.h"
 #include "RegistersPage.h"
 #include "SharedConstants.h"
+#include "WheelFocus.h"
 
 #include <QAction>
 #include <QApplication>
@@ -94,6 +95,7 @@ Workbench::Workbench(const WorkbenchOptions& options)
     connect(&m_link, &ModuleLink::gaveUp, this, &Workbench::takeFailure);
     connect(&m_clock, &QTimer::timeout, this,
             [this] { advance(static_cast<int>(qMin<qint64>(m_realTime.restart(), LongestStep))); });
+    WheelFocus::guard(this);
     qApp->installEventFilter(this);
     makeLook(options);
     restoreWindow(options.page);
