@@ -16,6 +16,7 @@
 #include "RampPage.h"
 #include "RegistersPage.h"
 #include "SharedConstants.h"
+#include "WheelFocus.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -105,6 +106,7 @@ Workbench::Workbench(const WorkbenchOptions& options)
     connect(&m_clock, &QTimer::timeout, this,
             [this] { advance(static_cast<int>(qMin<qint64>(m_realTime.restart(), LongestStep))); });
     connect(&m_guard, &StopGuard::stop, this, &Workbench::stopAxes);
+    WheelFocus::guard(this);
     makeLook(options);
     restoreWindow(options.page);
     showLinkState();
