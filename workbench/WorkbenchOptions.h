@@ -24,7 +24,7 @@ struct WorkbenchOptions {
     Weather weather;
     bool silent = false; ///< The module starts silent.
 
-    /// True when nobody sits in front of it: no settings are kept and no display is needed.
+    /// True when nobody sits in front of it: no settings are kept.
     bool unattended() const
     {
         return !tourFolder.isEmpty() || !photoFile.isEmpty() || !galleryFolder.isEmpty();
