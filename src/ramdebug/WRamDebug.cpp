@@ -4,6 +4,7 @@
 #include "Chart.h"
 #include "Command.h"
 #include "Csv_p.h"
+#include "FocusPair_p.h"
 #include "Instruction.h"
 #include "Logging.h"
 #include "MethodName.h"
@@ -448,6 +449,7 @@ void WRamDebug::fitBoxes()
 
 void WRamDebug::showMeasuring(bool measuring)
 {
+    const FocusPair focus(m_ui->btnStart, m_ui->btnStop);
     m_ui->btnStart->setEnabled(!measuring);
     m_ui->btnStop->setEnabled(measuring);
     enableInputFields(!measuring);
