@@ -2,6 +2,7 @@
 
 #include "Logging.h"
 #include "MethodName.h"
+#include "WheelFocus.h"
 
 #include <QSpinBox>
 
@@ -18,6 +19,7 @@ QWidget* SpinBoxDelegate::createEditor(QWidget* parent, const QStyleOptionViewIt
     auto* editor = new QSpinBox(parent);
     editor->setAlignment(Qt::AlignHCenter);
     editor->setRange(m_minimum, m_maximum);
+    WheelFocus::guard(editor);
     return editor;
 }
 
