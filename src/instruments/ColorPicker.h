@@ -80,6 +80,7 @@ protected:
 
 private:
     QPoint popupPosition();
+    void setCaption(const QString& text);
 
     ColorPickerPopup* m_popup;
     QColor m_color;

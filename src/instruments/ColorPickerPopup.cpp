@@ -67,6 +67,7 @@ ColorPickerPopup::ColorPickerPopup(int columns, bool withColorDialog, QWidget* p
     setModal(true);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
+    setAccessibleName(tr("Colours"));
     if (withColorDialog) {
         m_moreButton = new ColorPickerButton(this);
         connect(m_moreButton, &ColorPickerButton::clicked, this,
