@@ -69,6 +69,7 @@ Workbench::Workbench(const WorkbenchOptions& options)
     m_strip->setAlignment(Qt::AlignCenter);
     m_strip->setMargin(4);
     m_list->setObjectName(QStringLiteral("lwPages"));
+    m_list->setAccessibleName(tr("Pages"));
     m_list->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
 
     auto* row = new QHBoxLayout;
