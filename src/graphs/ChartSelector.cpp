@@ -15,8 +15,8 @@ ChartSelector::ChartSelector(QWidget* parent, DrawerArea* area, QList<TraceComma
     m_ui->setupUi(this);
     setWindowTitle(
         tr("Select charts for \"%1\" graph").arg(parent ? parent->windowTitle() : QString()));
-    SelectionTable::setUp(m_ui->twAvailable, false);
-    SelectionTable::setUp(m_ui->twSelected, false);
+    SelectionTable::setUp(m_ui->twAvailable, false, m_ui->lblRow);
+    SelectionTable::setUp(m_ui->twSelected, false, m_ui->lblRow);
     const QList<Chart*> charts = area ? *area->getCharts() : QList<Chart*>();
     for (const Chart* chart : charts)
         SelectionTable::append(m_ui->twSelected,

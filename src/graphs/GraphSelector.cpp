@@ -34,8 +34,8 @@ GraphSelector::GraphSelector(QWidget* parent, ValueOverTimeGraph* graph,
     m_ui->setupUi(this);
     setWindowTitle(
         tr("Select values for \"%1\" graph").arg(parent ? parent->windowTitle() : QString()));
-    SelectionTable::setUp(m_ui->twAvailable, true);
-    SelectionTable::setUp(m_ui->twSelected, false);
+    SelectionTable::setUp(m_ui->twAvailable, true, m_ui->lblRow);
+    SelectionTable::setUp(m_ui->twSelected, false, m_ui->lblRow);
     const QList<Graph*> graphs = m_graph ? m_graph->getGraphs() : QList<Graph*>();
     for (const Graph* curve : graphs)
         SelectionTable::append(m_ui->twSelected,
