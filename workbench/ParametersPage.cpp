@@ -61,6 +61,9 @@ ParametersPage::ParametersPage()
     , m_caption(new QLabel)
     , m_value(new SpinBox)
 {
+    m_axis->setAccessibleName(tr("Axis"));
+    m_table->setAccessibleName(tr("Axis parameters"));
+    m_caption->setBuddy(m_value);
     m_axis->addItems({tr("Axis 0"), tr("Axis 1")});
     m_table->setModel(m_model);
     m_table->setItemDelegateForColumn(NameColumn, new HTMLDelegate(this));
