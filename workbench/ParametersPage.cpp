@@ -173,7 +173,6 @@ void ParametersPage::select(int row)
     m_caption->setText(
         m_value->setUnitParameter(describe(parameter), *parameter.unit == 0, value, 0));
     m_value->setValue(value);
-    m_value->valueHasChanged(value);
     if (!isRead)
         m_value->clear();
     m_value->setEnabled(item->isEditable());
@@ -226,7 +225,6 @@ void ParametersPage::take(const Command& reply)
         const bool isEntering = m_typing || m_value->value() != m_value->lastValue();
         if (row == m_selected && !(m_value->isEnabled() && isEntering)) {
             m_value->setValue(reply.getValue());
-            m_value->valueHasChanged(reply.getValue());
             m_value->setEnabled(item->isEditable());
         }
     }
