@@ -1,6 +1,7 @@
 #include "ParametersPage.h"
 
 #include "Command.h"
+#include "Entries.h"
 #include "Fitting.h"
 #include "HTMLDelegate.h"
 #include "Instruction.h"
@@ -11,9 +12,7 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QStandardItemModel>
 #include <QTableView>
@@ -101,23 +100,7 @@ ParametersPage::ParametersPage()
         if (m_selected >= 0)
             write(m_selected, value);
     });
-    connect(m_value->findChild<QLineEdit*>(), &QLineEdit::textEdited, this,
-            [this] { m_typing = true; });
-    m_value->installEventFilter(this);
     m_table->selectRow(0);
-}
-
-bool ParametersPage::eventFilter(QObject* watched, QEvent* event)
-{
-    // These end the typing: the field takes the digits as its value, or drops them.
-    if (event->type() == QEvent::FocusOut)
-        m_typing = false;
-    if (event->type() == QEvent::KeyRelease) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape)
-            m_typing = false;
-    }
-    return Page::eventFilter(watched, event);
 }
 
 void ParametersPage::fill()
@@ -156,7 +139,6 @@ void ParametersPage::fill()
 void ParametersPage::select(int row)
 {
     m_selected = row;
-    m_typing = false;
     if (row < 0)
         return;
     const ParameterInfo& parameter = parameterAt(row);
@@ -207,6 +189,25 @@ void ParametersPage::poll()
     }
 }
 
+/// An entry waits for Return; a box that is not enabled has none.
+bool ParametersPage::isEntering() const
+{
+    return m_value->isEnabled() && Entries::isPending(*m_value);
+}
+
+bool ParametersPage::isEditing(const Command& request) const
+{
+    if (!isVisible() || !carries(request.getCommand(), Instruction::GAP) ||
+        request.getMotorBank() != axis())
+        return false;
+    const auto isEdited = [this, &request](int row) {
+        return row >= 0 && parameterAt(row).number == u8(request.getType());
+    };
+    const QModelIndex cell = m_model->index(m_table->currentIndex().row(), ValueColumn);
+    return (isEdited(m_selected) && isEntering()) ||
+           (isEdited(cell.row()) && m_table->isPersistentEditorOpen(cell));
+}
+
 void ParametersPage::take(const Command& reply)
 {
     if (!carries(reply.getCommand(), Instruction::GAP) || u8(reply.getStatus()) != StatusOk ||
@@ -221,9 +222,7 @@ void ParametersPage::take(const Command& reply)
         if (!m_table->isPersistentEditorOpen(item->index()))
             item->setData(reply.getValue(), Qt::EditRole);
         item->setEditable(isWritable(row));
-        // An entry that waits for Return stays; a box that is not enabled has none.
-        const bool isEntering = m_typing || m_value->value() != m_value->lastValue();
-        if (row == m_selected && !(m_value->isEnabled() && isEntering)) {
+        if (row == m_selected && !isEntering()) {
             m_value->setValue(reply.getValue());
             m_value->setEnabled(item->isEditable());
         }

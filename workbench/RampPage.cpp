@@ -53,14 +53,6 @@ const struct {
                   {"sbD1", "D1", LargestAcceleration, 3000},
                   {"sbVStop", "VSTOP", LargestVelocity, 1000}};
 
-const ParameterInfo& axisParameter(quint8 number)
-{
-    const ParameterTable& table = axisParameters();
-    return *std::find_if(table.begin(), table.end(), [number](const ParameterInfo& parameter) {
-        return parameter.number == number;
-    });
-}
-
 /// The calculation tells its duration in its text only. In ms.
 double durationIn(const QString& text)
 {

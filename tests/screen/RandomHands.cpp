@@ -30,6 +30,8 @@
 #include <QPushButton>
 #include <QRandomGenerator>
 #include <QSettings>
+#include <QSpinBox>
+#include <QStackedWidget>
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <QTimer>
@@ -129,6 +131,7 @@ public:
     {
         connect(&bench.link(), &ModuleLink::sent, this, &RandomHands::judge);
         connect(&m_beat, &QTimer::timeout, this, &RandomHands::step);
+        beginRound();
         m_beat.setTimerType(Qt::PreciseTimer);
         m_total.start();
         m_sinceBeat.start();
@@ -238,8 +241,10 @@ private:
         QWidget* window = QApplication::activePopupWidget();
         if (!window || any(6) == 0)
             window = QApplication::activeModalWidget();
-        if (!window)
-            window = &m_bench;
+        if (!window) {
+            const auto* pages = m_bench.findChild<QStackedWidget*>();
+            window = any(7) ? pages->currentWidget() : &m_bench;
+        }
         QList<QWidget*> widgets;
         for (QWidget* widget : window->findChildren<QWidget*>()) {
             if (widget->isVisible() && !widget->visibleRegion().isEmpty() &&
@@ -483,9 +488,24 @@ private:
             }
         }
         ++m_gestures;
+        beginRound();
         if (!m_bench.link().isOpen() && !QApplication::activeModalWidget())
             connectAgain();
         m_hasRested = false;
+    }
+
+    /// Each round begins where something can be driven, with targets worth stopping.
+    void beginRound()
+    {
+        const QStringList drivers = {QStringLiteral("motion"),     QStringLiteral("motion"),
+                                     QStringLiteral("capture"),    QStringLiteral("ramp"),
+                                     QStringLiteral("parameters"), QStringLiteral("console")};
+        m_bench.showPage(any(4) ? drivers.at(any(drivers.size()))
+                                : Workbench::pageNames().at(any(Workbench::pageNames().size())));
+        for (const char* name : {"sbTargetVelocity", "sbTargetCurrent", "sbTargetPosition"}) {
+            for (QSpinBox* box : m_bench.findChildren<QSpinBox*>(QString::fromLatin1(name)))
+                box->setValue(any(2000) - 1000);
+        }
     }
 
     bool stands(int axis) const
