@@ -197,8 +197,10 @@ void SpinBox::setValue(double value)
 
 void SpinBox::setValue(int value)
 {
-    const bool isReplaced = !m_sending && hasEntry() && shown().number() != value;
-    const bool isTyping = shown().number() != this->value();
+    const double entered = shown().number();
+    const bool isTyping = entered != this->value();
+    const bool isReplaced =
+        m_touched && !m_sending && entered != value && (hasEntry() || hasFocus());
     if (has(ChangedOnEnter))
         setLastValue(value); // nobody hears of it, and no gold flashes up in between
     if (!setValueSilently(value))
@@ -378,6 +380,7 @@ void SpinBox::sendValue()
     }
     const double sent = value();
     if (sent == m_lastValue) {
+        m_touched = false;
         validateShown();
         return;
     }
@@ -400,6 +403,7 @@ void SpinBox::sendValue()
         return;
     m_sending = false;
     if (m_confirmations == confirmations) { // else a reply came meanwhile, and it counts
+        m_touched = false;
         setLastValue(sent);
         m_face->tell(sent);
     }
@@ -659,6 +663,7 @@ void SpinBox::focusOutEvent(QFocusEvent* event)
     if (!self)
         return;
     followNumber();
+    m_touched = hasEntry();
     if (m_entry != Entry::Clean)
         validateShown();
 }
@@ -686,6 +691,7 @@ void SpinBox::keyReleaseEvent(QKeyEvent* event)
     } else if (has(ChangedOnEnter) && isReturn(event)) {
         sendValue();
     } else if (has(ResetOnEscape) && event->key() == Qt::Key_Escape) {
+        m_touched = false;
         QDoubleSpinBox::setValue(m_lastValue);
         if (self)
             validateShown();

@@ -97,6 +97,22 @@ private Q_SLOTS:
         QVERIFY(!Screen::has(Screen::picture(box), "gold"));
     }
 
+    void replyJoinsNoTyping()
+    {
+        auto* box = confirmBox(0);
+        Page page({box});
+        Screen::show(&page);
+        Screen::click(box->findChild<QLineEdit*>());
+        for (const char* begun : {"7", "8"}) { // the first one is the value so far
+            box->setValue(7);
+            Screen::key("ctrl+a");
+            Screen::type(begun);
+            box->setValue(9);
+            Screen::type("5\n");
+            QVERIFY(Screen::waitFor([&] { return box->lastValue() == 5.0; }));
+        }
+    }
+
     void signsStandInFrontOfTheNumber_data()
     {
         QTest::addColumn<bool>("dark");
