@@ -158,7 +158,6 @@ void ParametersPage::select(int row)
     m_caption->setText(
         m_value->setUnitParameter(describe(parameter), *parameter.unit == 0, value, 0));
     m_value->setValue(value);
-    m_value->valueHasChanged(value);
     if (!isRead)
         m_value->clear();
     m_value->setEnabled(item->isEditable());
@@ -228,7 +227,6 @@ void ParametersPage::take(const Command& reply)
         item->setEditable(isWritable(row));
         if (row == m_selected && !isEntering()) {
             m_value->setValue(reply.getValue());
-            m_value->valueHasChanged(reply.getValue());
             m_value->setEnabled(item->isEditable());
         }
     }
