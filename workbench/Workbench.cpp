@@ -72,6 +72,7 @@ Workbench::Workbench(const WorkbenchOptions& options)
     setWindowIcon(QIcon(QStringLiteral(":/Workbench/Icon")));
 
     m_list->setObjectName(QStringLiteral("lwPages"));
+    m_list->setAccessibleName(tr("Pages"));
     m_list->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
 
     makePages();

@@ -207,8 +207,11 @@ private:
         ++m_gestures;
         m_before = m_now;
         m_now = Gesture();
+        // Without a window manager nobody else gives the keys to a window.
         if (QWidget* modal = QApplication::activeModalWidget())
-            modal->activateWindow(); // without a window manager nobody else does
+            modal->activateWindow();
+        else if (!QApplication::activeWindow())
+            m_bench.activateWindow();
         if (m_heldButton || !m_heldKey.isEmpty()) {
             if (any(3) == 0) {
                 letGo();
@@ -226,9 +229,9 @@ private:
             wheel();
         else if (kind < 83)
             key();
-        else if (kind < 88)
-            hold();
         else if (kind < 92)
+            hold();
+        else if (kind < 97)
             holdKey();
         else
             turnPage();
@@ -239,16 +242,19 @@ private:
     QPoint place()
     {
         QWidget* window = QApplication::activePopupWidget();
-        if (!window || any(6) == 0)
+        if (!window || any(2))
             window = QApplication::activeModalWidget();
         if (!window) {
             const auto* pages = m_bench.findChild<QStackedWidget*>();
             window = any(7) ? pages->currentWidget() : &m_bench;
         }
+        const bool isButton = any(2);
         QList<QWidget*> widgets;
         for (QWidget* widget : window->findChildren<QWidget*>()) {
-            if (widget->isVisible() && !widget->visibleRegion().isEmpty() &&
-                (actor(widget) || any(10) == 0))
+            if (!widget->isVisible() || widget->visibleRegion().isEmpty())
+                continue;
+            if (isButton ? qobject_cast<QPushButton*>(widget) != nullptr
+                         : actor(widget) == widget || any(10) == 0)
                 widgets << widget;
         }
         if (widgets.isEmpty() || any(8) == 0)
@@ -497,6 +503,8 @@ private:
     /// Each round begins where something can be driven, with targets worth stopping.
     void beginRound()
     {
+        if (any(4))
+            closeAll();
         const QStringList drivers = {QStringLiteral("motion"),     QStringLiteral("motion"),
                                      QStringLiteral("capture"),    QStringLiteral("ramp"),
                                      QStringLiteral("parameters"), QStringLiteral("console")};
