@@ -11,6 +11,7 @@
 #include "Numbers.h"
 #include "RamDebugThread_p.h"
 #include "SimpleScaledDrawer.h"
+#include "WheelFocus.h"
 #include "ui_WRamDebug.h"
 
 #include <QCoreApplication>
@@ -65,6 +66,7 @@ WRamDebug::WRamDebug(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::WRamDebug>()), m_velocityUnit(tr("[rpm]"))
 {
     m_ui->setupUi(this);
+    WheelFocus::guard(this);
     fitBoxes();
     m_ui->btnStop->setEnabled(false);
     m_ui->sbTriggerValue->setEnabled(false);
