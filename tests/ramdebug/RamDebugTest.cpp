@@ -406,12 +406,16 @@ private Q_SLOTS:
                     button(*panel, "btnStop")->click();
                 if (end == "abort")
                     panel->abort();
+                const auto destroy = [&] {
+                    host.lines.clear();
+                    panel.reset();
+                };
                 if (end == "insideOther") {
-                    host.onRequest = [&](const QString&) { panel.reset(); };
+                    host.onRequest = [&](const QString&) { destroy(); };
                     panel->updateValues();
+                } else {
+                    destroy();
                 }
-                host.lines.clear();
-                panel.reset();
                 isHere = true;
             });
         };
