@@ -407,6 +407,7 @@ private Q_SLOTS:
                 if (end == "abort")
                     panel->abort();
                 const auto destroy = [&] {
+                    host.onRequest = nullptr;
                     host.lines.clear();
                     panel.reset();
                 };
