@@ -131,6 +131,7 @@ QWidget* MotionPage::makeAxis(SimulatedModule& module, int axis)
     m_shafts << shaft;
     auto* load = new QSlider(Qt::Horizontal);
     load->setObjectName(QStringLiteral("slLoad%1").arg(axis));
+    load->setAccessibleName(tr("Load on axis %1").arg(axis));
     load->setRange(0, 100);
     load->setToolTip(tr("Load torque on the simulated shaft, in percent of the motor's largest"));
     connect(load, &QSlider::valueChanged, this, [&module, axis](int percent) {

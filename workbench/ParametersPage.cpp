@@ -61,6 +61,9 @@ ParametersPage::ParametersPage()
     , m_caption(new QLabel)
     , m_value(new SpinBox)
 {
+    m_axis->setAccessibleName(tr("Axis"));
+    m_table->setAccessibleName(tr("Axis parameters"));
+    m_caption->setBuddy(m_value);
     m_axis->addItems({tr("Axis 0"), tr("Axis 1")});
     m_table->setModel(m_model);
     m_table->setItemDelegateForColumn(NameColumn, new HTMLDelegate(this));
@@ -155,7 +158,6 @@ void ParametersPage::select(int row)
     m_caption->setText(
         m_value->setUnitParameter(describe(parameter), *parameter.unit == 0, value, 0));
     m_value->setValue(value);
-    m_value->valueHasChanged(value);
     if (!isRead)
         m_value->clear();
     m_value->setEnabled(item->isEditable());
@@ -225,7 +227,6 @@ void ParametersPage::take(const Command& reply)
         item->setEditable(isWritable(row));
         if (row == m_selected && !isEntering()) {
             m_value->setValue(reply.getValue());
-            m_value->valueHasChanged(reply.getValue());
             m_value->setEnabled(item->isEditable());
         }
     }

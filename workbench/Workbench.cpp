@@ -16,6 +16,7 @@
 #include "RampPage.h"
 #include "RegistersPage.h"
 #include "SharedConstants.h"
+#include "WheelFocus.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -71,6 +72,7 @@ Workbench::Workbench(const WorkbenchOptions& options)
     setWindowIcon(QIcon(QStringLiteral(":/Workbench/Icon")));
 
     m_list->setObjectName(QStringLiteral("lwPages"));
+    m_list->setAccessibleName(tr("Pages"));
     m_list->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
 
     makePages();
@@ -105,6 +107,7 @@ Workbench::Workbench(const WorkbenchOptions& options)
     connect(&m_clock, &QTimer::timeout, this,
             [this] { advance(static_cast<int>(qMin<qint64>(m_realTime.restart(), LongestStep))); });
     connect(&m_guard, &StopGuard::stop, this, &Workbench::stopAxes);
+    WheelFocus::guard(this);
     makeLook(options);
     restoreWindow(options.page);
     showLinkState();

@@ -1,5 +1,6 @@
 #include "SimpleScaledGraphController.h"
 
+#include "WheelFocus.h"
 #include "ui_SimpleScaledGraphController.h"
 
 #include <QPointer>
@@ -10,6 +11,7 @@ SimpleScaledGraphController::SimpleScaledGraphController(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::SimpleScaledGraphController>())
 {
     m_ui->setupUi(this);
+    WheelFocus::guard(this);
     showScaling(true);
 }
 

@@ -2,12 +2,14 @@
 
 #include "Instruction.h"
 #include "RoomForText_p.h"
+#include "WheelFocus.h"
 #include "ui_WDirectMode.h"
 
 WDirectMode::WDirectMode(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::WDirectMode>())
 {
     m_ui->setupUi(this);
+    WheelFocus::guard(this);
     new RoomForText(this);
     new RoomForText(m_ui->btnSend);
     for (const InstructionName& entry : InstructionNames) {

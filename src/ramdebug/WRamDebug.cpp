@@ -4,12 +4,14 @@
 #include "Chart.h"
 #include "Command.h"
 #include "Csv_p.h"
+#include "FocusPair_p.h"
 #include "Instruction.h"
 #include "Logging.h"
 #include "MethodName.h"
 #include "Numbers.h"
 #include "RamDebugThread_p.h"
 #include "SimpleScaledDrawer.h"
+#include "WheelFocus.h"
 #include "ui_WRamDebug.h"
 
 #include <QCoreApplication>
@@ -64,6 +66,7 @@ WRamDebug::WRamDebug(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::WRamDebug>()), m_velocityUnit(tr("[rpm]"))
 {
     m_ui->setupUi(this);
+    WheelFocus::guard(this);
     fitBoxes();
     m_ui->btnStop->setEnabled(false);
     m_ui->sbTriggerValue->setEnabled(false);
@@ -446,6 +449,7 @@ void WRamDebug::fitBoxes()
 
 void WRamDebug::showMeasuring(bool measuring)
 {
+    const FocusPair focus(m_ui->btnStart, m_ui->btnStop);
     m_ui->btnStart->setEnabled(!measuring);
     m_ui->btnStop->setEnabled(measuring);
     enableInputFields(!measuring);

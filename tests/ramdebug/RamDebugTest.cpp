@@ -441,6 +441,32 @@ private Q_SLOTS:
         QCOMPARE(values(panel), QString("target [mA]: , actual [mA]: "));
     }
 
+    /// Space goes from one button of the pair to the other.
+    void focusFollowsThePair()
+    {
+        WRamDebug panel;
+        Host host(panel);
+        host.silentFor = "142 6";
+        panel.show();
+        const QWidget* start = button(panel, "btnStart");
+        const QWidget* stop = button(panel, "btnStop");
+        button(panel, "btnStart")->setFocus();
+        for (const QWidget* next : {stop, start, stop}) {
+            QTest::keyClick(panel.focusWidget(), Qt::Key_Space);
+            QCOMPARE(panel.focusWidget(), next);
+        }
+        host.silentFor.clear();
+        QTRY_VERIFY_WITH_TIMEOUT(isIdle(panel), 10000);
+        QCOMPARE(panel.focusWidget(), start);
+        auto* save = button(panel, "btnSave");
+        save->setFocus();
+        button(panel, "btnStart")->click();
+        QCOMPARE(panel.focusWidget(), save);
+        panel.abort();
+        QTRY_VERIFY_WITH_TIMEOUT(isIdle(panel), 10000);
+        QCOMPARE(panel.focusWidget(), save);
+    }
+
     /// Painted above the buttons: that a run is still ending, that the buffer's size is none.
     void signs()
     {

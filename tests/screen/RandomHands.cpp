@@ -30,6 +30,8 @@
 #include <QPushButton>
 #include <QRandomGenerator>
 #include <QSettings>
+#include <QSpinBox>
+#include <QStackedWidget>
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <QTimer>
@@ -129,6 +131,7 @@ public:
     {
         connect(&bench.link(), &ModuleLink::sent, this, &RandomHands::judge);
         connect(&m_beat, &QTimer::timeout, this, &RandomHands::step);
+        beginRound();
         m_beat.setTimerType(Qt::PreciseTimer);
         m_total.start();
         m_sinceBeat.start();
@@ -204,8 +207,11 @@ private:
         ++m_gestures;
         m_before = m_now;
         m_now = Gesture();
+        // Without a window manager nobody else gives the keys to a window.
         if (QWidget* modal = QApplication::activeModalWidget())
-            modal->activateWindow(); // without a window manager nobody else does
+            modal->activateWindow();
+        else if (!QApplication::activeWindow())
+            m_bench.activateWindow();
         if (m_heldButton || !m_heldKey.isEmpty()) {
             if (any(3) == 0) {
                 letGo();
@@ -223,9 +229,9 @@ private:
             wheel();
         else if (kind < 83)
             key();
-        else if (kind < 88)
-            hold();
         else if (kind < 92)
+            hold();
+        else if (kind < 97)
             holdKey();
         else
             turnPage();
@@ -236,14 +242,19 @@ private:
     QPoint place()
     {
         QWidget* window = QApplication::activePopupWidget();
-        if (!window || any(6) == 0)
+        if (!window || any(2))
             window = QApplication::activeModalWidget();
-        if (!window)
-            window = &m_bench;
+        if (!window) {
+            const auto* pages = m_bench.findChild<QStackedWidget*>();
+            window = any(7) ? pages->currentWidget() : &m_bench;
+        }
+        const bool isButton = any(2);
         QList<QWidget*> widgets;
         for (QWidget* widget : window->findChildren<QWidget*>()) {
-            if (widget->isVisible() && !widget->visibleRegion().isEmpty() &&
-                (actor(widget) || any(10) == 0))
+            if (!widget->isVisible() || widget->visibleRegion().isEmpty())
+                continue;
+            if (isButton ? qobject_cast<QPushButton*>(widget) != nullptr
+                         : actor(widget) == widget || any(10) == 0)
                 widgets << widget;
         }
         if (widgets.isEmpty() || any(8) == 0)
@@ -483,9 +494,26 @@ private:
             }
         }
         ++m_gestures;
+        beginRound();
         if (!m_bench.link().isOpen() && !QApplication::activeModalWidget())
             connectAgain();
         m_hasRested = false;
+    }
+
+    /// Each round begins where something can be driven, with targets worth stopping.
+    void beginRound()
+    {
+        if (any(4))
+            closeAll();
+        const QStringList drivers = {QStringLiteral("motion"),     QStringLiteral("motion"),
+                                     QStringLiteral("capture"),    QStringLiteral("ramp"),
+                                     QStringLiteral("parameters"), QStringLiteral("console")};
+        m_bench.showPage(any(4) ? drivers.at(any(drivers.size()))
+                                : Workbench::pageNames().at(any(Workbench::pageNames().size())));
+        for (const char* name : {"sbTargetVelocity", "sbTargetCurrent", "sbTargetPosition"}) {
+            for (QSpinBox* box : m_bench.findChildren<QSpinBox*>(QString::fromLatin1(name)))
+                box->setValue(any(2000) - 1000);
+        }
     }
 
     bool stands(int axis) const

@@ -2,6 +2,7 @@
 #include "CANConnection.h"
 #include "CommandText.h"
 #include "Connection.h"
+#include "GalleryWidgets.h"
 #include "ParameterTable.h"
 #include "PositionControl.h"
 #include "SpinBox.h"
@@ -15,6 +16,8 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QSlider>
 #include <QSpinBox>
 #include <QTableView>
 #include <QTableWidget>
@@ -132,6 +135,30 @@ private Q_SLOTS:
         }
         QCOMPARE(lookOf({}), QString("#ffffff 20"));
         QCOMPARE(lookOf({"--theme", "off"}), QString("#000000 20"));
+    }
+
+    void noFieldTakesTheFocusByWheel()
+    {
+        Workbench bench(parse({"--photo", "x"}));
+        QList<QWidget*> roots{&bench};
+        for (const GalleryWidget& entry : galleryWidgets())
+            roots << entry.make();
+        int fields = 0;
+        for (QWidget* root : qAsConst(roots)) {
+            QList<QWidget*> widgets = root->findChildren<QWidget*>();
+            widgets << root;
+            for (const QWidget* field : qAsConst(widgets)) {
+                if (!qobject_cast<const QAbstractSpinBox*>(field) &&
+                    !qobject_cast<const QComboBox*>(field) &&
+                    (!qobject_cast<const QAbstractSlider*>(field) ||
+                     qobject_cast<const QScrollBar*>(field)))
+                    continue;
+                ++fields;
+                QVERIFY2(field->focusPolicy() != Qt::WheelFocus, qPrintable(field->objectName()));
+            }
+        }
+        QVERIFY(fields > 50);
+        qDeleteAll(roots.cbegin() + 1, roots.cend());
     }
 
     void theLastLinkIsConnectedAgain()
