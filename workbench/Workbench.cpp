@@ -155,20 +155,28 @@ void Workbench::makePages()
                new ColoursPage,
                new MarkersPage,
                new RampPage(m_link)};
+    const auto addKey = [this](const QKeySequence& key, const auto& action) {
+        connect(new QShortcut(key, this), &QShortcut::activated, this, action);
+    };
     for (Page* page : qAsConst(m_pages)) {
         m_list->addItem(page->title());
         const int row = m_list->count() - 1;
         if (row < NumberKeys) {
             const QKeySequence key(Qt::CTRL + (row + 1 < NumberKeys ? Qt::Key_1 + row : Qt::Key_0));
             m_list->item(row)->setToolTip(key.toString(QKeySequence::NativeText));
-            connect(new QShortcut(key, this), &QShortcut::activated, this,
-                    [this, row] { m_list->setCurrentRow(row); });
+            addKey(key, [this, row] { m_list->setCurrentRow(row); });
         }
         m_stack->addWidget(page);
         connect(page, &Page::command, &m_link, &ModuleLink::command);
         connect(page, &Page::read, this, &Workbench::ask);
         connect(page, &Page::message, this, &Workbench::tell);
         connect(page, &Page::progressed, this, &Workbench::showProgress);
+    }
+    m_list->setToolTip(tr("Ctrl+PgUp and Ctrl+PgDown turn the pages"));
+    for (const int step : {-1, 1}) {
+        addKey(Qt::CTRL + (step < 0 ? Qt::Key_PageUp : Qt::Key_PageDown), [this, step] {
+            m_list->setCurrentRow(qBound(0, m_list->currentRow() + step, m_list->count() - 1));
+        });
     }
     m_list->setCurrentRow(0);
     connect(m_connection, &ConnectionPage::opened, this, &Workbench::takeOpened);
