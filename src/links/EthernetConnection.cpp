@@ -1,16 +1,20 @@
 #include "EthernetConnection.h"
 
+#include "AddressByte_p.h"
 #include "Bytes.h"
 #include "CondensedText_p.h"
 #include "LinkButtons_p.h"
 #include "Logging.h"
 #include "RoomForText_p.h"
+#include "WheelFocus.h"
 #include "ui_EthernetConnection.h"
 
 EthernetConnection::EthernetConnection(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::EthernetConnection>())
 {
     m_ui->setupUi(this);
+    AddressByte::join({m_ui->sbIPByte3, m_ui->sbIPByte2, m_ui->sbIPByte1, m_ui->sbIPByte0});
+    WheelFocus::guard(this);
     new RoomForText(this);
     for (QPushButton* button : {m_ui->btnConnect, m_ui->btnDisconnect})
         condenseText(button);

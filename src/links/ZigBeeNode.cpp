@@ -2,6 +2,7 @@
 
 #include "Bytes.h"
 #include "RoomForText_p.h"
+#include "WheelFocus.h"
 #include "ui_ZigBeeNode.h"
 
 #include <array>
@@ -20,6 +21,7 @@ std::array<QSpinBox*, 4> fields(const Ui::ZigBeeNode& form)
 ZigBeeNode::ZigBeeNode() : m_ui(std::make_unique<Ui::ZigBeeNode>())
 {
     m_ui->setupUi(this);
+    WheelFocus::guard(this);
     new RoomForText(this);
 }
 

@@ -1,5 +1,6 @@
 #include "CurrentControl.h"
 
+#include "LabelText_p.h"
 #include "Numbers.h"
 #include "ui_CurrentControl.h"
 
@@ -9,11 +10,13 @@ CurrentControl::CurrentControl(QWidget* parent)
     m_ui->setupUi(this);
     m_targetCurrent.bind(m_ui->sbTargetCurrent);
     m_actualCurrent.bind(m_ui->sbActualCurrent);
-    setUpJog(m_ui->btnJogLeft, m_ui->btnJogRight);
+    m_jogLeft.setButton(m_ui->btnJogLeft);
+    m_jogRight.setButton(m_ui->btnJogRight);
+    setUpJog(m_jogLeft, m_jogRight);
     setUpPanel(m_ui->gbCurrentControl, {&m_actualCurrent});
 }
 
-CurrentControl::~CurrentControl() { endJog(); }
+CurrentControl::~CurrentControl() = default;
 
 void CurrentControl::setTargetCurrentCommand(char type) { m_targetCurrent.setNumber(type); }
 
@@ -29,9 +32,15 @@ void CurrentControl::setActualCurrentCommandAndRange(char type, int minimum, int
     m_actualCurrent.setNumberAndRange(type, minimum, maximum);
 }
 
-void CurrentControl::setActualText(const QString& text) { m_ui->lblActualCurrent->setText(text); }
+void CurrentControl::setActualText(const QString& text)
+{
+    setLabelText(m_ui->lblActualCurrent, text);
+}
 
-void CurrentControl::setTargetText(const QString& text) { m_ui->lblTargetCurrent->setText(text); }
+void CurrentControl::setTargetText(const QString& text)
+{
+    setLabelText(m_ui->lblTargetCurrent, text);
+}
 
 void CurrentControl::setUseMSTForStop(bool use) { m_useMSTForStop = use; }
 
@@ -41,10 +50,12 @@ void CurrentControl::turn(Direction direction)
     change(m_targetCurrent, toInt(direction == Direction::Left ? -target : target));
 }
 
-void CurrentControl::halt()
+HeldButton::Stop CurrentControl::stop()
 {
-    if (m_useMSTForStop)
-        send(Instruction::MST, 0, 0);
-    else
-        change(m_targetCurrent, 0);
+    return [this, axis = MotorController(*this), number = m_targetCurrent.number()] {
+        if (m_useMSTForStop)
+            send(axis, Instruction::MST, 0, 0);
+        else
+            send(axis, Instruction::SAP, number, 0);
+    };
 }

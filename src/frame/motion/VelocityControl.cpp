@@ -1,5 +1,6 @@
 #include "VelocityControl.h"
 
+#include "LabelText_p.h"
 #include "ParameterToolTip.h"
 #include "ui_VelocityControl.h"
 
@@ -8,11 +9,13 @@ VelocityControl::VelocityControl(QWidget* parent)
 {
     m_ui->setupUi(this);
     m_actualVelocity.bind(m_ui->sbActualVelocity);
-    setUpJog(m_ui->btnJogLeft, m_ui->btnJogRight);
+    m_jogLeft.setButton(m_ui->btnJogLeft);
+    m_jogRight.setButton(m_ui->btnJogRight);
+    setUpJog(m_jogLeft, m_jogRight);
     setUpPanel(m_ui->gbVelocityControl, {&m_actualVelocity});
 }
 
-VelocityControl::~VelocityControl() { endJog(); }
+VelocityControl::~VelocityControl() = default;
 
 void VelocityControl::setActualVelocityCommand(char type) { m_actualVelocity.setNumber(type); }
 
@@ -34,9 +37,15 @@ void VelocityControl::setTargetVelocitySingleStep(int step)
     m_ui->sbTargetVelocity->setSingleStep(step);
 }
 
-void VelocityControl::setActualText(const QString& text) { m_ui->lblActualVelocity->setText(text); }
+void VelocityControl::setActualText(const QString& text)
+{
+    setLabelText(m_ui->lblActualVelocity, text);
+}
 
-void VelocityControl::setTargetText(const QString& text) { m_ui->lblTargetVelocity->setText(text); }
+void VelocityControl::setTargetText(const QString& text)
+{
+    setLabelText(m_ui->lblTargetVelocity, text);
+}
 
 void VelocityControl::turn(Direction direction)
 {
@@ -44,4 +53,7 @@ void VelocityControl::turn(Direction direction)
          m_ui->sbTargetVelocity->value());
 }
 
-void VelocityControl::halt() { send(Instruction::MST, 0, 0); }
+HeldButton::Stop VelocityControl::stop()
+{
+    return [this, axis = MotorController(*this)] { send(axis, Instruction::MST, 0, 0); };
+}
