@@ -8,7 +8,7 @@ CANConnection::CANConnection(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::CANConnection>())
 {
     m_ui->setupUi(this);
-    new RoomForText(this);
+    RoomForText::giveTo(this);
 }
 
 CANConnection::~CANConnection() = default;

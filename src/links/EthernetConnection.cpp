@@ -11,9 +11,8 @@ EthernetConnection::EthernetConnection(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::EthernetConnection>())
 {
     m_ui->setupUi(this);
-    new RoomForText(this);
-    for (QPushButton* button : {m_ui->btnConnect, m_ui->btnDisconnect})
-        condenseText(button);
+    RoomForText::giveTo(this);
+    new CondensedText(this, {m_ui->btnConnect, m_ui->btnDisconnect});
 }
 
 EthernetConnection::~EthernetConnection() = default;

@@ -2,14 +2,17 @@
 
 #include "Instruction.h"
 #include "RoomForText_p.h"
+#include "ShowsOnly_p.h"
 #include "ui_WDirectMode.h"
 
 WDirectMode::WDirectMode(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::WDirectMode>())
 {
     m_ui->setupUi(this);
-    new RoomForText(this);
-    new RoomForText(m_ui->btnSend);
+    RoomForText::giveTo(this);
+    for (QSpinBox* field : {m_ui->sbRequestAddress, m_ui->sbReplyAddress, m_ui->sbReplyCommand,
+                            m_ui->sbReplyType, m_ui->sbReplyMotorBank, m_ui->sbReplyValue})
+        new ShowsOnly(field);
     for (const InstructionName& entry : InstructionNames) {
         const int number = static_cast<int>(entry.instruction);
         m_ui->cbCommand->addItem(

@@ -2,6 +2,7 @@
 
 #include "Bytes.h"
 #include "RoomForText_p.h"
+#include "ShowsOnly_p.h"
 #include "ui_ZigBeeNode.h"
 
 #include <array>
@@ -20,7 +21,8 @@ std::array<QSpinBox*, 4> fields(const Ui::ZigBeeNode& form)
 ZigBeeNode::ZigBeeNode() : m_ui(std::make_unique<Ui::ZigBeeNode>())
 {
     m_ui->setupUi(this);
-    new RoomForText(this);
+    RoomForText::giveTo(this);
+    new ShowsOnly(m_ui->lblMACinHEX);
 }
 
 ZigBeeNode::ZigBeeNode(const char* bytes) : ZigBeeNode()

@@ -9,6 +9,8 @@
 #include "MethodName.h"
 #include "Numbers.h"
 #include "RamDebugThread.h"
+#include "RoomForText_p.h"
+#include "ShowsOnly_p.h"
 #include "SimpleScaledDrawer.h"
 #include "ui_WRamDebug.h"
 
@@ -59,7 +61,9 @@ WRamDebug::WRamDebug(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::WRamDebug>()), m_velocityUnit(tr("[rpm]"))
 {
     m_ui->setupUi(this);
+    new ShowsOnly(m_ui->sbDuration);
     fitBoxes();
+    RoomForText::giveTo(this);
     m_ui->btnStop->setEnabled(false);
     m_ui->sbTriggerValue->setEnabled(false);
     addTorqueMeasureMode();

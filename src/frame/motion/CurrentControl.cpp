@@ -1,12 +1,14 @@
 #include "CurrentControl.h"
 
 #include "Numbers.h"
+#include "ShowsOnly_p.h"
 #include "ui_CurrentControl.h"
 
 CurrentControl::CurrentControl(QWidget* parent)
     : TurnPanel(parent), m_ui(std::make_unique<Ui::CurrentControl>())
 {
     m_ui->setupUi(this);
+    new ShowsOnly(m_ui->sbActualCurrent);
     m_targetCurrent.bind(m_ui->sbTargetCurrent);
     m_actualCurrent.bind(m_ui->sbActualCurrent);
     setUpJog(m_ui->btnJogLeft, m_ui->btnJogRight);

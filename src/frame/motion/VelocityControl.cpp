@@ -1,12 +1,14 @@
 #include "VelocityControl.h"
 
 #include "ParameterToolTip.h"
+#include "ShowsOnly_p.h"
 #include "ui_VelocityControl.h"
 
 VelocityControl::VelocityControl(QWidget* parent)
     : TurnPanel(parent), m_ui(std::make_unique<Ui::VelocityControl>())
 {
     m_ui->setupUi(this);
+    new ShowsOnly(m_ui->sbActualVelocity);
     m_actualVelocity.bind(m_ui->sbActualVelocity);
     setUpJog(m_ui->btnJogLeft, m_ui->btnJogRight);
     setUpPanel(m_ui->gbVelocityControl, {&m_actualVelocity});
