@@ -64,7 +64,7 @@ private:
     void makeToolBar();
     void makeLook(const WorkbenchOptions& options);
     void applyTheme(bool on);
-    void fitList();
+    void fitToFont(const QString& sizeSheet);
     void restoreWindow(const QString& page);
     Page* currentPage() const;
     void takeOpened(const QString& link, char address);
@@ -97,6 +97,8 @@ private:
     int m_untilRate = 0;
     int m_answersBefore = 0;
     QCheckBox* m_theme;
+    QString m_extraSheet; // of the look, for the font size
+    int m_em = 12;        // px
     std::unique_ptr<MainAppStyle> m_style;
 };
 
