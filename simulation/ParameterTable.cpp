@@ -1,5 +1,6 @@
 #include "ParameterTable.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace N = AxisParameterNumber;
@@ -170,6 +171,13 @@ const ParameterTable& userVariables()
         return rows;
     }();
     return table;
+}
+
+const ParameterInfo& axisParameter(quint8 number)
+{
+    const ParameterTable& table = axisParameters();
+    return *std::find_if(table.begin(), table.end(),
+                         [number](const ParameterInfo& row) { return row.number == number; });
 }
 
 ParameterMemory::ParameterMemory(const ParameterTable& table)

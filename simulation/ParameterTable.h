@@ -75,6 +75,8 @@ using ParameterTable = std::vector<ParameterInfo>;
 
 /// The parameters of each axis, by number.
 AXRSIMULATION_EXPORT const ParameterTable& axisParameters();
+/// The axis parameter of a number that the table has.
+AXRSIMULATION_EXPORT const ParameterInfo& axisParameter(quint8 number);
 
 /// The parameters of the whole module: bank 0 of the global parameters.
 AXRSIMULATION_EXPORT const ParameterTable& moduleParameters();

@@ -1,5 +1,6 @@
 #include "CapturePage.h"
 
+#include "Entries.h"
 #include "Fitting.h"
 #include "Instruction.h"
 #include "ModuleLink.h"
@@ -41,14 +42,60 @@ CapturePage::CapturePage(ModuleLink& link)
     m_panel->setActualVelocityType(toByte(Number::ActualVelocity));
     m_panel->setActualPositionType(toByte(Number::ActualPosition));
     m_panel->setAllowDefinedMode(true);
+    m_panel->setMaxTargetTorque(axisParameter(Number::TargetCurrent).maximum);
+    m_panel->setMaxTargetVelocity(axisParameter(Number::TargetVelocity).maximum);
+    m_panel->updateTargetBounds();
+    Entries::actAtTheirEnd(m_panel, {QStringLiteral("sbMin"), QStringLiteral("sbMax")});
     connect(m_panel, &WRamDebug::measurementStarted, this, &CapturePage::begin);
     connect(m_panel, &WRamDebug::doDirectRequest, this, &CapturePage::answer);
+    connect(m_panel->findChild<QPushButton*>(QStringLiteral("btnStop")), &QPushButton::clicked,
+            this, &CapturePage::halt);
+    connect(m_panel, &QObject::destroyed, this, [this] {
+        if (m_isRunning)
+            stopAxis();
+    });
     m_start->installEventFilter(this);
 }
 
-void CapturePage::setAddress(char address) { m_panel->setAddressAndMotorBank(address, 0); }
+CapturePage::~CapturePage()
+{
+    // The stop is passed on by this page, so the panel goes before it does, and the page before the
+    // link.
+    if (m_panel)
+        m_panel->abort();
+    delete m_panel;
+}
 
-void CapturePage::refresh() { m_panel->updateValues(); }
+void CapturePage::giveUp()
+{
+    if (m_isRunning)
+        halt();
+}
+
+void CapturePage::halt()
+{
+    if (m_panel)
+        m_panel->abort();
+    stopAxis();
+}
+
+void CapturePage::stopAxis()
+{
+    emit command(Command(m_address, toByte(Instruction::MST), 0, 0, 0));
+}
+
+void CapturePage::setAddress(char address)
+{
+    m_address = address;
+    if (m_panel)
+        m_panel->setAddressAndMotorBank(address, 0);
+}
+
+void CapturePage::refresh()
+{
+    if (m_panel)
+        m_panel->updateValues();
+}
 
 void CapturePage::begin()
 {

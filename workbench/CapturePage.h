@@ -3,6 +3,8 @@
 
 #include "Page.h"
 
+#include <QPointer>
+
 class ModuleLink;
 class QPushButton;
 class WRamDebug;
@@ -10,12 +12,17 @@ class WRamDebug;
 /// The RAM capture tool on the module's recorder. Its requests wait for their answers, and the
 /// module's clock runs on meanwhile. What became of a capture is counted from the requests that
 /// pass here.
+///
+/// A capture that is stopped here is given up and its axis stopped, whereas the panel alone would
+/// still give the end target or drive back. So is one whose panel goes.
 class CapturePage : public Page
 {
     Q_OBJECT
 public:
     explicit CapturePage(ModuleLink& link);
+    ~CapturePage() override;
 
+    void giveUp() override;
     void setAddress(char address) override;
     void refresh() override;
 
@@ -29,11 +36,14 @@ protected:
 private:
     void begin();
     void end();
+    void halt();
+    void stopAxis();
     void answer(Command* request, Command* reply);
     void count(const Command& request, const Command& reply);
 
     ModuleLink& m_link;
-    WRamDebug* m_panel;
+    QPointer<WRamDebug> m_panel;
+    char m_address = 1;
     QPushButton* m_start; // usable whenever no capture runs
     bool m_isRunning = false;
     int m_elements = 0;

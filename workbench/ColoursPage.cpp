@@ -42,6 +42,8 @@ ColorPicker* ColoursPage::makePicker(const QString& name, bool withDialog)
 {
     auto* picker = new ColorPicker(this, -1, withDialog);
     picker->setObjectName(name);
+    picker->setAccessibleName(withDialog ? tr("Colour with custom colours")
+                                         : tr("Standard colour")); // its text is the choice
     picker->setMinimumSize(PickerSize);
     picker->setStandardColors();
     connect(picker, &ColorPicker::colorChanged, this, [this, picker](const QColor& color) {

@@ -1,8 +1,10 @@
 #include "ConnectionPage.h"
 
+#include "AppSettings.h"
 #include "Bytes.h"
 #include "CANConnection.h"
 #include "Connection.h"
+#include "Entries.h"
 #include "EthernetConnection.h"
 #include "ModuleLink.h"
 #include "SerialConnection.h"
@@ -16,6 +18,8 @@
 #include <QPushButton>
 #include <QSpinBox>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -28,6 +32,8 @@ constexpr int SendId = 1;
 constexpr int ReceiveId = 2;
 const QString ipAddress = QStringLiteral("192.168.1.1");
 constexpr quint16 ipPort = 1500;
+
+const QString lastLinkKey = QStringLiteral("Workbench/Link");
 
 } // namespace
 
@@ -44,10 +50,11 @@ ConnectionPage::ConnectionPage(ModuleLink& link)
     m_connection->setTitle(tr("USB"));
     m_connection->addDevice(usbPort, description);
     m_serial->addDevice(serialPort, description);
-    m_panels = {{m_connection, [this] { m_connection->setDisconnected(); }},
-                {m_serial, [this] { m_serial->setDisconnected(); }},
-                {m_can, [this] { m_can->setDisconnected(); }},
-                {m_ethernet, [this] { m_ethernet->handleConnectionRefused(); }}};
+    m_panels = {{m_connection, QStringLiteral("USB"), [this] { m_connection->setDisconnected(); }},
+                {m_serial, QStringLiteral("serial"), [this] { m_serial->setDisconnected(); }},
+                {m_can, QStringLiteral("CAN"), [this] { m_can->setDisconnected(); }},
+                {m_ethernet, QStringLiteral("Ethernet"),
+                 [this] { m_ethernet->handleConnectionRefused(); }}};
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(makePanels());
@@ -143,7 +150,23 @@ QWidget* ConnectionPage::makeWeather()
     layout->addLayout(form);
     layout->addSpacing(30);
     layout->addWidget(m_counters, 1);
+    Entries::actAtTheirEnd(box, {loss->objectName(), delay->objectName()});
     return box;
+}
+
+const ConnectionPage::LinkPanel& ConnectionPage::lastPanel() const
+{
+    const QString name = AppSettings().value(lastLinkKey, QString()).toString();
+    const auto last = std::find_if(m_panels.begin(), m_panels.end(),
+                                   [&name](const LinkPanel& each) { return each.name == name; });
+    return last == m_panels.end() ? m_panels.first() : *last;
+}
+
+QString ConnectionPage::lastLink() const { return lastPanel().name; }
+
+void ConnectionPage::connectLast()
+{
+    lastPanel().widget->findChild<QPushButton*>(QStringLiteral("btnConnect"))->click();
 }
 
 void ConnectionPage::open(QWidget* panel, const QString& link, bool reachable, char address)
@@ -156,8 +179,11 @@ void ConnectionPage::open(QWidget* panel, const QString& link, bool reachable, c
         emit message(tr("There is no module at %1").arg(link));
         return;
     }
-    for (const LinkPanel& each : qAsConst(m_panels))
+    for (const LinkPanel& each : qAsConst(m_panels)) {
         each.widget->setEnabled(each.widget == panel);
+        if (each.widget == panel)
+            AppSettings().setValue(lastLinkKey, each.name);
+    }
     emit opened(link, address);
 }
 

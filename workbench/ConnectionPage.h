@@ -23,6 +23,12 @@ public:
 
     bool worksAlone() const override { return true; }
 
+    /// Presses "Connect" of the panel whose link was open last, also in an earlier run; at first
+    /// of the first panel.
+    void connectLast();
+    /// What connectLast() connects by.
+    QString lastLink() const;
+
     /// Brings the counters up to date.
     void showCounters();
 
@@ -35,9 +41,11 @@ private:
     /// A panel with what the host does to it when its link could not be opened.
     struct LinkPanel {
         QWidget* widget;
+        QString name;
         std::function<void()> disconnected;
     };
 
+    const LinkPanel& lastPanel() const;
     QWidget* makePanels();
     QWidget* makeWeather();
     void open(QWidget* panel, const QString& link, bool reachable, char address);

@@ -30,7 +30,9 @@ ConsolePage::ConsolePage()
     auto* clear = new QPushButton(tr("Clear"));
 
     auto* tools = new QHBoxLayout;
-    tools->addWidget(new QLabel(tr("Traffic")));
+    auto* caption = new QLabel(tr("Traffic"));
+    caption->setBuddy(m_log);
+    tools->addWidget(caption);
     tools->addStretch();
     tools->addWidget(m_showReads);
     tools->addWidget(clear);

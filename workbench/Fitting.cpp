@@ -194,6 +194,7 @@ QWidget* Fitting::scrolled(QWidget* content)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(content);
     auto* scroll = new QScrollArea;
+    scroll->setAccessibleName(QScrollArea::tr("Page"));
     scroll->setWidget(whole);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);

@@ -2,6 +2,7 @@
 
 #include "GalleryWidgets.h"
 #include "MainAppStyle.h"
+#include "ScreenPicture.h"
 
 #include <QApplication>
 #include <QDir>
@@ -48,7 +49,6 @@ public:
         QWidget* sizes = m_style.setFontSize(this);
         m_sizes = sizes->findChildren<QToolButton*>(QStringLiteral("sizeBtn"));
         sizes->hide();
-        setAttribute(Qt::WA_DontShowOnScreen);
     }
 
     int sizes() const { return m_sizes.size(); }
@@ -68,7 +68,7 @@ public:
         widget->show();
         MainAppStyle::setIconsToTextColor(widget);
     }
-    QPixmap photograph(bool isEnabled, void (*prepare)(QWidget*))
+    QImage photograph(bool isEnabled, void (*prepare)(QWidget*))
     {
         m_widget->setEnabled(isEnabled);
         show();
@@ -79,7 +79,7 @@ public:
         QApplication::processEvents();
         if (prepare)
             prepare(m_widget);
-        return grab();
+        return ScreenPicture::of(this);
     }
     void clear()
     {
@@ -136,12 +136,18 @@ bool Gallery::write() const
             for (const GalleryWidget& widget : widgets) {
                 stage.setWidget(widget.make());
                 for (const Look& look : looks) {
-                    if (look.isThemed == isThemed)
-                        isFine = stage.photograph(look.isEnabled, widget.prepare)
-                                     .save(folder.filePath(look.fileName(
-                                               QString::fromLatin1(widget.name), size)),
-                                           "PNG") &&
-                                 isFine;
+                    if (look.isThemed != isThemed)
+                        continue;
+                    const QString file = look.fileName(QString::fromLatin1(widget.name), size);
+                    const QImage picture = stage.photograph(look.isEnabled, widget.prepare);
+                    if (ScreenPicture::isEmpty(picture) ||
+                        !picture.save(folder.filePath(file), "PNG")) {
+                        QTextStream(stderr) << "axrworkbench: " << file
+                                            << " is empty, not on the screen as a whole or cannot "
+                                               "be written"
+                                            << Qt::endl;
+                        isFine = false;
+                    }
                 }
             }
             stage.clear();

@@ -3,6 +3,7 @@
 #include "AppSettings.h"
 #include "Bytes.h"
 #include "Command.h"
+#include "Entries.h"
 #include "Graph.h"
 #include "Instruction.h"
 #include "ModuleLink.h"
@@ -46,14 +47,6 @@ QString caption(int axis, const ParameterInfo& parameter)
         unit.isEmpty() ? QString() : QStringLiteral(" [%1]").arg(unit));
 }
 
-const ParameterInfo& axisParameter(quint8 number)
-{
-    const ParameterTable& table = axisParameters();
-    return *std::find_if(table.begin(), table.end(), [number](const ParameterInfo& parameter) {
-        return parameter.number == number;
-    });
-}
-
 bool isAnswerTo(const Command& reply, const TraceCommand& wanted)
 {
     return reply.getAddress() == wanted.getAddress() && reply.getCommand() == wanted.getCommand() &&
@@ -86,6 +79,9 @@ GraphPage::GraphPage(const ModuleLink& link)
     m_graph->setYAxisCaption(tr("device units"));
     m_graph->setChartSelectorEnabled(true);
     m_graph->setAppSettingKey(settingsKey);
+    Entries::actAtTheirEnd(
+        this, {QStringLiteral("sbDelay"), QStringLiteral("sbMin"), QStringLiteral("sbMax")});
+    m_controller->setMinimum(link.answerTime());
     m_graph->startDrawing(); // its panel says so from the start
 
     const auto addKey = [this](const QKeySequence& key, const auto& action) {
@@ -206,6 +202,7 @@ void GraphPage::take(const Command& reply)
 
 void GraphPage::showRate(int milliseconds)
 {
+    m_controller->setMinimum(m_link.answerTime());
     const double rate = m_answers * 1000.0 / milliseconds;
     m_rate->setText(tr("%1 values, each %2 times a second")
                         .arg(curves())

@@ -18,7 +18,7 @@ class GraphPage : public Page
 {
     Q_OBJECT
 public:
-    /// \param link tells whether there is a module to ask
+    /// \param link tells whether there is a module to ask, and how often it can answer
     explicit GraphPage(const ModuleLink& link);
 
     void setAddress(char address) override;
@@ -27,7 +27,8 @@ public:
 
     /// Lets the curves run on this clock, in ms since the epoch, instead of the wall clock.
     void setClock(const std::function<qint64()>& clock);
-    /// Shows the answers of the last `milliseconds`, which passed since the last call, as a rate.
+    /// Shows the answers of the last `milliseconds`, which passed since the last call, as a rate,
+    /// and keeps the delay at what the link can answer.
     void showRate(int milliseconds);
     /// Number of curves: as many reads of this page wait at the most.
     int curves() const { return static_cast<int>(m_polled.size()); }

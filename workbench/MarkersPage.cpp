@@ -48,6 +48,7 @@ MarkersPage::MarkersPage()
 
     auto* view = new QGraphicsView(&m_scene);
     view->setObjectName(QStringLiteral("gvMarkers"));
+    view->setAccessibleName(tr("Move with markers and notes"));
     view->setRenderHint(QPainter::Antialiasing);
     view->setSceneRect(m_shown.adjusted(0, -CaptionRoom, CaptionRoom, 0));
     view->scale(Zoom, Zoom);

@@ -18,14 +18,6 @@ constexpr int SilentAfter = 3;    // time-outs in a row
 constexpr int StaleAfter = 1000;  // ms
 constexpr int QuietFor = 200;     // ms
 
-bool isAnswerTo(const Command& reply, const Command& request)
-{
-    return u8(reply.getAddress()) == u8(request.getAddress()) &&
-           u8(reply.getCommand()) == u8(request.getCommand()) &&
-           u8(reply.getType()) == u8(request.getType()) &&
-           u8(reply.getMotorBank()) == u8(request.getMotorBank());
-}
-
 bool isRepeatable(const Command& request)
 {
     return isRead(request) || carries(request.getCommand(), Instruction::RD);
@@ -94,8 +86,10 @@ bool ModuleLink::isStop(const Command& request) const
 
 void ModuleLink::stop(const Command& request)
 {
-    addOnce(Lane::Stop, request);
-    dropCommands([&request](const Command& waiting) { return isMotion(waiting, request); });
+    if (!isOnItsWay(Lane::Stop) || !isSame(request, m_onItsWay->entry.request))
+        addOnce(Lane::Stop, request);
+    tellOvertaken(
+        takeCommands([&request](const Command& waiting) { return isMotion(waiting, request); }));
 }
 
 void ModuleLink::read(const Command& request)
@@ -106,20 +100,26 @@ void ModuleLink::read(const Command& request)
 
 void ModuleLink::addOnce(Lane where, const Command& request)
 {
-    const auto same = [&request](const Entry& entry) { return isAnswerTo(entry.request, request); };
+    const auto same = [&request](const Entry& entry) { return isSame(entry.request, request); };
     auto& waiting = lane(where);
     if (std::none_of(waiting.begin(), waiting.end(), same))
         waiting.push_back({request});
 }
 
-/// Gives up the commands that a stop overtakes.
-void ModuleLink::dropCommands(const std::function<bool(const Command&)>& isDropped)
+/// Takes the commands that a stop overtakes out of their lane.
+std::deque<ModuleLink::Entry>
+ModuleLink::takeCommands(const std::function<bool(const Command&)>& isTaken)
 {
-    std::deque<Entry> dropped;
+    std::deque<Entry> taken;
     std::deque<Entry> kept;
     for (const Entry& entry : lane(Lane::Command))
-        (isDropped(entry.request) ? dropped : kept).push_back(entry);
+        (isTaken(entry.request) ? taken : kept).push_back(entry);
     lane(Lane::Command) = kept;
+    return taken;
+}
+
+void ModuleLink::tellOvertaken(const std::deque<Entry>& dropped)
+{
     const QPointer<ModuleLink> self(this);
     for (const Entry& entry : dropped) {
         if (self)
@@ -131,20 +131,35 @@ void ModuleLink::stopAll()
 {
     if (!isOpen())
         return;
-    lane(Lane::Stop).clear();
     const std::optional<OnItsWay> forgotten = std::exchange(m_onItsWay, std::nullopt);
-    for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
-        const Command stop(m_address, toByte(Instruction::MST), 0, toByte(axis), 0);
-        m_wire.send(stop); // at once for all axes; the lane then sees to the acknowledgements
-        lane(Lane::Stop).push_back({stop});
-    }
-    sendNext();
+    const std::deque<Entry> dropped = takeCommands([](const Command&) { return true; });
+    lane(Lane::Stop).clear();
+    QVector<Command> stops;
+    for (int axis = 0; axis < SimulatedModule::Axes; ++axis)
+        stops << Command(m_address, toByte(Instruction::MST), 0, toByte(axis), 0);
+    // One answer is waited for at a time: the lane sees to those of the others.
+    m_onItsWay = OnItsWay{{stops.first(), 0, 1}, Lane::Stop};
+    for (int axis = 1; axis < stops.size(); ++axis)
+        lane(Lane::Stop).push_back({stops.at(axis)});
     const QPointer<ModuleLink> self(this);
-    if (forgotten && forgotten->lane == Lane::Command)
+    transmit(stops);
+    if (self && forgotten && forgotten->lane == Lane::Command)
         emit gaveUp(forgotten->entry.request,
                     tr("overtaken by the stop; it may have been executed"));
     if (self)
-        dropCommands([](const Command&) { return true; });
+        tellOvertaken(dropped);
+}
+
+/// The one way out: everything is on the wire before anybody hears of it.
+void ModuleLink::transmit(const QVector<Command>& requests)
+{
+    for (const Command& request : requests)
+        m_wire.send(request);
+    const QPointer<ModuleLink> self(this);
+    for (const Command& request : requests) {
+        if (self)
+            emit sent(request);
+    }
 }
 
 int ModuleLink::pendingReads() const
@@ -162,12 +177,10 @@ void ModuleLink::doDirectRequest(Command* request, Command* reply)
         return;
     bool done = false;
     const QObject context;
-    const auto finish = [&](const Command& finished) {
-        done = done || isAnswerTo(finished, direct);
-    };
+    const auto finish = [&](const Command& finished) { done = done || isSame(finished, direct); };
     connect(this, &ModuleLink::answered, &context,
             [&](const Command& finished, const Command& answer) {
-                if (!done && isAnswerTo(finished, direct))
+                if (!done && isSame(finished, direct))
                     *reply = answer;
                 finish(finished);
             });
@@ -233,9 +246,7 @@ void ModuleLink::sendNext()
         waiting.pop_front();
         m_onItsWay->entry.age = 0;
         ++m_onItsWay->entry.tries;
-        const Command request = m_onItsWay->entry.request;
-        m_wire.send(request);
-        emit sent(request);
+        transmit({m_onItsWay->entry.request});
         return;
     }
 }
@@ -244,7 +255,7 @@ void ModuleLink::take(const Command& reply)
 {
     // What nobody waits for is foreign, late or a duplicate. A late answer cannot be told from the
     // wanted one when the same value was asked for again; it is then at most some time-outs old.
-    if (!isOpen() || !m_onItsWay || !isAnswerTo(reply, m_onItsWay->entry.request))
+    if (!isOpen() || !m_onItsWay || !isSame(reply, m_onItsWay->entry.request))
         return;
     const Entry entry = m_onItsWay->entry;
     if (m_onItsWay->lane == Lane::Stop && u8(reply.getStatus()) != StatusOk)

@@ -43,8 +43,9 @@ public:
     void command(const Command& request);
     /// A read. One that already waits is not queued again.
     void read(const Command& request);
-    /// Stops every axis now: overtakes everything, forgets the request on its way and drops the
-    /// commands that wait.
+    /// Stops every axis now: all stops leave at once, before everything else, and are repeated
+    /// until the module acknowledges them. The request on its way is forgotten, what waits in the
+    /// lane of the commands is given up, direct requests too.
     void stopAll();
     /// True until the module has acknowledged every stop.
     bool isStopping() const { return !lane(Lane::Stop).empty() || isOnItsWay(Lane::Stop); }
@@ -57,8 +58,11 @@ public:
     qint64 time() const { return m_time; }
     /// Milliseconds since the module last answered.
     qint64 silentFor() const { return m_sinceAnswer; }
+    /// Milliseconds until an answer comes, at least 1: asking more often only fills the lanes.
+    int answerTime() const { return qMax(1, m_wire.weather().maximumDelay); }
 
-    /// Sends the request at once and advances the module's clock until the answer or the time-out.
+    /// Sends the request at once and advances the module's clock until the answer, the time-out or
+    /// a stop.
     void doDirectRequest(Command* request, Command* reply) override;
 
     /// Runs on until no stop or command waits for its answer, a second at the most: before the
@@ -99,7 +103,9 @@ private:
     bool isStop(const Command& request) const;
     void stop(const Command& request);
     void addOnce(Lane where, const Command& request);
-    void dropCommands(const std::function<bool(const Command&)>& isDropped);
+    std::deque<Entry> takeCommands(const std::function<bool(const Command&)>& isTaken);
+    void tellOvertaken(const std::deque<Entry>& dropped);
+    void transmit(const QVector<Command>& requests);
     void tick();
     void sendNext();
     void take(const Command& reply);

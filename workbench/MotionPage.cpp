@@ -1,38 +1,29 @@
 #include "MotionPage.h"
 
 #include "CurrentControl.h"
+#include "Entries.h"
 #include "Fitting.h"
 #include "Instruction.h"
 #include "ParameterTable.h"
 #include "PositionControl.h"
 #include "ShaftView.h"
 #include "SimulatedModule.h"
+#include "SpinBox.h"
 #include "VelocityControl.h"
 #include "VelocityRampControl.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QSlider>
+
+#include <algorithm>
 
 namespace Number = AxisParameterNumber;
 
 namespace
 {
-
-struct Range {
-    int minimum;
-    int maximum;
-};
-
-Range rangeOf(quint8 number)
-{
-    for (const ParameterInfo& info : axisParameters()) {
-        if (info.number == number)
-            return {info.minimum, info.maximum};
-    }
-    return {0, 0};
-}
 
 /// The largest torque that an axis can give (Nm).
 double largestTorque(const SimulatedAxis& axis)
@@ -42,25 +33,25 @@ double largestTorque(const SimulatedAxis& axis)
 
 void setUp(VelocityControl& panel)
 {
-    const Range actual = rangeOf(Number::ActualVelocity);
+    const ParameterInfo& actual = axisParameter(Number::ActualVelocity);
     panel.setActualVelocityCommandAndRange(toByte(Number::ActualVelocity), actual.minimum,
                                            actual.maximum);
-    panel.setTargetVelocityRange(0, rangeOf(Number::MaxVelocity).maximum);
+    panel.setTargetVelocityRange(0, axisParameter(Number::MaxVelocity).maximum);
 }
 
 void setUp(CurrentControl& panel)
 {
-    const Range actual = rangeOf(Number::ActualCurrent);
+    const ParameterInfo& actual = axisParameter(Number::ActualCurrent);
     panel.setActualCurrentCommandAndRange(toByte(Number::ActualCurrent), actual.minimum,
                                           actual.maximum);
     panel.setTargetCurrentCommandAndRange(toByte(Number::TargetCurrent), 0,
-                                          rangeOf(Number::TargetCurrent).maximum);
+                                          axisParameter(Number::TargetCurrent).maximum);
 }
 
 void setUp(PositionControl& panel)
 {
-    const Range actual = rangeOf(Number::ActualPosition);
-    const Range target = rangeOf(Number::TargetPosition);
+    const ParameterInfo& actual = axisParameter(Number::ActualPosition);
+    const ParameterInfo& target = axisParameter(Number::TargetPosition);
     panel.setActualPositionCommandAndRange(toByte(Number::ActualPosition), actual.minimum,
                                            actual.maximum);
     panel.setTargetPositionCommandAndRange(toByte(Number::TargetPosition), target.minimum,
@@ -72,12 +63,15 @@ void setUp(PositionControl& panel)
 
 void setUp(VelocityRampControl& panel)
 {
-    const Range velocity = rangeOf(Number::MaxVelocity);
-    const Range acceleration = rangeOf(Number::Acceleration);
+    const ParameterInfo& velocity = axisParameter(Number::MaxVelocity);
+    const ParameterInfo& acceleration = axisParameter(Number::Acceleration);
     panel.setMaxVelocityCommandAndRange(toByte(Number::MaxVelocity), velocity.minimum,
                                         velocity.maximum);
     panel.setAccelerationCommandAndRange(toByte(Number::Acceleration), acceleration.minimum,
                                          acceleration.maximum);
+    // The range moves the 0 that stands there; as an entry of nobody it would wait for Return.
+    for (SpinBox* box : panel.findChildren<SpinBox*>())
+        box->setValue(qRound(box->value()));
     panel.setEnableRampCommand(toByte(Number::EnableRamp));
     panel.setAccelerationCaption(QStringLiteral("Acceleration [rpm/s]"));
 }
@@ -126,11 +120,18 @@ QWidget* MotionPage::makeAxis(SimulatedModule& module, int axis)
         m_panels << panel;
     }
     m_polled << velocity << current << position;
+    m_axes.push_back(
+        {position->findChild<QPushButton*>(QStringLiteral("btnMoveRelative")),
+         {{ramp->findChild<SpinBox*>(QStringLiteral("sbMaxVelocity")), quint8(Number::MaxVelocity)},
+          {ramp->findChild<SpinBox*>(QStringLiteral("sbAcceleration")),
+           quint8(Number::Acceleration)}}});
+    m_axes.back().moveRelative->setEnabled(false);
 
     auto* shaft = new ShaftView;
     m_shafts << shaft;
     auto* load = new QSlider(Qt::Horizontal);
     load->setObjectName(QStringLiteral("slLoad%1").arg(axis));
+    load->setAccessibleName(tr("Load on axis %1").arg(axis));
     load->setRange(0, 100);
     load->setToolTip(tr("Load torque on the simulated shaft, in percent of the motor's largest"));
     connect(load, &QSlider::valueChanged, this, [&module, axis](int percent) {
@@ -162,6 +163,21 @@ void MotionPage::setAddress(char address)
 {
     for (AxisPanel* panel : qAsConst(m_panels))
         panel->setAddress(address);
+    m_address = address;
+    for (const Axis& axis : m_axes)
+        axis.moveRelative->setEnabled(false);
+}
+
+bool MotionPage::isEditing(const Command& request) const
+{
+    const quint8 axis = u8(request.getMotorBank());
+    if (!carries(request.getCommand(), Instruction::GAP) || axis >= m_axes.size())
+        return false;
+    const auto& fields = m_axes[axis].fields;
+    return std::any_of(fields.begin(), fields.end(), [&request](const Field& field) {
+        return field.number == u8(request.getType()) && field.box->hasFocus() &&
+               Entries::isPending(*field.box);
+    });
 }
 
 void MotionPage::refresh()
@@ -183,6 +199,10 @@ void MotionPage::take(const Command& reply)
     Command copy = reply;
     for (AxisPanel* panel : qAsConst(m_panels))
         panel->IN_replyValue(&copy);
+    const quint8 axis = u8(reply.getMotorBank());
+    if (carries(reply.getCommand(), Instruction::GAP) && axis < m_axes.size() &&
+        u8(reply.getType()) == Number::ActualPosition && u8(reply.getAddress()) == u8(m_address))
+        m_axes[axis].moveRelative->setEnabled(true);
 }
 
 void MotionPage::showShafts(const SimulatedModule& module)

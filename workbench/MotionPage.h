@@ -3,11 +3,16 @@
 
 #include "Page.h"
 
+#include <vector>
+
 class AxisPanel;
+class QPushButton;
 class ShaftView;
 class SimulatedModule;
+class SpinBox;
 
-/// The motion panels of both axes, with a view of what each simulated shaft really does.
+/// The motion panels of both axes, with a view of what each simulated shaft really does. A relative
+/// move waits until the actual position was read once.
 class MotionPage : public Page
 {
     Q_OBJECT
@@ -18,6 +23,7 @@ public:
     void setAddress(char address) override;
     void refresh() override;
     void poll() override;
+    bool isEditing(const Command& request) const override;
     void take(const Command& reply) override;
 
     /// Draws what the simulated axes do now.
@@ -31,11 +37,22 @@ public:
     }
 
 private:
+    struct Field {
+        SpinBox* box; ///< Shows a parameter and changes it.
+        quint8 number;
+    };
+    struct Axis {
+        QPushButton* moveRelative;
+        std::vector<Field> fields;
+    };
+
     static QString panelName(const char* className, int axis);
     QWidget* makeAxis(SimulatedModule& module, int axis);
 
     QList<AxisPanel*> m_panels;
     QList<AxisPanel*> m_polled;
+    std::vector<Axis> m_axes;
+    char m_address = 1;
     QList<ShaftView*> m_shafts;
 };
 

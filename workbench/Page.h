@@ -26,13 +26,22 @@ public:
     virtual void refresh() {}
     /// Asks for what changes by itself: again and again while the page is shown.
     virtual void poll() {}
+    /// Ends what the page has under way, so that nothing of it moves an axis any more: the user
+    /// pressed the stop, or the link is about to close. The link is still open.
+    virtual void giveUp() {}
+    /// Whether the user is entering the value that this read asks for.
+    virtual bool isEditing(const Command& request) const
+    {
+        Q_UNUSED(request)
+        return false;
+    }
     /// An answer, with success or failure.
     virtual void take(const Command& reply) { Q_UNUSED(reply) }
 
 Q_SIGNALS:
     /// A command of the user.
     void command(const Command& request);
-    /// A read.
+    /// A read. It waits while the value is being edited.
     void read(const Command& request);
     /// Something for the status bar.
     void message(const QString& text);

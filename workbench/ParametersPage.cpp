@@ -1,6 +1,7 @@
 #include "ParametersPage.h"
 
 #include "Command.h"
+#include "Entries.h"
 #include "Fitting.h"
 #include "HTMLDelegate.h"
 #include "Instruction.h"
@@ -11,9 +12,7 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QStandardItemModel>
 #include <QTableView>
@@ -62,6 +61,9 @@ ParametersPage::ParametersPage()
     , m_caption(new QLabel)
     , m_value(new SpinBox)
 {
+    m_axis->setAccessibleName(tr("Axis"));
+    m_table->setAccessibleName(tr("Axis parameters"));
+    m_caption->setBuddy(m_value);
     m_axis->addItems({tr("Axis 0"), tr("Axis 1")});
     m_table->setModel(m_model);
     m_table->setItemDelegateForColumn(NameColumn, new HTMLDelegate(this));
@@ -105,23 +107,7 @@ ParametersPage::ParametersPage()
         if (m_selected >= 0)
             write(m_selected, value);
     });
-    connect(m_value->findChild<QLineEdit*>(), &QLineEdit::textEdited, this,
-            [this] { m_typing = true; });
-    m_value->installEventFilter(this);
     m_table->selectRow(0);
-}
-
-bool ParametersPage::eventFilter(QObject* watched, QEvent* event)
-{
-    // These end the typing: the field takes the digits as its value, or drops them.
-    if (event->type() == QEvent::FocusOut)
-        m_typing = false;
-    if (event->type() == QEvent::KeyRelease) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape)
-            m_typing = false;
-    }
-    return Page::eventFilter(watched, event);
 }
 
 void ParametersPage::fill()
@@ -160,7 +146,6 @@ void ParametersPage::fill()
 void ParametersPage::select(int row)
 {
     m_selected = row;
-    m_typing = false;
     if (row < 0)
         return;
     const ParameterInfo& parameter = parameterAt(row);
@@ -177,7 +162,6 @@ void ParametersPage::select(int row)
     m_caption->setText(
         m_value->setUnitParameter(describe(parameter), *parameter.unit == 0, value, 0));
     m_value->setValue(value);
-    m_value->valueHasChanged(value);
     if (!isRead)
         m_value->clear();
     m_value->setEnabled(item->isEditable());
@@ -212,6 +196,25 @@ void ParametersPage::poll()
     }
 }
 
+/// An entry waits for Return; a box that is not enabled has none.
+bool ParametersPage::isEntering() const
+{
+    return m_value->isEnabled() && Entries::isPending(*m_value);
+}
+
+bool ParametersPage::isEditing(const Command& request) const
+{
+    if (!isVisible() || !carries(request.getCommand(), Instruction::GAP) ||
+        request.getMotorBank() != axis())
+        return false;
+    const auto isEdited = [this, &request](int row) {
+        return row >= 0 && parameterAt(row).number == u8(request.getType());
+    };
+    const QModelIndex cell = m_model->index(m_table->currentIndex().row(), ValueColumn);
+    return (isEdited(m_selected) && isEntering()) ||
+           (isEdited(cell.row()) && m_table->isPersistentEditorOpen(cell));
+}
+
 void ParametersPage::take(const Command& reply)
 {
     if (!carries(reply.getCommand(), Instruction::GAP) || u8(reply.getStatus()) != StatusOk ||
@@ -226,11 +229,8 @@ void ParametersPage::take(const Command& reply)
         if (!m_table->isPersistentEditorOpen(item->index()))
             item->setData(reply.getValue(), Qt::EditRole);
         item->setEditable(isWritable(row));
-        // An entry that waits for Return stays; a box that is not enabled has none.
-        const bool isEntering = m_typing || m_value->value() != m_value->lastValue();
-        if (row == m_selected && !(m_value->isEnabled() && isEntering)) {
+        if (row == m_selected && !isEntering()) {
             m_value->setValue(reply.getValue());
-            m_value->valueHasChanged(reply.getValue());
             m_value->setEnabled(item->isEditable());
         }
     }

@@ -22,8 +22,8 @@ public:
     void setAddress(char address) override { m_address = address; }
     void refresh() override;
     void poll() override;
+    bool isEditing(const Command& request) const override;
     void take(const Command& reply) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     enum Column { NumberColumn, NameColumn, ValueColumn, RangeColumn, UnitColumn, ColumnCount };
@@ -33,6 +33,7 @@ private:
     void readRow(int row);
     void write(int row, int value);
     char axis() const;
+    bool isEntering() const;
 
     QComboBox* m_axis;
     QStandardItemModel* m_model;
@@ -44,7 +45,6 @@ private:
     int m_selected = -1;
     int m_nextRead = 0;
     bool m_filling = false;
-    bool m_typing = false; ///< Digits were typed that the field does not yet count as its value.
 };
 
 #endif

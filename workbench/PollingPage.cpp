@@ -1,8 +1,10 @@
 #include "PollingPage.h"
 
 #include "Command.h"
+#include "Entries.h"
 #include "Fitting.h"
 #include "Instruction.h"
+#include "ModuleLink.h"
 #include "ParameterTable.h"
 #include "SimulatedModule.h"
 #include "TraceController.h"
@@ -52,8 +54,9 @@ QWidget* framed(QWidget* controller, const QString& title)
 
 } // namespace
 
-PollingPage::PollingPage()
+PollingPage::PollingPage(const ModuleLink& link)
     : Page(QStringLiteral("polling"), tr("Polling"))
+    , m_link(link)
     , m_firstAxis(new WTraceController)
     , m_secondAxis(new TraceController)
     , m_table(new QTableWidget(0, ColumnCount))
@@ -78,6 +81,8 @@ PollingPage::PollingPage()
 
     connect(m_firstAxis, &WTraceController::requestTraceCommand, this, &PollingPage::request);
     connect(m_secondAxis, &TraceController::requestTraceCommand, this, &PollingPage::request);
+    Entries::actAtTheirEnd(this, {QStringLiteral("sbDelay")});
+    limitDelays();
     setAddress(1);
 }
 
@@ -131,8 +136,15 @@ void PollingPage::take(const Command& reply)
     }
 }
 
+void PollingPage::limitDelays()
+{
+    m_firstAxis->setMinimum(m_link.answerTime());
+    m_secondAxis->setMinimum(m_link.answerTime());
+}
+
 void PollingPage::showRates(int milliseconds)
 {
+    limitDelays();
     for (Value& value : m_values) {
         value.rate->setText(QString::number(value.answers * 1000.0 / milliseconds, 'f', 1));
         value.answers = 0;

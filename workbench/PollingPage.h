@@ -6,6 +6,7 @@
 
 #include <vector>
 
+class ModuleLink;
 class QTableWidget;
 class QTableWidgetItem;
 class TraceController;
@@ -18,13 +19,14 @@ class PollingPage : public Page
 {
     Q_OBJECT
 public:
-    PollingPage();
+    /// \param link tells how often it can answer
+    explicit PollingPage(const ModuleLink& link);
 
     void setAddress(char address) override;
     void take(const Command& reply) override;
 
     /// Shows the answers of the last `milliseconds` of virtual time, which passed since the last
-    /// call, as a rate.
+    /// call, as a rate, and keeps the delays at what the link can answer.
     void showRates(int milliseconds);
 
 private:
@@ -36,7 +38,9 @@ private:
     };
 
     void request(const TraceCommand* wanted);
+    void limitDelays();
 
+    const ModuleLink& m_link;
     WTraceController* m_firstAxis;
     TraceController* m_secondAxis;
     QTableWidget* m_table;

@@ -1,5 +1,6 @@
 #include "RampMove.h"
 
+#include "CommandText.h"
 #include "Instruction.h"
 #include "ModuleLink.h"
 #include "ParameterTable.h"
@@ -12,14 +13,6 @@ namespace
 constexpr int AnswerWithin = 1000; // ms; later nobody expects the axis to move any more
 constexpr int StandsFor = 2000;    // ms, after which it is not on its way to the target
 constexpr int MostSamples = 4000;
-
-bool isSame(const Command& one, const Command& other)
-{
-    return u8(one.getAddress()) == u8(other.getAddress()) &&
-           u8(one.getCommand()) == u8(other.getCommand()) &&
-           u8(one.getType()) == u8(other.getType()) &&
-           u8(one.getMotorBank()) == u8(other.getMotorBank());
-}
 
 } // namespace
 
@@ -74,6 +67,12 @@ void RampMove::abandon()
 {
     if (m_state != State::Idle)
         end(tr("no longer followed"));
+}
+
+void RampMove::giveUp()
+{
+    if (m_state == State::Preparing)
+        end(tr("overtaken by the stop"));
 }
 
 void RampMove::sendStep()

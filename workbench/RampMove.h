@@ -41,6 +41,8 @@ public:
     void start(char address, const Plan& plan);
     /// Forgets what was still to be sent. An axis that moves goes on.
     void abandon();
+    /// As abandon(), for a stop: one that moves already is followed until it stands.
+    void giveUp();
     /// An answer of the module, whoever asked.
     void take(const Command& reply);
     /// Asks again for what got lost: while the page is shown.

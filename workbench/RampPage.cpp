@@ -15,7 +15,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -30,6 +29,7 @@ namespace
 constexpr double TimeFactor = 131072.0 / 16000000.0;
 constexpr double StepsPerSecond = 2 / (256 * TimeFactor);
 constexpr double Minute = 60; // s
+constexpr double ToMilliseconds = 1000;
 
 // The calculation's drawing area, of which only proportions are used.
 constexpr double Margin = 20;
@@ -52,34 +52,6 @@ const struct {
                   {"sbDeceleration", "DMAX", LargestAcceleration, 2000},
                   {"sbD1", "D1", LargestAcceleration, 3000},
                   {"sbVStop", "VSTOP", LargestVelocity, 1000}};
-
-const ParameterInfo& axisParameter(quint8 number)
-{
-    const ParameterTable& table = axisParameters();
-    return *std::find_if(table.begin(), table.end(), [number](const ParameterInfo& parameter) {
-        return parameter.number == number;
-    });
-}
-
-/// The calculation tells its duration in its text only. In ms.
-double durationIn(const QString& text)
-{
-    static const QRegularExpression times(
-        QStringLiteral("<></b>  ([0-9.,]+)(?: \\+ ([0-9.,]+))? ms"));
-    const QRegularExpressionMatch match = times.match(text);
-    double sum = 0;
-    for (int part = 1; part <= match.lastCapturedIndex(); ++part)
-        sum += match.captured(part).remove(QLatin1Char(',')).toDouble();
-    return sum;
-}
-
-/// The text stands its peak velocity in pointed brackets, which rich text would take for a tag.
-QString shown(QString text)
-{
-    static const QRegularExpression peak(QStringLiteral("<([0-9.,]+)(> |(?=<htm>))"));
-    text.replace(peak, QStringLiteral("&lt;\\1&gt; "));
-    return text.replace(QStringLiteral("<></b>"), QStringLiteral("</b>"));
-}
 
 QLabel* makeText(const char* name)
 {
@@ -154,6 +126,7 @@ QWidget* RampPage::makeMove()
     m_distance->setValue(100000.0);
     m_axis = new QComboBox;
     m_axis->setObjectName(QStringLiteral("cmbRampAxis"));
+    m_axis->setAccessibleName(tr("Axis"));
     for (int axis = 0; axis < SimulatedModule::Axes; ++axis)
         m_axis->addItem(tr("Axis %1").arg(axis));
     m_left = new QCheckBox(tr("to the left"));
@@ -223,8 +196,10 @@ QString RampPage::obstacle(const RampMove::Plan& plan) const
 void RampPage::calculate()
 {
     m_ramp.ramp(m_parameters, false, m_distance->value());
-    m_result->setText(shown(m_ramp.str()));
-    const double duration = durationIn(m_ramp.str());
+    // Rich text takes the peak that the calculation's own text may tell for a tag.
+    m_result->setText(tr("Peak velocity %1. ").arg(BasicTools::intInsertDot(m_ramp.peak(), 1)) +
+                      m_ramp.str());
+    const double duration = m_ramp.duration() * ToMilliseconds;
     const double top = qMax(1.0, m_maxVelocity->value()); // as the calculation takes it
     const QPolygonF polygon = m_ramp.polygon();
     QPolygonF corners;

@@ -34,6 +34,7 @@ public:
     explicit RampPage(const ModuleLink& link);
 
     bool worksAlone() const override { return true; }
+    void giveUp() override { m_move.giveUp(); }
     void setAddress(char address) override;
     void refresh() override;
     void poll() override;

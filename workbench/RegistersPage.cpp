@@ -37,7 +37,12 @@ public:
         const bool isValue = index.column() == RegistersPage::RawColumn ||
                              index.column() == RegistersPage::PhysicalColumn ||
                              index.column() == RegistersPage::BitsColumn;
-        return isValue ? QStyledItemDelegate::createEditor(parent, option, index) : nullptr;
+        QWidget* editor =
+            isValue ? QStyledItemDelegate::createEditor(parent, option, index) : nullptr;
+        if (editor)
+            editor->setAccessibleName(
+                index.model()->headerData(index.column(), Qt::Horizontal).toString());
+        return editor;
     }
 };
 
@@ -105,6 +110,7 @@ RegistersPage::RegistersPage()
     colours.setColor(QPalette::WindowText, QColor(QStringLiteral("tomato")));
     m_error->setPalette(colours);
     m_tree->setObjectName(QStringLiteral("twRegisters"));
+    m_tree->setAccessibleName(tr("Registers"));
     m_tree->setHeaderLabels(
         {tr("Register"), tr("Raw"), tr("Physical"), tr("Bits"), tr("Access"), tr("Meaning")});
     m_tree->setItemDelegate(new ValueDelegate(m_tree));

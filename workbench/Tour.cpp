@@ -14,7 +14,9 @@
 #include "ParametersPage.h"
 #include "PollingPage.h"
 #include "PositionControl.h"
+#include "ScreenPicture.h"
 #include "SerialConnection.h"
+#include "ShaftView.h"
 #include "SpinBox.h"
 #include "TourInput.h"
 #include "TraceCommand.h"
@@ -30,6 +32,7 @@
 #include <QComboBox>
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QGraphicsView>
 #include <QKeyEvent>
 #include <QLabel>
@@ -54,6 +57,8 @@ namespace
 constexpr double Velocity = 500.0;
 constexpr int PollDelay = 5;     // ms between two ticks
 constexpr int TickWithin = 1000; // ms of real time
+constexpr int PictureTime = 300; // ms of real time that a page is seen before its picture
+constexpr int MotionTime = 200;  // ms of real time between two pictures of what lives
 
 QString panelName(const char* panel, int axis)
 {
@@ -192,6 +197,7 @@ void Tour::turnAndStop()
     expectNumber(
         QStringLiteral("turn right: the simulated axis [rpm]"),
         [&] { return module.axis(0).velocity(); }, Velocity, 1, 0);
+    expectMotion(m_bench.findChild<ShaftView*>(), QStringLiteral("the shaft of axis 0 turns"));
     photograph(QStringLiteral("motion"));
     click(find<QPushButton>(QStringLiteral("btnStop"), panel));
     expectNumber(
@@ -457,7 +463,7 @@ void Tour::pickColours()
                QStringLiteral("Tomato (#ff6347)"), 0);
     expectText(
         QStringLiteral("the button's own picture, at its centre"),
-        [&] { return picker->grab().toImage().pixelColor(picker->rect().center()).name(); },
+        [&] { return ScreenPicture::of(picker).pixelColor(picker->rect().center()).name(); },
         QStringLiteral("#ff6347"), 0);
 
     // The custom colours are the user's; so the dialog is looked at and refused.
@@ -637,10 +643,32 @@ void Tour::expectText(const QString& done, const std::function<QString()>& text,
     check(done, expected, text(), ok);
 }
 
+void Tour::runLive(int milliseconds)
+{
+    QElapsedTimer clock;
+    clock.start();
+    for (qint64 passed = 0; passed < milliseconds;) {
+        QApplication::processEvents(QEventLoop::AllEvents, Step);
+        const qint64 now = clock.elapsed();
+        m_bench.advance(static_cast<int>(now - passed));
+        passed = now;
+    }
+}
+
+void Tour::expectMotion(const QWidget* widget, const QString& what)
+{
+    const QImage before = ScreenPicture::of(widget);
+    runLive(MotionTime);
+    const QImage after = ScreenPicture::of(widget);
+    check(what + QStringLiteral(" on the screen"), QStringLiteral("two pictures differ"),
+          before == after ? QStringLiteral("alike") : QStringLiteral("they do"),
+          !before.isNull() && before != after);
+}
+
 void Tour::photograph(const QString& page, const QString& name)
 {
     m_bench.showPage(page);
-    QApplication::processEvents();
+    runLive(PictureTime);
     photographWidget(&m_bench, QStringLiteral("page \"%1\"").arg(page),
                      name.isEmpty() ? page : name);
 }
@@ -648,9 +676,12 @@ void Tour::photograph(const QString& page, const QString& name)
 void Tour::photographWidget(QWidget* widget, const QString& what, const QString& name)
 {
     const QString file = QDir(m_folder).filePath(name + QStringLiteral(".png"));
-    const bool saved = widget->grab().save(file, "PNG");
-    check(QStringLiteral("picture of the %1").arg(what), QStringLiteral("written"),
-          QFileInfo(file).fileName(), saved);
+    const QImage picture = ScreenPicture::of(widget);
+    const bool isEmpty = ScreenPicture::isEmpty(picture);
+    const bool isSaved = picture.save(file, "PNG");
+    check(QStringLiteral("picture of the %1").arg(what), QStringLiteral("written, not empty"),
+          QFileInfo(file).fileName() + (isEmpty ? QStringLiteral(", empty") : QString()),
+          isSaved && !isEmpty);
 }
 
 bool Tour::writeReport() const

@@ -8,6 +8,7 @@
 
 #include <functional>
 
+class QWidget;
 class ValueOverTimeGraph;
 
 /// One scripted commissioning session: drives the workbench's widgets as a user would, on the
@@ -45,6 +46,7 @@ private:
     void selectCurves(ValueOverTimeGraph* graph);
     void capture();
     void captureByEachTrigger();
+    void expectCaptureOnScreen();
     void saveCapture();
     void stopCapture();
     void captureInBadWeather();
@@ -70,8 +72,13 @@ private:
                       double tolerance, int within);
     void expectText(const QString& done, const std::function<QString()>& text,
                     const QString& expected, int within);
+    /// Lets the workbench run at the speed of the real clock, as a user sees it.
+    void runLive(int milliseconds);
     void photograph(const QString& page, const QString& name = QString());
     void photographWidget(QWidget* widget, const QString& what, const QString& name);
+    /// Two pictures of the widget, some frames apart, have to differ.
+    void expectMotion(const QWidget* widget, const QString& what);
+    void expectCurvesAt(ValueOverTimeGraph* graph);
     bool writeReport() const;
 
     /// Ends the program when there is no such widget.

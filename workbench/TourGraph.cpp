@@ -3,14 +3,17 @@
 #include "Bytes.h"
 #include "Command.h"
 #include "Graph.h"
+#include "GraphItem.h"
 #include "GraphPage.h"
 #include "GraphSelector.h"
 #include "MarkerItem.h"
+#include "ScreenPicture.h"
 #include "Tour.h"
 #include "TourInput.h"
 #include "ValueOverTimeGraph.h"
 #include "VelocityControl.h"
 #include "WTraceController.h"
+#include "XTimeAxisItem.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -33,6 +36,8 @@ using namespace TourInput;
 
 namespace
 {
+
+constexpr int LiveTime = 1500; // ms of real time
 
 /// What the module said, beside what the graph made of it.
 struct Answer {
@@ -92,6 +97,9 @@ void Tour::watchCurves()
         QStringLiteral("refresh rate of the curves"),
         [this] { return find<QLabel>(QStringLiteral("lblPolled"))->text(); },
         QStringLiteral("4 values, each 50.0 times a second"), 0);
+    runLive(LiveTime);
+    expectMotion(graph->findChild<QGraphicsView*>()->viewport(), QStringLiteral("the curves move"));
+    expectCurvesAt(graph);
     photograph(QStringLiteral("graph"));
 
     const auto* panel = find<QWidget>(QStringLiteral("graphController"), graph);
@@ -131,6 +139,59 @@ void Tour::watchCurves()
     m_bench.showPage(QStringLiteral("motion"));
     click(find<QPushButton>(QStringLiteral("btnStop"), motion));
     pass(2 * Settle);
+}
+
+/// Each curve has its colour where its samples of the last second belong.
+void Tour::expectCurvesAt(ValueOverTimeGraph* graph)
+{
+    constexpr int AgeStep = 100;     // ms
+    constexpr int OldestAge = 1000;  // ms
+    constexpr double PixelTime = 10; // ms
+    constexpr int Reach = 4;         // px, for what came between picture and probe
+    auto* view = graph->findChild<QGraphicsView*>();
+    double bottomValue = 0;
+    double topValue = 0;
+    QRectF area;
+    const QObject context;
+    for (QGraphicsItem* item : view->scene()->items()) {
+        if (auto* axis = dynamic_cast<XTimeAxisItem*>(item))
+            QObject::connect(axis, &XTimeAxisItem::updateMinMaxValue, &context,
+                             [&](qreal least, qreal greatest) {
+                                 bottomValue = least;
+                                 topValue = greatest;
+                             });
+    }
+    runLive(LiveTime / 5);
+    const QImage picture = ScreenPicture::of(view->viewport());
+    const qint64 now = m_bench.time();
+    for (QGraphicsItem* item : view->scene()->items()) {
+        if (dynamic_cast<GraphItem*>(item))
+            area = item->mapRectToScene(item->boundingRect());
+    }
+    QStringList seen;
+    bool isFine = !area.isEmpty() && topValue > bottomValue && !picture.isNull();
+    for (const Graph* curve : graph->getGraphs()) {
+        int probes = 0;
+        int hits = 0;
+        for (int age = AgeStep; isFine && age <= OldestAge; age += AgeStep) {
+            const QList<TValue> values = curve->getValues();
+            const auto sample =
+                std::find_if(values.rbegin(), values.rend(),
+                             [now, age](const TValue& value) { return value.time <= now - age; });
+            if (sample == values.rend())
+                continue;
+            const QPointF place(area.right() - (now - sample->time) / PixelTime,
+                                area.bottom() - (sample->value - bottomValue) /
+                                                    (topValue - bottomValue) * area.height());
+            ++probes;
+            hits += ScreenPicture::hasNear(picture, view->mapFromScene(place), curve->getColor(),
+                                           Reach);
+        }
+        seen << QStringLiteral("%1 of %2").arg(hits).arg(probes);
+        isFine = isFine && probes > 0 && 2 * hits >= probes; // another curve may cover it
+    }
+    check(QStringLiteral("each curve on the screen, where its samples belong"),
+          QStringLiteral("its colour"), seen.join(QStringLiteral(", ")), isFine);
 }
 
 void Tour::exportCurves(ValueOverTimeGraph* graph)

@@ -1,5 +1,6 @@
 // The steps of the tour that change the look of the workbench.
 
+#include "ScreenPicture.h"
 #include "Tour.h"
 #include "TourInput.h"
 
@@ -38,7 +39,9 @@ double luminance(const QColor& colour)
 /// The largest contrast of a widget's picture to its ground, 1 to 21.
 double contrast(QWidget* widget)
 {
-    const QImage picture = widget->grab().toImage();
+    const QImage picture = ScreenPicture::of(widget);
+    if (picture.isNull())
+        return 0;
     const double ground = luminance(picture.pixelColor(picture.width() / 20, picture.height() / 2));
     double largest = 1;
     for (int y = 0; y < picture.height(); ++y) {

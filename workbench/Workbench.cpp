@@ -16,24 +16,27 @@
 #include "RampPage.h"
 #include "RegistersPage.h"
 #include "SharedConstants.h"
+#include "WheelFocus.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QDateTime>
 #include <QFile>
+#include <QGridLayout>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QStatusBar>
-#include <QToolBar>
 #include <QToolButton>
+
+#include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -73,29 +76,37 @@ Workbench::Workbench(const WorkbenchOptions& options)
     , m_list(new QListWidget)
     , m_stack(new QStackedWidget)
     , m_strip(new QLabel)
+    , m_connect(new QPushButton)
+    , m_notice(new QLabel)
     , m_progress(new QProgressBar)
     , m_rate(new QLabel)
     , m_time(QDateTime::currentMSecsSinceEpoch())
     , m_theme(new QCheckBox(tr("Dark blue")))
     , m_style(std::make_unique<MainAppStyle>(this))
+    , m_guard(this)
 {
     m_link.wire().setSilent(options.silent);
     setWindowTitle(tr("AXR workbench"));
     setWindowIcon(QIcon(QStringLiteral(":/Workbench/Icon")));
 
-    m_strip->setObjectName(QStringLiteral("lblLinkState"));
-    m_strip->setAlignment(Qt::AlignCenter);
-    m_strip->setMargin(4);
     m_list->setObjectName(QStringLiteral("lwPages"));
+    m_list->setAccessibleName(tr("Pages"));
     m_list->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
 
-    auto* row = new QHBoxLayout;
-    row->addWidget(m_list);
-    row->addWidget(m_stack, 1);
+    makePages();
+    m_notice->setObjectName(QStringLiteral("lblNeedsLink"));
+    m_notice->setStyleSheet(QStringLiteral(
+        "QLabel { background: #fff8d8; color: black; border: 1px solid #806000; padding: 16px }"));
+
+    auto* row = new QGridLayout;
+    row->addWidget(m_list, 0, 0);
+    row->addWidget(m_stack, 0, 1);
+    row->addWidget(m_notice, 0, 1, Qt::AlignCenter); // over the page
+    row->setColumnStretch(1, 1);
     auto* centre = new QWidget;
     auto* column = new QVBoxLayout(centre);
     column->setContentsMargins(4, 4, 4, 4);
-    column->addWidget(m_strip);
+    column->addWidget(makeStrip());
     column->addLayout(row, 1);
     setCentralWidget(centre);
     m_progress->setObjectName(QStringLiteral("prgFetch"));
@@ -104,18 +115,22 @@ Workbench::Workbench(const WorkbenchOptions& options)
     statusBar()->addPermanentWidget(m_progress);
     statusBar()->addPermanentWidget(m_rate);
 
-    makePages();
-    makeToolBar();
-    connect(m_list, &QListWidget::currentRowChanged, m_stack, &QStackedWidget::setCurrentIndex);
+    connect(m_list, &QListWidget::currentRowChanged, this, [this](int page) {
+        m_stack->setCurrentIndex(page);
+        showLinkState();
+    });
     connect(&m_link, &ModuleLink::stateChanged, this, &Workbench::showLinkState);
     connect(&m_link, &ModuleLink::answered, this, &Workbench::takeAnswer);
     connect(&m_link, &ModuleLink::gaveUp, this, &Workbench::takeFailure);
     connect(&m_clock, &QTimer::timeout, this,
             [this] { advance(static_cast<int>(qMin<qint64>(m_realTime.restart(), LongestStep))); });
-    qApp->installEventFilter(this);
+    connect(&m_guard, &StopGuard::stop, this, &Workbench::stopAxes);
+    WheelFocus::guard(this);
     makeLook(options);
     restoreWindow(options.page);
     showLinkState();
+    if (options.connect)
+        m_connection->connectLast();
 }
 
 Workbench::~Workbench()
@@ -143,7 +158,7 @@ void Workbench::makePages()
     m_connection = new ConnectionPage(m_link);
     m_console = new ConsolePage;
     m_motion = new MotionPage(m_link.module());
-    m_polling = new PollingPage;
+    m_polling = new PollingPage(m_link);
     m_graph = new GraphPage(m_link);
     if (m_unattended)
         m_graph->setClock([this] { return m_time; });
@@ -169,7 +184,7 @@ void Workbench::makePages()
         }
         m_stack->addWidget(page);
         connect(page, &Page::command, &m_link, &ModuleLink::command);
-        connect(page, &Page::read, &m_link, &ModuleLink::read);
+        connect(page, &Page::read, this, &Workbench::ask);
         connect(page, &Page::message, this, &Workbench::tell);
         connect(page, &Page::progressed, this, &Workbench::showProgress);
     }
@@ -180,21 +195,20 @@ void Workbench::makePages()
     connect(&m_link, &ModuleLink::gaveUp, m_console, &ConsolePage::logFailure);
 }
 
-void Workbench::makeToolBar()
+QWidget* Workbench::makeStrip()
 {
-    QToolBar* bar = addToolBar(tr("Safety"));
-    bar->setObjectName(QStringLiteral("safetyBar"));
-    bar->setMovable(false);
-    auto* stop = new QToolButton;
-    stop->setObjectName(QStringLiteral("btnStopAll"));
-    stop->setText(tr("STOP all axes (F12)"));
-    stop->setToolTip(tr("Stops every axis before anything else that waits is sent"));
-    stop->setStyleSheet(QStringLiteral(
-        "QToolButton { background: #c62828; color: white; font-weight: bold; padding: 6px 18px; "
-        "border: 1px solid #7f1010; border-radius: 4px } QToolButton:pressed { background: "
-        "#8e1c1c }"));
-    connect(stop, &QToolButton::pressed, this, &Workbench::stopAxes);
-    bar->addWidget(stop);
+    m_strip->setObjectName(QStringLiteral("lblLinkState"));
+    m_strip->setAlignment(Qt::AlignCenter);
+    m_strip->setMargin(4);
+    m_connect->setObjectName(QStringLiteral("btnConnectLast"));
+    m_connect->setToolTip(tr("Connects the link that was used last"));
+    connect(m_connect, &QPushButton::clicked, m_connection, &ConnectionPage::connectLast);
+    auto* strip = new QWidget;
+    auto* row = new QHBoxLayout(strip);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(m_strip, 1);
+    row->addWidget(m_connect);
+    return strip;
 }
 
 void Workbench::makeLook(const WorkbenchOptions& options)
@@ -272,6 +286,7 @@ void Workbench::closeEvent(QCloseEvent* event)
         settings.setValue(pageKey, currentPage()->name());
     }
     hide(); // a jog button that is held stops its axis now
+    giveUp();
     m_link.finishCommands();
     QMainWindow::closeEvent(event);
 }
@@ -289,24 +304,33 @@ bool Workbench::showPage(const QString& name)
 
 Page* Workbench::currentPage() const { return m_pages.at(qMax(0, m_stack->currentIndex())); }
 
-bool Workbench::eventFilter(QObject* watched, QEvent* event)
-{
-    // On the application, so that it works whatever has the focus, an open dialog too.
-    if (event->type() == QEvent::KeyPress) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        if (key->key() == Qt::Key_F12) {
-            if (!key->isAutoRepeat())
-                stopAxes();
-            return true;
-        }
-    }
-    return QMainWindow::eventFilter(watched, event);
-}
-
 void Workbench::stopAxes()
 {
     m_link.stopAll();
+    giveUp();
     showLinkState();
+}
+
+void Workbench::giveUp()
+{
+    for (Page* page : qAsConst(m_pages))
+        page->giveUp();
+}
+
+/// An answer would overwrite an entry: what is being edited is asked for afterwards.
+void Workbench::ask(const Command& request)
+{
+    const bool isEdited = std::any_of(m_pages.begin(), m_pages.end(), [&request](const Page* page) {
+        return page->isEditing(request);
+    });
+    const auto isWaiting = [this, &request] {
+        return std::any_of(m_withheld.begin(), m_withheld.end(),
+                           [&request](const Command& each) { return isSame(each, request); });
+    };
+    if (!isEdited)
+        m_link.read(request);
+    else if (!isWaiting())
+        m_withheld << request;
 }
 
 void Workbench::startClock()
@@ -330,6 +354,8 @@ void Workbench::advanceSlice(int milliseconds)
     m_untilPoll -= milliseconds;
     if (m_untilPoll <= 0) {
         m_untilPoll = PollInterval;
+        for (const Command& request : std::exchange(m_withheld, {}))
+            ask(request);
         if (m_link.isOpen() && m_link.pendingReads() <= m_graph->curves())
             currentPage()->poll();
         m_motion->showShafts(m_link.module());
@@ -359,6 +385,8 @@ void Workbench::takeOpened(const QString& link, char address)
 
 void Workbench::takeClosed()
 {
+    giveUp();
+    m_withheld.clear();
     m_link.finishCommands();
     const bool isStopLost = m_link.isStopping();
     m_link.close();
@@ -374,8 +402,8 @@ void Workbench::takeAnswer(const Command& request, const Command& reply)
         tell(tr("The module refused %1: %2").arg(requestText(request), replyText(reply)));
     // A written parameter is read back, so that what is shown is what the module took.
     if (carries(request.getCommand(), Instruction::SAP))
-        m_link.read(Command(request.getAddress(), toByte(Instruction::GAP), request.getType(),
-                            request.getMotorBank(), 0));
+        ask(Command(request.getAddress(), toByte(Instruction::GAP), request.getType(),
+                    request.getMotorBank(), 0));
 }
 
 void Workbench::takeFailure(const Command& request, const QString& reason)
@@ -409,6 +437,13 @@ void Workbench::showLinkState()
         m_strip->setStyleSheet(sheet);
     for (Page* page : qAsConst(m_pages))
         page->setEnabled(m_link.isOpen() || page->worksAlone());
+    if (!m_link.isOpen())
+        m_connect->setText(tr("&Connect (%1)").arg(m_connection->lastLink()));
+    m_connect->setVisible(!m_link.isOpen());
+    m_notice->setText(tr("\"%1\" needs a link to a module.\n\nConnect above (Alt+C), or choose a "
+                         "link on the first page (Ctrl+1).")
+                          .arg(currentPage()->title()));
+    m_notice->setVisible(!currentPage()->isEnabled());
 }
 
 void Workbench::tell(const QString& text) { statusBar()->showMessage(text, MessageTime); }

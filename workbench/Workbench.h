@@ -2,6 +2,7 @@
 #define WORKBENCH_H
 
 #include "ModuleLink.h"
+#include "StopGuard.h"
 #include "WorkbenchOptions.h"
 
 #include <QElapsedTimer>
@@ -17,15 +18,15 @@ class MainAppStyle;
 class MotionPage;
 class Page;
 class PollingPage;
-class QAction;
 class QCheckBox;
 class QLabel;
 class QListWidget;
 class QProgressBar;
+class QPushButton;
 class QStackedWidget;
 
 /// The reference host: owns the link, routes every answer to the pages, shows whether the module
-/// answers, and stops the axes on F12 whatever page is open.
+/// answers, and stops the axes whatever page, popup or dialog is open.
 class Workbench : public QMainWindow
 {
     Q_OBJECT
@@ -51,22 +52,24 @@ public:
     QString linkText() const;
 
 public Q_SLOTS:
-    /// Stops every axis at once, before everything that waits.
+    /// Stops every axis at once, before everything that waits, and gives up what the pages have
+    /// under way: nothing of it moves an axis afterwards.
     void stopAxes();
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
     void advanceSlice(int milliseconds);
     void makePages();
-    void makeToolBar();
+    QWidget* makeStrip();
     void makeLook(const WorkbenchOptions& options);
     void applyTheme(bool on);
     void fitToFont(const QString& sizeSheet);
     void restoreWindow(const QString& page);
     Page* currentPage() const;
+    void ask(const Command& request);
+    void giveUp();
     void takeOpened(const QString& link, char address);
     void takeClosed();
     void takeAnswer(const Command& request, const Command& reply);
@@ -88,6 +91,8 @@ private:
     QListWidget* m_list;
     QStackedWidget* m_stack;
     QLabel* m_strip;
+    QPushButton* m_connect;
+    QLabel* m_notice;
     QProgressBar* m_progress;
     QLabel* m_rate;
     qint64 m_time; // ms since the epoch, on the virtual clock
@@ -100,6 +105,8 @@ private:
     QString m_extraSheet; // of the look, for the font size
     int m_em = 12;        // px
     std::unique_ptr<MainAppStyle> m_style;
+    QVector<Command> m_withheld; // reads of values that are being edited
+    StopGuard m_guard;
 };
 
 #endif

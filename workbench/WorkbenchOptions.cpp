@@ -107,6 +107,7 @@ WorkbenchOptions WorkbenchOptions::parse(const QStringList& arguments, const QSt
         option("tour", "Run the tour, write pictures and report.txt into DIR, and end.", "DIR"),
         option("gallery", "Write pictures of every widget and index.html into DIR, and end.",
                "DIR"),
+        option("connect", "Connect the link used last, at first the USB one, at the start."),
         option("page", "Open the page NAME.", "NAME"),
         option("photo", "Photograph the page into FILE, and end.", "FILE"),
         option("theme", "Switch the dark blue look on or off.", "on|off"),
@@ -130,6 +131,7 @@ WorkbenchOptions WorkbenchOptions::parse(const QStringList& arguments, const QSt
     options.galleryFolder = reader.value(QStringLiteral("gallery"));
     options.photoFile = reader.value(QStringLiteral("photo"));
     options.page = reader.value(QStringLiteral("page"));
+    options.connect = parser.isSet(QStringLiteral("connect"));
     options.silent = parser.isSet(QStringLiteral("silent"));
     if (!options.page.isEmpty() && !pages.contains(options.page))
         reader.complain(QStringLiteral("there is no page \"%1\"; there are: %2")

@@ -22,9 +22,10 @@ struct WorkbenchOptions {
     std::optional<bool> theme; ///< The dark blue look; empty: the last choice.
     int fontSize = 0;          ///< 8, 12, 16 or 20 px, as by a click; 0: the last choice.
     Weather weather;
-    bool silent = false; ///< The module starts silent.
+    bool connect = false; ///< Connect the link used last at the start.
+    bool silent = false;  ///< The module starts silent.
 
-    /// True when nobody sits in front of it: no settings are kept and no display is needed.
+    /// True when nobody sits in front of it: no settings are kept.
     bool unattended() const
     {
         return !tourFolder.isEmpty() || !photoFile.isEmpty() || !galleryFolder.isEmpty();

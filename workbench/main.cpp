@@ -1,4 +1,5 @@
 #include "Gallery.h"
+#include "ScreenPicture.h"
 #include "Tour.h"
 #include "Workbench.h"
 
@@ -24,7 +25,7 @@ int photograph(Workbench& bench, const QString& file)
 {
     bench.show();
     Tour::settle(bench);
-    if (!bench.grab().save(file, "PNG"))
+    if (!ScreenPicture::of(&bench).save(file, "PNG"))
         return failure(QStringLiteral("cannot write the photo \"%1\"").arg(file));
     return EXIT_SUCCESS;
 }
@@ -56,12 +57,10 @@ int main(int argc, char* argv[])
     }
 
     if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
-        qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        if (!options.unattended())
-            return failure(
-                QStringLiteral("there is no display; --tour, --photo and --gallery need none"));
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
+        qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        return failure(
+            QStringLiteral("there is no display; xvfb-run makes a virtual one, for --tour, --photo "
+                           "and --gallery too, whose pictures are those of the screen"));
 
     QApplication app(argc, argv);
     QTemporaryDir settings;

@@ -2,9 +2,12 @@
 
 #include "Bytes.h"
 #include "Command.h"
+#include "FieldFace_p.h"
+#include "WheelFocus.h"
 
 #include <QGroupBox>
 #include <QPointer>
+#include <QSpinBox>
 
 AxisPanel::AxisPanel(QWidget* parent) : QWidget(parent) {}
 
@@ -14,6 +17,9 @@ void AxisPanel::setUpPanel(QGroupBox* frame, std::initializer_list<AxisParameter
 {
     m_frame = frame;
     m_readBack = readBack;
+    for (QSpinBox* field : frame->findChildren<QSpinBox*>())
+        FieldFace::of(field);
+    WheelFocus::guard(this);
 }
 
 void AxisPanel::setTitle(const QString& title) { m_frame->setTitle(title); }
@@ -36,7 +42,7 @@ void AxisPanel::IN_replyValue(Command* reply)
     const char type = reply->getType();
     const int value = reply->getValue();
     for (int i = 0; self && i < m_readBack.size(); ++i) {
-        const AxisParameter& parameter = *m_readBack.at(i);
+        AxisParameter& parameter = *m_readBack.at(i);
         if (u8(parameter.number()) == u8(type) && isTaken(parameter))
             parameter.show(value);
     }

@@ -36,8 +36,15 @@ Q_SIGNALS:
 
 public Q_SLOTS:
     /// The one way in. Takes a GAP reply with the panel's address and motor bank; its value goes to
-    /// every parameter that has the reply's type. Anything else, and null, is ignored. A check box
-    /// or group box that really changes sends its value back once.
+    /// every parameter read back that has the reply's type, and only to what the panel reads back:
+    /// the number of a target is none of these. Anything else, an echo of a SAP and null are
+    /// ignored; the status is not looked at.
+    ///
+    /// A field shows what its range lets it show, with a sign in front of a number that is less
+    /// than the reply; some panels drop a reply above the maximum instead, without a sign. An entry
+    /// that the user was typing goes. A field with a Return to wait for sends nothing; a check box,
+    /// combo box, group box or plain field whose change is sent sends a value that really changes
+    /// it back once.
     void IN_replyValue(Command* reply);
 
 protected:

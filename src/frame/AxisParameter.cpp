@@ -1,5 +1,6 @@
 #include "AxisParameter.h"
 
+#include "FieldFace_p.h"
 #include "ParameterToolTip.h"
 #include "SpinBox.h"
 
@@ -16,7 +17,18 @@ void AxisParameter::bindBox(Box* box)
     m_show = [box](int value) { box->setValue(value); };
 }
 
-void AxisParameter::bind(QSpinBox* field) { bindBox(field); }
+void AxisParameter::bind(QSpinBox* field)
+{
+    bindBox(field);
+    m_face = FieldFace::of(field);
+    m_show = [field, shownBy = m_face](int value) {
+        const QPointer<FieldFace> face(
+            shownBy); // a host may delete the panel when the field changes
+        field->setValue(value);
+        if (face)
+            face->tell(value);
+    };
+}
 
 void AxisParameter::bind(SpinBox* field, Excess excess)
 {
@@ -61,8 +73,11 @@ void AxisParameter::setNumberAndRange(char number, int minimum, int maximum)
     setNumber(number);
 }
 
-void AxisParameter::show(int value) const
+void AxisParameter::show(int value)
 {
+    m_reported = value;
     if (m_show)
         m_show(value);
 }
+
+bool AxisParameter::isClipped() const { return m_face && m_face->isClipped(); }

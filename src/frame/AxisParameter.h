@@ -6,7 +6,9 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 
+class FieldFace;
 class QAbstractButton;
 class QGroupBox;
 class QSpinBox;
@@ -18,7 +20,8 @@ class SpinBox;
 class AXRGUI_EXPORT AxisParameter
 {
 public:
-    /// What a reply above the field's maximum does.
+    /// What a reply above the field's maximum does: it shows as the maximum, with a sign, or leaves
+    /// the field as it is, without one. A reply below the minimum is always clipped.
     enum Excess { Clip, Drop };
 
     AxisParameter() = default;
@@ -42,8 +45,13 @@ public:
 
     QWidget* widget() const { return m_widget; }
 
-    /// Shows a value that the module reported.
-    void show(int value) const;
+    /// Shows a value that the module reported. A field shows what its range lets it show, and a
+    /// sign in front of the number when that is less.
+    void show(int value);
+    /// The value reported last, also one that was clipped or dropped; none before the first.
+    std::optional<int> reported() const { return m_reported; }
+    /// Whether a QSpinBox shows less than was reported, by its range or by one that came later.
+    bool isClipped() const;
 
 private:
     template <class Box>
@@ -51,6 +59,8 @@ private:
 
     char m_number = 0;
     QWidget* m_widget = nullptr;
+    FieldFace* m_face = nullptr; // of a QSpinBox
+    std::optional<int> m_reported;
     std::function<QString(char)> m_toolTip;
     std::function<void(int, int)> m_setRange;
     std::function<void(int)> m_show;

@@ -33,6 +33,8 @@ QValidator::State DoubleValidator::validate(QString& input, int& pos) const
     auto* spin = qobject_cast<SpinBox*>(parent() ? parent()->parent() : nullptr);
     if (!spin)
         return QDoubleValidator::validate(input, pos);
+    if (spin->m_isRewriting) // no entry, but the box at work on its own text
+        return Acceptable;
     if (!spin->specialValueText().isEmpty() && input == spin->specialValueText())
         return Acceptable;
 

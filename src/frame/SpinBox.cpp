@@ -2,8 +2,11 @@
 
 #include "BasicTools.h"
 #include "DoubleValidator.h"
+#include "FieldFace_p.h"
+#include "FieldText_p.h"
 #include "Numbers.h"
 #include "ToolTip.h"
+#include "WheelFocus.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -26,14 +29,7 @@ constexpr double ResultMaximum = 9.99e99;
 constexpr int StripHeight = 20;
 constexpr int MarkerWidth = 10;
 constexpr double ClockFrequency = 16000000.0;
-constexpr QLatin1Char Point('.');
-
-bool isDigit(QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); }
-
-int digitsIn(const QString& text)
-{
-    return static_cast<int>(std::count_if(text.begin(), text.end(), isDigit));
-}
+constexpr QLatin1Char Point = FieldText::Point;
 
 /// What a key replaces: the selection, or nothing at the caret.
 struct Replaced {
@@ -45,6 +41,11 @@ struct Replaced {
     int from;
     int to;
 };
+
+bool isReturn(const QKeyEvent* event)
+{
+    return event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+}
 
 bool isTyped(const QKeyEvent* event)
 {
@@ -76,6 +77,13 @@ SpinBox::SpinBox(QWidget* parent, QFlags<SpinBox::Option> options)
     installEventFilter(this);
     connect(this, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this, &SpinBox::valueToInt);
     setKeyboardTracking(false);
+    m_face = new FieldFace(
+        this, [this] { return shown().number(); }, [this] { return entrySign(); });
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this] {
+        m_touched = true;
+        followNumber();
+    });
+    WheelFocus::guard(this);
     if (has(ChangedOnEnter))
         blockSignals(true);
 }
@@ -181,18 +189,54 @@ void SpinBox::updateStyleSheet()
 
 void SpinBox::setValue(double value)
 {
-    if (setValueSilently(value))
-        validateShown();
+    if (!setValueSilently(value))
+        return;
+    validateShown();
+    m_face->tell(value);
 }
 
 void SpinBox::setValue(int value)
 {
+    const double entered = shown().number();
+    const bool isTyping = entered != this->value();
+    const bool isReplaced =
+        m_touched && !m_sending && entered != value && (hasEntry() || hasFocus());
     if (has(ChangedOnEnter))
         setLastValue(value); // nobody hears of it, and no gold flashes up in between
     if (!setValueSilently(value))
         return;
     setLastValue(value);
     validateShown();
+    m_face->tell(value);
+    if (!isReplaced)
+        return;
+    m_face->showOverwritten();
+    if (isTyping || hasFocus()) // or the next digit would join the ones that came
+        selectAll();
+}
+
+bool SpinBox::hasEntry() const
+{
+    return m_touched && shown().number() != (has(ChangedOnEnter) ? m_lastValue : value());
+}
+
+bool SpinBox::isOutside() const
+{
+    const double number = shown().number();
+    return number < minimum() || number > maximum();
+}
+
+/// What the colours of the entry do not say: the validator leaves a text with a decimal point in
+/// the colours that it had.
+FieldSign SpinBox::entrySign() const
+{
+    const double number = shown().number();
+    if (std::isnan(number))
+        return FieldSign::None;
+    if (isOutside())
+        return m_entry == Entry::Invalid ? FieldSign::None : FieldSign::Outside;
+    const bool isPending = has(ChangedOnEnter) && number != m_lastValue;
+    return isPending && m_entry != Entry::Pending ? FieldSign::Pending : FieldSign::None;
 }
 
 /// Sets the base value; false when a receiver of its signals destroyed the box. A box that lets
@@ -202,6 +246,7 @@ bool SpinBox::setValueSilently(double value)
 {
     const QPointer<SpinBox> self(this);
     const bool wasBlocked = signalsBlocked();
+    m_touched = false;
     if (has(ChangedOnEnter))
         blockSignals(true);
     keepSelected([this, value] { QDoubleSpinBox::setValue(value); });
@@ -250,6 +295,7 @@ void SpinBox::doValidation()
     int pos = 0;
     if (const QValidator* validator = lineEdit()->validator())
         validator->validate(text, pos);
+    followNumber();
 }
 
 void SpinBox::setPulseDivisorFactor(int pulseDivisor)
@@ -264,14 +310,48 @@ void SpinBox::externItemMouseReleased() { emit valueChanged(roundToInt(value()))
 
 void SpinBox::valueHasChanged(double value)
 {
-    if (!m_unitText.contains(QLatin1Char('%')) || m_unitText == QLatin1String(" [%]")) {
-        keepSelected([this] { setSuffix(m_unitText); });
-        return;
-    }
-    const double real = value * m_factor * m_pulseFactor;
+    const bool isReal =
+        m_unitText.contains(QLatin1Char('%')) && m_unitText != QLatin1String(" [%]");
+    m_realSuffix = isReal ? realSuffix(value) : QString();
+    keepSelected([this, isReal] { setSuffix(isReal ? m_realSuffix : m_unitText); });
+    m_followed = shown().number();
+}
+
+QString SpinBox::realSuffix(double value) const
+{
     QString text = m_unitText;
-    text.replace(QLatin1String("%1"), QStringLiteral("%1").arg(real, 2, 'f', 2));
-    keepSelected([this, &text] { setSuffix(QStringLiteral(" [") + text + QLatin1Char(']')); });
+    text.replace(QLatin1String("%1"),
+                 QStringLiteral("%1").arg(value * m_factor * m_pulseFactor, 2, 'f', 2));
+    return QStringLiteral(" [") + text + QLatin1Char(']');
+}
+
+/// Keeps the real value that of the number in the text, also of one that is still being typed.
+/// Nothing happens while the number stays, or behind a suffix that a host set.
+void SpinBox::followNumber()
+{
+    const FieldText before = shown();
+    const double number = before.number();
+    if (m_realSuffix.isEmpty() || suffix() != m_realSuffix || std::isnan(number) ||
+        number == m_followed)
+        return;
+    m_followed = number;
+    m_realSuffix = realSuffix(number);
+
+    // The base class shows its value anew; what stands there, and was judged, comes back.
+    QLineEdit* edit = lineEdit();
+    const Replaced caret(edit);
+    const bool isSelected = edit->hasSelectedText();
+    const QSignalBlocker silent(edit);
+    m_isRewriting = true;
+    setSuffix(m_realSuffix);
+    edit->setText(before.text.left(before.end()) + m_realSuffix);
+    m_isRewriting = false;
+    if (isSelected)
+        edit->setSelection(caret.from, qMin(caret.to, before.end()) - caret.from);
+    else
+        edit->setCursorPosition(caret.from);
+    if (decimals() == 0) // else it did not grow with the number
+        growWith(edit->text());
 }
 
 void SpinBox::valueToInt(double value)
@@ -284,13 +364,15 @@ void SpinBox::valueToInt(double value)
     if (!self || this->value() != shown)
         return;
     emit valueChanged(value, last);
-    if (self && this->value() == shown)
-        setLastValue(value);
+    if (!self || this->value() != shown)
+        return;
+    setLastValue(value);
+    m_face->tell(shown);
 }
 
 void SpinBox::sendValue()
 {
-    if (m_sending)
+    if (m_sending || isOutside())
         return;
     {
         const QSignalBlocker silent(this);
@@ -298,6 +380,7 @@ void SpinBox::sendValue()
     }
     const double sent = value();
     if (sent == m_lastValue) {
+        m_touched = false;
         validateShown();
         return;
     }
@@ -319,8 +402,11 @@ void SpinBox::sendValue()
     if (!self)
         return;
     m_sending = false;
-    if (m_confirmations == confirmations) // else a reply came meanwhile, and it counts
+    if (m_confirmations == confirmations) { // else a reply came meanwhile, and it counts
+        m_touched = false;
         setLastValue(sent);
+        m_face->tell(sent);
+    }
     blockSignals(wasBlocked);
     validateShown();
 }
@@ -360,22 +446,89 @@ QSize SpinBox::sizeHint() const
     return hint;
 }
 
+void SpinBox::stepBy(int steps)
+{
+    const QPointer<SpinBox> self(this);
+    m_touched = true;
+    QDoubleSpinBox::stepBy(steps);
+    if (self)
+        followNumber();
+}
+
+QStyleOptionSpinBox SpinBox::drawnFrame() const
+{
+    QStyleOptionSpinBox frame;
+    initStyleOption(&frame);
+    if (has(Slider))
+        frame.rect.adjust(0, 0, 0, -StripHeight);
+    return frame;
+}
+
+/// The base class takes the arrows to be as high as the whole box; over a strip they are drawn less
+/// high. So it is told the middle of what it takes for the part that is drawn there.
+QPoint SpinBox::placeForBase(QPoint place) const
+{
+    if (!has(Slider))
+        return place;
+    const QStyleOptionSpinBox drawn = drawnFrame();
+    const QStyle::SubControl hit =
+        style()->hitTestComplexControl(QStyle::CC_SpinBox, &drawn, place, this);
+    const bool isArrow = hit == QStyle::SC_SpinBoxUp || hit == QStyle::SC_SpinBoxDown;
+    QStyleOptionSpinBox whole;
+    initStyleOption(&whole);
+    return style()
+        ->subControlRect(QStyle::CC_SpinBox, &whole, isArrow ? hit : QStyle::SC_SpinBoxEditField,
+                         this)
+        .center();
+}
+
+QMouseEvent SpinBox::forBase(const QMouseEvent& event) const
+{
+    return QMouseEvent(event.type(), placeForBase(event.pos()), event.windowPos(),
+                       event.screenPos(), event.button(), event.buttons(), event.modifiers());
+}
+
+bool SpinBox::event(QEvent* event)
+{
+    if (has(Slider) &&
+        (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverMove)) {
+        const auto* hover = static_cast<QHoverEvent*>(event);
+        QHoverEvent mapped(hover->type(), placeForBase(hover->pos()), hover->oldPosF(),
+                           hover->modifiers());
+        update();
+        return QDoubleSpinBox::event(&mapped);
+    }
+    return QDoubleSpinBox::event(event);
+}
+
 void SpinBox::mousePressEvent(QMouseEvent* event)
 {
-    if (has(Slider) && event->y() > lineEdit()->geometry().bottom())
+    m_heldAboveStrip = has(Slider) && event->y() <= lineEdit()->geometry().bottom();
+    if (has(Slider) && !m_heldAboveStrip)
         return;
-    QDoubleSpinBox::mousePressEvent(event);
+    QMouseEvent mapped = forBase(*event);
+    QDoubleSpinBox::mousePressEvent(&mapped);
+    event->setAccepted(mapped.isAccepted());
+}
+
+void SpinBox::mouseReleaseEvent(QMouseEvent* event)
+{
+    m_heldAboveStrip = false;
+    QDoubleSpinBox::mouseReleaseEvent(event);
 }
 
 void SpinBox::mouseMoveEvent(QMouseEvent* event)
 {
-    if (!has(Slider) || isReadOnly() || !(maximum() > minimum())) {
-        QDoubleSpinBox::mouseMoveEvent(event);
+    if (!has(Slider) || isReadOnly() || m_heldAboveStrip || !(maximum() > minimum())) {
+        QMouseEvent mapped = forBase(*event);
+        QDoubleSpinBox::mouseMoveEvent(&mapped);
+        event->setAccepted(mapped.isAccepted());
         return;
     }
     const double dragged = (maximum() - minimum()) * event->x() / qMax(1, width());
     if (dragged == value())
         return;
+    m_touched = true;
     {
         const QSignalBlocker silent(this);
         QDoubleSpinBox::setValue(dragged);
@@ -384,44 +537,14 @@ void SpinBox::mouseMoveEvent(QMouseEvent* event)
     repaint();
 }
 
-int SpinBox::numberStart() const { return prefix().size(); }
-
-int SpinBox::numberEnd() const
-{
-    const QString text = lineEdit()->text();
-    return qMax(numberStart(),
-                text.endsWith(suffix()) ? text.size() - suffix().size() : text.size());
-}
-
-QString SpinBox::number(int from, int to) const
-{
-    return lineEdit()->text().mid(from, qMax(0, to - from));
-}
-
-bool SpinBox::hasPoint() const { return number(numberStart(), numberEnd()).contains(Point); }
-
-/// The leftmost place with so many digits of the number right of it, so that the caret stands
-/// before a point or a comma, never behind.
-int SpinBox::caretBefore(int digitsRight) const
-{
-    const QString text = lineEdit()->text();
-    int caret = numberEnd();
-    for (int digits = 0; caret > numberStart(); --caret) {
-        const bool digit = isDigit(text.at(caret - 1));
-        if (digit && digits == digitsRight)
-            break;
-        digits += digit;
-        if (!digit && text.at(caret - 1) == QLatin1Char('-'))
-            break;
-    }
-    return caret;
-}
+FieldText SpinBox::shown() const { return {lineEdit()->text(), prefix(), suffix()}; }
 
 /// Prefix and suffix may hold digits, too: nothing of them is replaced.
 void SpinBox::confineToNumber()
 {
     QLineEdit* edit = lineEdit();
-    const auto inside = [this](int at) { return qBound(numberStart(), at, numberEnd()); };
+    const FieldText shown = this->shown();
+    const auto inside = [&shown](int at) { return qBound(shown.start(), at, shown.end()); };
     const int from = inside(edit->selectionStart());
     if (edit->hasSelectedText())
         edit->setSelection(from, inside(edit->selectionEnd()) - from);
@@ -434,7 +557,7 @@ void SpinBox::confineToNumber()
 void SpinBox::selectToDelete(bool forward, bool word)
 {
     QLineEdit* edit = lineEdit();
-    const int last = forward ? numberEnd() : numberStart();
+    const int last = forward ? shown().end() : shown().start();
     const int step = forward ? 1 : -1;
     int caret = edit->cursorPosition();
     const auto next = [&] { return edit->text().at(forward ? caret : caret - 1); };
@@ -451,11 +574,14 @@ template <class Change>
 void SpinBox::keepCaret(Change change)
 {
     const Replaced replaced(lineEdit());
-    const QString right = number(replaced.to, numberEnd());
-    const bool wholeUnits = !(number(numberStart(), replaced.from) + right).contains(Point);
+    const FieldText before = shown();
+    const QString right = before.between(replaced.to, before.end());
+    const bool wholeUnits =
+        !(before.between(before.start(), replaced.from) + right).contains(Point);
     change();
-    const int added = wholeUnits && hasPoint() ? decimals() : 0;
-    lineEdit()->setCursorPosition(caretBefore(digitsIn(right) + added));
+    const FieldText after = shown();
+    const int added = wholeUnits && after.hasPoint() ? decimals() : 0;
+    lineEdit()->setCursorPosition(after.caretBefore(FieldText::digitsIn(right) + added));
 }
 
 /// A point typed where the number has its own steps behind it; the digits that follow then replace
@@ -466,12 +592,13 @@ void SpinBox::typePoint()
         return;
     QLineEdit* edit = lineEdit();
     const Replaced replaced(edit);
-    const QString right = number(replaced.to, numberEnd());
-    if (right.isEmpty() && !number(numberStart(), replaced.from).contains(Point))
+    const FieldText before = shown();
+    const QString right = before.between(replaced.to, before.end());
+    if (right.isEmpty() && !before.between(before.start(), replaced.from).contains(Point))
         edit->insert(Point + QString(decimals(), QLatin1Char('0')));
     else if (edit->hasSelectedText() || !right.startsWith(Point))
         return;
-    edit->setCursorPosition(caretBefore(decimals()) + 1);
+    edit->setCursorPosition(shown().caretBefore(decimals()) + 1);
     m_fraction = true;
 }
 
@@ -487,10 +614,11 @@ void SpinBox::typeIntoNumber(QKeyEvent* event)
     }
     const int caret = Replaced(edit).from;
     const bool wasFraction = std::exchange(m_fraction, false);
-    if (!isDigit(typed) && (typed != QLatin1Char('-') || caret != numberStart()))
+    const FieldText before = shown();
+    if (!FieldText::isDigit(typed) && (typed != QLatin1Char('-') || caret != before.start()))
         return;
-    if (wasFraction && !edit->hasSelectedText() && caret < numberEnd() &&
-        number(numberStart(), caret).contains(Point)) {
+    if (wasFraction && !edit->hasSelectedText() && caret < before.end() &&
+        before.between(before.start(), caret).contains(Point)) {
         edit->setSelection(caret, 1);
         m_fraction = true;
     }
@@ -504,6 +632,10 @@ void SpinBox::keyPressEvent(QKeyEvent* event)
     const bool cuts = event->modifiers() & Qt::ShiftModifier;
     const bool forward = event->key() == Qt::Key_Delete && !cuts;
     const bool deletes = forward || event->key() == Qt::Key_Backspace;
+    if (isReturn(event) && isOutside()) { // the base class would put the value back
+        event->accept();
+        return;
+    }
     if (isReadOnly() || special || !qobject_cast<const DoubleValidator*>(edit->validator()) ||
         !(deletes || isTyped(event))) {
         QDoubleSpinBox::keyPressEvent(event);
@@ -528,7 +660,11 @@ void SpinBox::focusOutEvent(QFocusEvent* event)
     const QPointer<SpinBox> self(this);
     m_fraction = false;
     QDoubleSpinBox::focusOutEvent(event); // shows the value again
-    if (self && m_entry != Entry::Clean)
+    if (!self)
+        return;
+    followNumber();
+    m_touched = hasEntry();
+    if (m_entry != Entry::Clean)
         validateShown();
 }
 
@@ -546,14 +682,16 @@ void SpinBox::keyReleaseEvent(QKeyEvent* event)
                 lineEdit()->setText(text(maximum()));
             else if (event->key() == Qt::Key_End)
                 lineEdit()->setText(text(minimum()));
-            if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End)
-                lineEdit()->setCursorPosition(numberEnd());
+            if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End) {
+                lineEdit()->setCursorPosition(shown().end());
+                m_touched = true;
+            }
         }
         doValidation();
-    } else if (has(ChangedOnEnter) &&
-               (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+    } else if (has(ChangedOnEnter) && isReturn(event)) {
         sendValue();
     } else if (has(ResetOnEscape) && event->key() == Qt::Key_Escape) {
+        m_touched = false;
         QDoubleSpinBox::setValue(m_lastValue);
         if (self)
             validateShown();
@@ -569,9 +707,7 @@ void SpinBox::paintEvent(QPaintEvent* event)
         return;
     }
     QPainter painter(this);
-    QStyleOptionSpinBox frame;
-    initStyleOption(&frame);
-    frame.rect.adjust(0, 0, 0, -StripHeight);
+    const QStyleOptionSpinBox frame = drawnFrame();
     style()->drawComplexControl(QStyle::CC_SpinBox, &frame, &painter, this);
 
     const QRect strip = sliderStrip();

@@ -6,12 +6,30 @@
 
 #include <QDoubleSpinBox>
 
+class FieldFace;
+enum class FieldSign;
+struct FieldText;
+
 /// The numeric field of the panels: shows a device value in device units, can show it in real units
 /// behind, is typed in with a fixed decimal point, and can hold a change back until Return.
 ///
-/// A change that waits for Return shows gold, an entry out of range crimson. Range at the start
-/// -2147483647..2147483647, no decimals, right-aligned, keyboard tracking off. The box always uses
-/// the C locale: in another one, digit groups and decimal point would read back as a wrong value.
+/// A change that waits for Return shows gold, an entry out of range crimson. These colours are a
+/// style sheet of the box and of its line edit, which replaces what a host set there, and they
+/// follow texts of digits alone: a text with a decimal point keeps the colours that it had. What
+/// they do not say, a small sign in front of the number says:
+/// - an arrow of the Return key: the entry waits for Return;
+/// - "!": the entry is out of range;
+/// - ">" or "<": the box was told more, or less, than its range lets it show;
+/// - an arrow from above, for a second and a half: a reply replaced the entry;
+/// - three dots: not all digits have room, even narrowed.
+///
+/// Return on an entry out of range sends nothing and keeps the text; Escape, or leaving the box,
+/// shows the value again. Releasing Ctrl-Home or Ctrl-End enters the maximum or minimum divided by
+/// factor and pulse factor, which with factors below 1 is out of range.
+///
+/// Range at the start -2147483647..2147483647, no decimals, right-aligned, keyboard tracking off.
+/// Without focus the wheel goes to the page round the box. The box always uses the C locale: in
+/// another one, digit groups and decimal point would read back as a wrong value.
 ///
 /// setMaximum(), setValue() and the valueChanged signals hide those of the base class; a caller
 /// that holds a QDoubleSpinBox* gets no validation.
@@ -20,9 +38,11 @@ class AXRGUI_EXPORT SpinBox : public QDoubleSpinBox
     Q_OBJECT
 public:
     enum Option {
-        ReadOnly = 1,        ///< Read-only, without step buttons.
-        Result = 2,          ///< Read-only with "result: " in front; maximum 9.99e99.
-        Slider = 4,          ///< A strip under the field shows the value and takes drags.
+        ReadOnly = 1, ///< Read-only, without step buttons.
+        Result = 2,   ///< Read-only with "result: " in front; maximum 9.99e99.
+        /// A strip under the field shows the value and takes drags, which send nothing. Its left
+        /// end stands for 0 and its right one for maximum - minimum, whatever the minimum is.
+        Slider = 4,
         NoDots = 8,          ///< The text stays as typed, without digit groups.
         ChangedOnEnter = 16, ///< Signals stay blocked; only sendValue() lets a change out.
         ResetOnEscape = 32   ///< Escape puts the last value back.
@@ -46,6 +66,10 @@ public:
     /// The value last confirmed or received, with which a pending entry is compared.
     double lastValue() const { return m_lastValue; }
 
+    /// Whether the user entered a number, by keys, arrows, wheel or drag, that is not yet
+    /// confirmed, or something that is none. A reply that comes now replaces it.
+    bool hasEntry() const;
+
     /// Configures the box from a device parameter. An invalid parameter disables the box and shows
     /// "---"; a later valid one does not enable it again.
     /// An empty unit format leaves the suffix as it is.
@@ -60,24 +84,32 @@ public:
     void updateStyleSheet();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
+    bool event(QEvent* event) override;
+    void stepBy(int steps) override;
     QSize sizeHint() const override;
 
 public Q_SLOTS:
     /// Shows a value without taking it as confirmed: with ChangedOnEnter it may show as pending.
     /// Emits nothing then.
     void setValue(double value);
-    /// Applies a reply: the value counts as confirmed. Emits nothing with ChangedOnEnter.
+    /// Applies a reply: the value counts as confirmed. Emits nothing with ChangedOnEnter. An entry
+    /// of the user goes; the number that replaces it is then selected as a whole, so that the next
+    /// digit typed does not join it, and a sign shows for a moment. Outside the range lastValue()
+    /// is still the value given, and a sign stands before the bound that is shown.
     void setValue(int value);
     /// Runs the line edit's validator on the present text for its colours and width.
     void doValidation();
-    /// Pulse factor = 2^-pulseDivisor x 16000000 / 65536; the real-unit display follows at the next
-    /// valueHasChanged().
+    /// Pulse factor = 2^-pulseDivisor x 16000000 / 65536; the real-unit display follows when the
+    /// number changes, or at the next valueHasChanged(). Drops an entry that is being typed.
     void setPulseDivisorFactor(int pulseDivisor);
-    /// Real units per device unit, default 1. Shows at the next valueHasChanged().
+    /// Real units per device unit, default 1. Shows when the number changes, or at the next
+    /// valueHasChanged().
     void setFactor(double factor);
     /// Emits valueChanged(int) with the rounded value, as a dial does that moved the box silently.
     void externItemMouseReleased();
-    /// Rebuilds the suffix for a value in device units.
+    /// Rebuilds the suffix for a value in device units. By itself the real value in it follows
+    /// every change of the number, also while it is typed; not in a suffix that the host set
+    /// instead.
     void valueHasChanged(double value);
     /// Emits both forms of valueChanged, rounded by qRound, then takes the value as confirmed. When
     /// a receiver sets another value, that one goes out and counts, and the rest is left out.
@@ -85,7 +117,7 @@ public Q_SLOTS:
     /// Confirms the entry: takes typed text, and when the value differs from the last one, emits
     /// valueChanged(double, double), valueChanged(int) with the value cut toward zero, and the
     /// base's valueChanged(QString). The signals are afterwards blocked or not as before. Called
-    /// from one of these signals it does nothing.
+    /// from one of these signals, or with a text out of range, it does nothing.
     void sendValue();
 
 Q_SIGNALS:
@@ -99,6 +131,7 @@ Q_SIGNALS:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -120,11 +153,11 @@ private:
     bool setValueSilently(double value);
     void setBounds(double minimum, double maximum);
     void validateShown();
-    int numberStart() const;
-    int numberEnd() const;
-    QString number(int from, int to) const;
-    bool hasPoint() const;
-    int caretBefore(int digitsRight) const;
+    FieldText shown() const;
+    bool isOutside() const;
+    FieldSign entrySign() const;
+    QString realSuffix(double value) const;
+    void followNumber();
     void confineToNumber();
     void selectToDelete(bool forward, bool word);
     void typePoint();
@@ -139,11 +172,16 @@ private:
     void growWith(const QString& text);
     QString boundText(double bound) const;
     QRect sliderStrip() const;
+    QStyleOptionSpinBox drawnFrame() const;
+    QPoint placeForBase(QPoint place) const;
+    QMouseEvent forBase(const QMouseEvent& event) const;
 
     double m_factor = 1.0;
     double m_pulseFactor = 1.0;
     double m_lastValue = 0.0;
     QString m_unitText;
+    QString m_realSuffix;    // the last one made of it with a real value
+    double m_followed = 0.0; // the number shown when that was made
     Options m_options;
     int m_apNumber = -1;
     QPoint m_lastCursorPos;
@@ -151,6 +189,10 @@ private:
     bool m_fraction = false; // the next digit replaces one behind the typed point
     bool m_tipShown = false;
     bool m_sending = false;
+    bool m_touched = false; // by the user, since a value was set
+    bool m_isRewriting = false;
+    bool m_heldAboveStrip = false; // a press that began there does not drag
+    FieldFace* m_face;
     unsigned m_confirmations = 0; // tells an emitter that a reply came inside its emission
 };
 

@@ -4,6 +4,7 @@
 #include "DrawerArea.h"
 #include "SelectionTable_p.h"
 #include "TraceCommand.h"
+#include "WheelFocus.h"
 #include "ui_ChartSelector.h"
 
 #include <QColorDialog>
@@ -13,10 +14,11 @@ ChartSelector::ChartSelector(QWidget* parent, DrawerArea* area, QList<TraceComma
     : m_ui(std::make_unique<Ui::ChartSelector>())
 {
     m_ui->setupUi(this);
+    WheelFocus::guard(this);
     setWindowTitle(
         tr("Select charts for \"%1\" graph").arg(parent ? parent->windowTitle() : QString()));
-    SelectionTable::setUp(m_ui->twAvailable, false);
-    SelectionTable::setUp(m_ui->twSelected, false);
+    SelectionTable::setUp(m_ui->twAvailable, false, m_ui->lblRow);
+    SelectionTable::setUp(m_ui->twSelected, false, m_ui->lblRow);
     const QList<Chart*> charts = area ? *area->getCharts() : QList<Chart*>();
     for (const Chart* chart : charts)
         SelectionTable::append(m_ui->twSelected,

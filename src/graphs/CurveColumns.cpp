@@ -12,27 +12,37 @@ void CurveColumns::append(double value, qint64 time)
 {
     add(value, time);
     while (!m_columns.isEmpty() && m_columns.front().slot < m_timeOutSlot)
-        m_columns.removeFirst();
+        removeFirst();
+    while (!isAscending() && m_columns.size() > MostUnordered)
+        removeFirst();
+}
+
+void CurveColumns::removeFirst()
+{
+    if (m_columns.size() > 1 && m_columns[1].slot < m_columns[0].slot)
+        --m_descents;
+    m_columns.removeFirst();
 }
 
 void CurveColumns::add(double value, qint64 time)
 {
     if (std::isnan(value))
         return;
-    const qint64 slot = slotOf(time);
-    if (m_frozen && !m_columns.isEmpty() && m_columns.back().slot > slot) {
+    if (time <= m_frozenUntil) {
         m_incomplete = true;
         return;
     }
-    while (!m_columns.isEmpty() && m_columns.back().slot > slot)
-        m_columns.removeLast();
-    if (m_columns.isEmpty() || m_columns.back().slot < slot) {
-        // a line from the column before leads to this one
-        m_change = qMin(m_change, m_columns.isEmpty() ? slot : m_columns.back().slot);
+    const qint64 slot = slotOf(time);
+    m_change = qMin(m_change, slot);
+    if (m_columns.isEmpty() || m_columns.back().slot != slot) {
+        if (!m_columns.isEmpty()) { // a line from the column before leads to this one
+            const qint64 before = m_columns.back().slot;
+            m_change = qMin(m_change, before);
+            m_descents += before > slot;
+        }
         m_columns.append({slot, time, value, value, value, value});
         return;
     }
-    m_change = qMin(m_change, slot);
     Column& column = m_columns.back();
     column.lowest = qMin(column.lowest, value);
     column.highest = qMax(column.highest, value);
@@ -44,6 +54,7 @@ void CurveColumns::clear()
     if (!m_columns.isEmpty())
         m_change = qMin(m_change, m_columns.front().slot);
     m_columns.clear();
+    m_descents = 0;
     m_incomplete = false;
 }
 

@@ -7,13 +7,13 @@
 
 #include <limits>
 
-/// What of a curve can be seen, kept as the samples arrive: those of one pixel column, 10 ms of the
-/// clock, are folded into a stroke. A frame then costs what its columns cost, however many samples
-/// there were, and while time passes the strokes only move to the left.
+/// What of a curve can be seen, kept as the samples arrive: successive ones of one pixel column, 10
+/// ms of the clock, are folded into a stroke. A frame then costs what its columns cost, however
+/// many samples there were, and while time passes the strokes only move to the left.
 ///
-/// The columns rise in time. When the clock was set back, those that lie in the future go: no frame
-/// would show them now, and later they would lie among newer ones. While the picture stands still
-/// it keeps them, and what is older is not taken.
+/// The columns stand in the order of arrival. Mostly they ascend in time, too, and are found by
+/// search. When the clock was set back, or two sources feed a curve, they do not, and are walked
+/// one by one; then only the last MostUnordered are kept, so that a frame stays affordable.
 class CurveColumns
 {
 public:
@@ -32,7 +32,9 @@ public:
 
     /// Columns of which no sample is as young as `time` are dropped when the next one arrives.
     void setTimeOutTime(qint64 time) { m_timeOutSlot = slotOf(time); }
-    void setFrozen(bool frozen) { m_frozen = frozen; }
+    /// A picture that stands still at `time` stays as it is: what would be seen in it is not taken.
+    void freeze(qint64 time) { m_frozenUntil = time; }
+    void unfreeze() { m_frozenUntil = std::numeric_limits<qint64>::min(); }
     /// Whether something was not taken since the last clear().
     bool isIncomplete() const { return m_incomplete; }
 
@@ -44,10 +46,12 @@ public:
 
     std::size_t size() const { return m_columns.size(); }
     const Column& operator[](std::size_t index) const { return m_columns[index]; }
-    /// Index of the first column at or behind this slot.
+    /// Whether the slots rise from column to column.
+    bool isAscending() const { return m_descents == 0; }
+    /// Index of the first column at or behind this slot; of ascending columns.
     std::size_t find(qint64 slot) const;
 
-    /// Index of the first column that began after this time.
+    /// Index of the first column that began after this time; of ascending columns.
     std::size_t findAfter(qint64 time) const;
 
     static constexpr qint64 Nothing = std::numeric_limits<qint64>::max();
@@ -56,8 +60,13 @@ public:
     qint64 takeChange();
 
 private:
+    static constexpr std::size_t MostUnordered = 50000;
+
+    void removeFirst();
+
     Ring<Column> m_columns;
-    bool m_frozen = false;
+    std::size_t m_descents = 0; // columns before the one that came before them
+    qint64 m_frozenUntil = std::numeric_limits<qint64>::min();
     bool m_incomplete = false;
     qint64 m_change = Nothing;
     qint64 m_timeOutSlot = std::numeric_limits<qint64>::min();

@@ -7,6 +7,7 @@
 #include <QGraphicsScene>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <utility>
@@ -58,7 +59,12 @@ void CurveLayer::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidg
                                  isWhole(device.dy()) && isWhole(m_curves.front().item->x());
     // A look that changes from frame to frame, as while the range grows, is not worth a picture.
     const bool isNew = std::exchange(m_wanted, look()) != look();
-    if (!isPixelForPixel || isNew || strokes() < PictureWidths * boundingRect().width())
+    const bool ascends = std::all_of(m_curves.begin(), m_curves.end(), [](const Curve& curve) {
+        return curve.item->m_columns->isAscending();
+    });
+    if (!ascends)
+        m_look = {}; // no part of the picture can be told from the others
+    if (!ascends || !isPixelForPixel || isNew || strokes() < PictureWidths * boundingRect().width())
         drawDirectly(painter);
     else if (advancePicture())
         copyPicture(painter);

@@ -14,7 +14,8 @@ class GraphItem;
 /// Draws the lines of all curves of a graph. They only move to the left from frame to frame, so
 /// they are kept in a picture, whose columns are used round and round: a frame clears and draws
 /// those where something came or where a line's start went out of sight, and copies the picture to
-/// its place. A frame with another scale, size or place is drawn directly.
+/// its place. A frame with another scale, size or place is drawn directly, and so is one with
+/// samples that do not ascend in time.
 ///
 /// It lies at the scene's origin, and expects items of one size and place, as their graph keeps
 /// them.

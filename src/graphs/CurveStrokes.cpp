@@ -20,6 +20,31 @@ bool startsLine(const CurveColumns::Column& column, const CurveGeometry& geometr
     return geometry.exactX(column.time) > 1.0;
 }
 
+/// Calls visit(column) for the columns in sight in the order of their arrival. Of ascending ones
+/// only for those between two slots and, for the lines across the ends, for one more at each.
+template <class Visit>
+void forEachInSight(const CurveColumns& columns, const CurveGeometry& geometry, qint64 from,
+                    qint64 to, Visit visit)
+{
+    const qint64 left = geometry.origin();
+    if (columns.isAscending()) {
+        const std::size_t start = columns.find(left);
+        std::size_t i = columns.find(from);
+        for (i = i > start ? i - 1 : start; i < columns.size(); ++i) {
+            if (columns[i].time > geometry.actualTime)
+                return;
+            visit(columns[i]);
+            if (columns[i].slot > to)
+                return;
+        }
+        return;
+    }
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (columns[i].slot >= left && columns[i].time <= geometry.actualTime)
+            visit(columns[i]);
+    }
+}
+
 } // namespace
 
 int CurveGeometry::timeSpan() const { return toInt(CurveColumns::Milliseconds * width); }
@@ -44,26 +69,17 @@ const std::vector<QLineF>& CurveStrokes::lines(const CurveColumns& columns,
                                                qint64 to, qint64 origin)
 {
     m_lines.clear();
-    // the line that leads into the range begins one column before
-    const std::size_t start = columns.find(geometry.origin());
-    std::size_t i = columns.find(from);
-    i = i > start ? i - 1 : start;
     bool connects = false;
     QPointF previous;
-    for (; i < columns.size(); ++i) {
-        const CurveColumns::Column& column = columns[i];
-        if (column.time > geometry.actualTime)
-            break;
+    forEachInSight(columns, geometry, from, to, [&](const CurveColumns::Column& column) {
         const auto x = static_cast<qreal>(column.slot - origin);
         if (connects)
             m_lines.emplace_back(previous, QPointF(x, geometry.y(column.first)));
-        if (column.slot > to)
-            break;
         connects = startsLine(column, geometry);
         if (connects && column.lowest < column.highest)
             m_lines.emplace_back(x, geometry.y(column.highest), x, geometry.y(column.lowest));
         previous = QPointF(x, geometry.y(column.last));
-    }
+    });
     return m_lines;
 }
 
@@ -106,15 +122,12 @@ const std::vector<QPoint>& CurveStrokes::dots(const CurveColumns& columns,
         m_dots.push_back(point);
     };
     const qint64 origin = geometry.origin();
-    for (std::size_t i = columns.find(origin); i < columns.size(); ++i) {
-        const CurveColumns::Column& column = columns[i];
-        if (column.time > geometry.actualTime)
-            break;
+    const auto markColumn = [&](const CurveColumns::Column& column) {
         const auto x = static_cast<int>(column.slot - origin);
         const QPoint first(x, geometry.y(column.first));
         mark(first);
         if (column.lowest == column.highest)
-            continue;
+            return;
         const QPoint highest(x, geometry.y(column.highest));
         const QPoint lowest(x, geometry.y(column.lowest));
         const QPoint last(x, geometry.y(column.last));
@@ -124,7 +137,8 @@ const std::vector<QPoint>& CurveStrokes::dots(const CurveColumns& columns,
             mark(lowest);
         if (last != first && last != highest && last != lowest)
             mark(last);
-    }
+    };
+    forEachInSight(columns, geometry, origin, CurveColumns::Nothing, markColumn);
     return m_dots;
 }
 

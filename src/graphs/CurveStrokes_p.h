@@ -37,7 +37,7 @@ class CurveStrokes
 public:
     enum Dots { NoDots, ThinnedDots, AllDots };
 
-    /// The curve's lines as far as they are between two slots, and perhaps a little beyond.
+    /// The curve's lines as far as they are between two slots, and perhaps beyond.
     /// \param origin the slot at x = 0
     const std::vector<QLineF>& lines(const CurveColumns& columns, const CurveGeometry& geometry,
                                      qint64 from, qint64 to, qint64 origin);
@@ -50,7 +50,8 @@ public:
     const std::vector<QPoint>& dots(const CurveColumns& columns, const CurveGeometry& geometry,
                                     Dots dots, const QTransform& scene);
 
-    /// The first slot from which a line starts; behind the end when there is none.
+    /// The first slot from which a line starts; behind the end when there is none. Of ascending
+    /// columns.
     static qint64 firstLine(const CurveColumns& columns, const CurveGeometry& geometry);
 
 private:

@@ -5,7 +5,9 @@
 #include "DrawerFrame_p.h"
 #include "ShortLock_p.h"
 
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -24,6 +26,13 @@ int widestLabel(const QList<Chart*>& charts, const QFontMetrics& metrics)
     for (const Chart* chart : charts)
         width = qMax(width, metrics.horizontalAdvance(chart->getLabel()));
     return width;
+}
+
+/// In full; the range lies on tenths.
+QString tickText(int minimum, int maximum, int tick)
+{
+    const double part = (static_cast<double>(maximum) - minimum) / DrawerGeometry::Parts;
+    return QString::number(minimum + tick * part, 'g', 15);
 }
 
 } // namespace
@@ -155,10 +164,28 @@ void DrawerArea::draw(QPainter* painter)
         takeRange(range);
 }
 
+/// A label holds six digits; the tool tip of its place holds all.
+bool DrawerArea::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const int fontHeight = QFontMetrics(DrawerFrame::smallFont(font()), this).height();
+        const DrawerGeometry geometry(size(), fontHeight, m_minValue, m_maxValue);
+        const int tick = geometry.tickAt(help->pos(), fontHeight);
+        if (tick >= 0) {
+            const QRect place(0, geometry.tickY(tick) - fontHeight / 2, geometry.AxisX, fontHeight);
+            QToolTip::showText(help->globalPos(), tickText(m_minValue, m_maxValue, tick), this,
+                               place);
+            return true;
+        }
+    }
+    return QWidget::event(event);
+}
+
 void DrawerArea::takeRange(const DrawerRange& range)
 {
-    const int minimum = range.isEmpty ? -100 : range.minimum;
-    const int maximum = range.isEmpty ? 100 : range.maximum;
+    const int minimum = range.isEmpty ? -100 : range.minimum();
+    const int maximum = range.isEmpty ? 100 : range.maximum();
     if (minimum == m_minValue && maximum == m_maxValue)
         return;
     m_minValue = minimum;

@@ -39,6 +39,21 @@ int DrawerGeometry::tickY(int tick) const
     return pixel(yBottom - static_cast<double>(static_cast<float>(tick) * step) * scale);
 }
 
+int DrawerGeometry::tickAt(const QPoint& position, int fontHeight) const
+{
+    if (!hasPlot() || position.x() < LabelX || position.x() >= AxisX)
+        return -1;
+    int nearest = -1;
+    int distance = fontHeight / 2 + 1;
+    for (int tick = 0; tick <= Parts; ++tick) {
+        if (qAbs(position.y() - tickY(tick)) < distance) {
+            distance = qAbs(position.y() - tickY(tick));
+            nearest = tick;
+        }
+    }
+    return nearest;
+}
+
 int DrawerGeometry::zeroY() const { return pixel(minValue * scale + yBottom); }
 
 int DrawerGeometry::y(double value) const { return pixel(yBottom - (value - minValue) * scale); }
@@ -63,10 +78,18 @@ void DrawerRange::take(double value)
     if (!(value == value))
         return;
     isEmpty = false;
-    if (value > maximum)
-        maximum = toInt(value + 1.0);
-    if (value < minimum)
-        minimum = toInt(value - 1.0);
+    least = qMin(least, value);
+    greatest = qMax(greatest, value);
+}
+
+int DrawerRange::minimum() const
+{
+    return least < HighestMinimum ? toInt(least - 1.0) : HighestMinimum;
+}
+
+int DrawerRange::maximum() const
+{
+    return greatest > LowestMaximum ? toInt(greatest + 1.0) : LowestMaximum;
 }
 
 qint64 DrawerColumns::walkLength(const DrawerGeometry& geometry, int resolution)

@@ -24,6 +24,8 @@ struct DrawerGeometry {
     int columns() const;
     double tickValue(int tick) const;
     int tickY(int tick) const;
+    /// The tick whose label is there, or -1.
+    int tickAt(const QPoint& position, int fontHeight) const;
     int zeroY() const;
     int y(double value) const;
     /// Whether a sample at this height is drawn, which needs a range, too.
@@ -45,12 +47,18 @@ struct DrawerGeometry {
     double scale; ///< pixels for 1; 0 without a range
 };
 
-/// The range that covers all samples taken, and 1 more to both sides.
+/// The range that covers all samples taken, and 1 more to both sides. A bound that no sample
+/// reaches stays where it starts.
 struct DrawerRange {
-    void take(double value);
+    static constexpr int HighestMinimum = std::numeric_limits<int>::max();
+    static constexpr int LowestMaximum = -214783648;
 
-    int minimum = std::numeric_limits<int>::max();
-    int maximum = -214783648;
+    void take(double value);
+    int minimum() const;
+    int maximum() const;
+
+    double least = HighestMinimum;
+    double greatest = LowestMaximum;
     bool isEmpty = true;
 };
 

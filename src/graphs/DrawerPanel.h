@@ -13,8 +13,12 @@ class QScrollBar;
 /// What SimpleDrawer and SimpleScaledDrawer have in common: a DrawerArea and a scroll bar that
 /// moves it through the samples, at its end the newest.
 ///
-/// requestedTraceValue() may be called from any thread at any time, all else from the GUI's thread
-/// only.
+/// Everything is the area's, which paints 10 times a second between startDrawing() and
+/// stopDrawing(); before and after, what is set or fed in is seen only when something else causes a
+/// paint, a scroll for example.
+///
+/// requestedTraceValue() may be called from any thread while the drawer lives, all else from the
+/// GUI's thread only.
 class AXRGUI_EXPORT DrawerPanel : public QWidget
 {
     Q_OBJECT
@@ -23,8 +27,10 @@ public:
     void setYAxisCaption(QString caption);
     QString getYAxisCaption() const;
 
+    /// Manual scaling keeps the range that is drawn now. Dynamic is the default.
     void doManualScaling();
     void doDynamicScaling();
+    /// The bounds of the Y axis, 0..100 at the start. Dynamic scaling overwrites them.
     void setMinValue(int min);
     void setMaxValue(int max);
 
@@ -33,16 +39,19 @@ public:
     void removeAllCharts();
     /// The list itself. It must not be changed while samples are fed in.
     QList<Chart*>* getCharts();
+    /// Takes the samples of all charts, also of hidden ones; the charts stay.
     void clearChartValues();
 
 public Q_SLOTS:
-    /// Paints 10 times a second; samples are taken without, too.
     void startDrawing();
+    /// Samples are still taken.
     void stopDrawing();
-    /// The motor bank comes after the type here. A value without a chart is dropped.
+    /// One sample for each chart of this value, which is dropped if there is none. The motor bank
+    /// comes after the type here.
     void requestedTraceValue(char address, char command, char type, char motorBank, int value);
-    /// The samples that fit into the width are in view anyway, so the scroll bar starts behind
-    /// them. Its range never gets empty to the other side, and a bar at its end stays there.
+    /// For the area, which tells its columns in each paint. The samples that fit into the width are
+    /// in view anyway, so the scroll bar starts behind them; where all fit, it has nowhere to go.
+    /// A bar that was at its end stays there.
     void handleChangedChartWidth(int width);
 
 protected:

@@ -1,6 +1,7 @@
 #include "GraphController.h"
 
 #include "AppSettings.h"
+#include "WheelFocus.h"
 #include "ui_GraphController.h"
 
 #include <QPointer>
@@ -24,6 +25,7 @@ GraphController::GraphController(QWidget* parent)
     : QGroupBox(parent), m_ui(std::make_unique<Ui::GraphController>())
 {
     m_ui->setupUi(this);
+    WheelFocus::guard(this);
     showRunning(true);
     on_buttonGroup_buttonClicked(m_ui->btnScaleDynamic);
     connect(m_ui->cbLog, &QCheckBox::toggled, this, &GraphController::startLogging);

@@ -18,9 +18,10 @@ class GraphController;
 /// It holds no data and only asks; the graph does. With a settings key it keeps the kind of scaling
 /// and the range from one run to the next.
 ///
-/// It starts as if running, with dynamic scaling and the range 0..4000. The bounds of the range are
-/// -2147483647..2147483647 in steps of 100, in the unit of the values shown. They never cross: the
-/// present maximum limits the minimum, and the other way round.
+/// It starts as if running, with dynamic scaling and the range 0..4000, which a graph replaces by
+/// its own. The bounds of the range are -2147483647..2147483647 in steps of 100, in the unit of the
+/// values shown. They never cross: from its first change on a bound limits the other one; before,
+/// it does not, and is taken along when the other one passes it.
 ///
 /// A host may delete the panel inside its signals, except startLogging() and those of the range,
 /// which come from within the boxes that the user edits: use deleteLater() there.
@@ -32,8 +33,9 @@ public:
     /// Stores the settings, unless the key is empty.
     ~GraphController() override;
 
-    /// Loads what is stored in the group of this key and, below, of this panel's object name:
-    /// clicks the radio button, then sets the range, each with all its signals. What is not stored,
+    /// Loads what is stored in the group of this key and, below, of this panel's object name, and
+    /// has the destructor store there. First the radio button, whose signal comes in any case, also
+    /// from a disabled panel; then maximum and minimum, each with its signals. What is not stored,
     /// or is no number, stays as it is. Empty, the default: nothing is loaded or stored.
     void setAppSettingsKey(const QString& key);
 
@@ -46,7 +48,8 @@ public:
 
 public Q_SLOTS:
     /// Shows the range that the graph has now: first the minimum, then the maximum. A minimum above
-    /// the old maximum is cut off there; it gets through when the pair comes again.
+    /// the old maximum is cut off there; it gets through if the pair comes again, as it does from a
+    /// graph whose data do not fill its range exactly.
     void handleScaleChanged(int minValue, int maxValue);
 
 Q_SIGNALS:

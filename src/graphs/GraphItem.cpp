@@ -99,6 +99,12 @@ void GraphItem::follow(Graph* graph, const std::shared_ptr<CurveColumns>& kept)
     graph->m_drawn = m_columns;
 }
 
-void GraphItem::setFrozen(bool frozen) { m_columns->setFrozen(frozen); }
+void GraphItem::setFrozen(bool frozen)
+{
+    if (frozen)
+        m_columns->freeze(m_actualTime);
+    else
+        m_columns->unfreeze();
+}
 
 bool GraphItem::isIncomplete() const { return m_columns->isIncomplete(); }

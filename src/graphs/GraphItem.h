@@ -16,9 +16,12 @@ struct CurveGeometry;
 /// Draws one curve: 10 ms of the clock for a pixel, the time of setActualTime() at the right edge,
 /// the value range over the item's height. What lies outside the range is drawn outside the item.
 ///
-/// Samples of one pixel column are drawn as one stroke from the least to the greatest. A sample
-/// stands in the column of its 10 ms of the clock, which is the one of its exact age or the next
-/// one; so the curve moves to the left as a whole.
+/// Samples that follow each other in one pixel column are drawn as one stroke from the least to the
+/// greatest. A sample stands in the column of its 10 ms of the clock, which is the one of its exact
+/// age or the next one; so the curve moves to the left as a whole. Lines go from sample to sample
+/// in the order of arrival, also where times do not ascend.
+///
+/// The setters repaint nothing, but for setValues(): the next painting shows what they set.
 class AXRGUI_EXPORT GraphItem : public QGraphicsItem, public MotorController
 {
 public:
@@ -31,14 +34,17 @@ public:
 
     /// In pixels, default 10 x 10.
     void setSize(double width, double height);
-    /// Time at the right edge, ms since the epoch. Younger samples are not shown.
+    /// Time at the right edge, ms since the epoch; 0 at first. Not shown are younger samples, and
+    /// those older by more than 10 ms for each pixel of the width.
     void setActualTime(qint64 actualTime) { m_actualTime = actualTime; }
     /// Value at the bottom edge, default -50, and at the top edge, default 150. Painting moves
     /// equal ones apart, by 1 to each side.
     void setMinValue(int minValue) { m_minValue = minValue; }
     void setMaxValue(int maxValue) { m_maxValue = maxValue; }
-    /// Samples older than this (ms since the epoch, default the time of construction) are dropped
-    /// when the next one arrives. There is no other limit.
+    /// When a sample arrives, those older than this (ms since the epoch, default the time of
+    /// construction) are dropped from the front, in the order of arrival, up to the first one that
+    /// is not; whole pixel columns at a time. Samples that ascend in time have no other limit; of
+    /// others the last 50000 columns are kept.
     void setTimeOutTime(const qint64& timeOutTime);
 
     char getCommand() const { return m_command; }
@@ -46,19 +52,21 @@ public:
     char getType() const { return m_type; }
     void setType(char type) { m_type = type; }
 
-    /// A big dot for each 20 pixels of the way (the default), else a small one for each sample.
+    /// Big dots (the default), each more than 20 pixels of the scene away from the one before, and
+    /// the first one from the item's upper left corner; else a small dot for each sample. Of a
+    /// pixel column only its first, highest, lowest and last sample count.
     void setUseBoldDataPoints(bool use) { m_useBoldDataPoints = use; }
     /// Whether there are dots at all; on by default.
     void setDataPointsEnabled(bool enabled) { m_dataPointsEnabled = enabled; }
     /// Lines between the samples; off by default.
     void setUseConnectedDataPoints(bool use) { m_useConnectedDataPoints = use; }
 
-    /// Replaces all samples.
+    /// Replaces colour and samples, which may be in any order of time, and repaints. Whatever their
+    /// age, all stay until the next one arrives.
     void setValues(QColor color, QList<TValue> values);
     /// A sample of now.
     void addValue(double value);
-    /// A sample of `time`, in ms since the epoch. When the clock was set back, what is younger is
-    /// drawn no more.
+    /// A sample of `time`, in ms since the epoch.
     void addValue(double value, qint64 time);
 
 private:

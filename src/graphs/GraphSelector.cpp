@@ -7,6 +7,7 @@
 #include "SelectionTable_p.h"
 #include "TraceCommand.h"
 #include "ValueOverTimeGraph.h"
+#include "WheelFocus.h"
 #include "ui_GraphSelector.h"
 
 #include <QPointer>
@@ -32,10 +33,11 @@ GraphSelector::GraphSelector(QWidget* parent, ValueOverTimeGraph* graph,
     : m_ui(std::make_unique<Ui::GraphSelector>()), m_graph(graph), m_traceCommands(traceCommands)
 {
     m_ui->setupUi(this);
+    WheelFocus::guard(this);
     setWindowTitle(
         tr("Select values for \"%1\" graph").arg(parent ? parent->windowTitle() : QString()));
-    SelectionTable::setUp(m_ui->twAvailable, true);
-    SelectionTable::setUp(m_ui->twSelected, false);
+    SelectionTable::setUp(m_ui->twAvailable, true, m_ui->lblRow);
+    SelectionTable::setUp(m_ui->twSelected, false, m_ui->lblRow);
     const QList<Graph*> graphs = m_graph ? m_graph->getGraphs() : QList<Graph*>();
     for (const Graph* curve : graphs)
         SelectionTable::append(m_ui->twSelected,

@@ -24,7 +24,9 @@ class GraphSelector;
 /// the host reads the table of the chosen values after accept().
 ///
 /// A value that is chosen already is not offered again; it is told by address, command, type and
-/// motor bank. Filling the offer anew forgets the colours that were chosen in it.
+/// motor bank. One that merely has the name of a chosen value is offered, but a click does not move
+/// it: names tell the curves of a graph apart. Filling the offer anew forgets the colours that were
+/// chosen in it.
 class AXRGUI_EXPORT GraphSelector : public QDialog
 {
     Q_OBJECT

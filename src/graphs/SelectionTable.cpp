@@ -5,6 +5,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLabel>
 
 namespace
 {
@@ -17,12 +18,20 @@ char byteOf(const QTableWidget& table, int row, SelectionRow::Column column)
     return toByte(table.item(row, column)->text().toInt());
 }
 
-class KeyClicks : public QObject
+/// What the tables do under the hands besides taking clicks.
+class Hands : public QObject
 {
 public:
-    explicit KeyClicks(QTableWidget* table) : QObject(table), m_table(table)
+    Hands(QTableWidget* table, QLabel* line) : QObject(table), m_table(table), m_line(line)
     {
         table->installEventFilter(this);
+        table->setMouseTracking(true);
+        connect(table, &QTableWidget::cellEntered, this, &Hands::showRow);
+        connect(table, &QTableWidget::currentCellChanged, this, &Hands::showRow);
+        connect(table->model(), &QAbstractItemModel::rowsRemoved, this, [this] {
+            m_line->clear();
+            showRow(m_table->currentRow());
+        });
     }
 
 protected:
@@ -40,7 +49,15 @@ protected:
     }
 
 private:
+    void showRow(int row)
+    {
+        const QTableWidgetItem* cell = m_table->item(row, SelectionRow::Name);
+        if (cell)
+            m_line->setText(cell->toolTip());
+    }
+
     QTableWidget* m_table;
+    QLabel* m_line;
 };
 
 } // namespace
@@ -51,7 +68,7 @@ bool SelectionRow::isSameValue(const SelectionRow& other) const
            motor == other.motor;
 }
 
-void SelectionTable::setUp(QTableWidget* table, bool withGrid)
+void SelectionTable::setUp(QTableWidget* table, bool withGrid, QLabel* line)
 {
     table->setColumnCount(SelectionRow::ColumnCount);
     table->setHorizontalHeaderLabels({QTableWidget::tr("Cmd"), QTableWidget::tr("Type"),
@@ -72,7 +89,7 @@ void SelectionTable::setUp(QTableWidget* table, bool withGrid)
     table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     table->setTabKeyNavigation(false); // Tab leaves the table
     table->setShowGrid(withGrid);
-    new KeyClicks(table);
+    new Hands(table, line);
 }
 
 SelectionRow SelectionTable::rowOf(const TraceCommand& command, const QColor& color)
@@ -89,15 +106,15 @@ void SelectionTable::append(QTableWidget* table, const SelectionRow& row)
         QString::number(u8(row.address)), QString::number(u8(row.motor))};
     table->insertRow(index);
     table->setRowHeight(index, RowHeight);
+    // the last columns may be out of sight
+    const QString whole =
+        QTableWidget::tr("%1, address %2, motor %3").arg(row.name, texts[4], texts[5]);
     for (int column = 0; column < SelectionRow::ColumnCount; ++column) {
         auto* cell = new QTableWidgetItem(texts[column]);
         cell->setTextAlignment(Qt::AlignCenter);
+        cell->setToolTip(whole);
         table->setItem(index, column, cell);
     }
-    // the last columns may be out of sight
-    table->item(index, SelectionRow::Name)
-        ->setToolTip(
-            QTableWidget::tr("%1, address %2, motor %3").arg(row.name, texts[4], texts[5]));
     setColor(table, index, row.color);
 }
 

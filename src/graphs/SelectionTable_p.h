@@ -6,6 +6,7 @@
 #include <QTableWidget>
 
 class Graph;
+class QLabel;
 class TraceCommand;
 
 /// One value that can be drawn, as a row of a selection dialog's tables shows it.
@@ -31,7 +32,9 @@ namespace SelectionTable
 constexpr int RowHeight = 20;
 
 /// Also makes Return and Space do as a click does on the current cell.
-void setUp(QTableWidget* table, bool withGrid);
+/// \param line tells address and motor of the row under the pointer or of the current one; the
+///        columns of these may be out of sight
+void setUp(QTableWidget* table, bool withGrid, QLabel* line);
 SelectionRow rowOf(const TraceCommand& command, const QColor& color);
 void append(QTableWidget* table, const SelectionRow& row);
 SelectionRow read(const QTableWidget& table, int row);

@@ -9,6 +9,7 @@
 
 #include <QMouseEvent>
 #include <QPointer>
+#include <QSignalBlocker>
 
 #include <algorithm>
 
@@ -30,6 +31,38 @@ SimpleScaledDrawer::SimpleScaledDrawer(QWidget* parent)
 }
 
 SimpleScaledDrawer::~SimpleScaledDrawer() { removeAllCharts(); }
+
+void SimpleScaledDrawer::doManualScaling()
+{
+    DrawerPanel::doManualScaling();
+    m_ui->graphController->showScaling(false);
+}
+
+void SimpleScaledDrawer::doDynamicScaling()
+{
+    DrawerPanel::doDynamicScaling();
+    m_ui->graphController->showScaling(true);
+}
+
+void SimpleScaledDrawer::setMinValue(int min)
+{
+    DrawerPanel::setMinValue(min);
+    showBounds();
+}
+
+void SimpleScaledDrawer::setMaxValue(int max)
+{
+    DrawerPanel::setMaxValue(max);
+    showBounds();
+}
+
+void SimpleScaledDrawer::showBounds()
+{
+    const QSignalBlocker blocker(m_ui->graphController);
+    const int min = m_ui->drawer->getMinValue();
+    m_ui->graphController->handleScaleChanged(min, m_ui->drawer->getMaxValue());
+    m_ui->graphController->setMinValue(min); // the maximum of before may have cut it off
+}
 
 void SimpleScaledDrawer::setChartSize(int size) { setSizes(size, qMax(1, size) - 1); }
 

@@ -23,6 +23,12 @@ public:
     /// Deletes the charts that the user chose.
     ~SimpleScaledDrawer() override;
 
+    /// As in DrawerPanel. The panel beside shows it, without its signals.
+    void doManualScaling();
+    void doDynamicScaling();
+    void setMinValue(int min);
+    void setMaxValue(int max);
+
     /// How many samples each chart keeps, 1000 by default. The scroll bar goes to its new end,
     /// which is not below 0.
     void setChartSize(int size);
@@ -48,6 +54,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
+    void showBounds();
     void deleteOwnChartsThatLeft();
 
     std::unique_ptr<Ui::SimpleScaledDrawer> m_ui;

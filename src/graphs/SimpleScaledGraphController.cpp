@@ -1,5 +1,6 @@
 #include "SimpleScaledGraphController.h"
 
+#include "WheelFocus.h"
 #include "ui_SimpleScaledGraphController.h"
 
 #include <QPointer>
@@ -10,7 +11,8 @@ SimpleScaledGraphController::SimpleScaledGraphController(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::SimpleScaledGraphController>())
 {
     m_ui->setupUi(this);
-    enableRange(false);
+    WheelFocus::guard(this);
+    showScaling(true);
 }
 
 SimpleScaledGraphController::~SimpleScaledGraphController() = default;
@@ -49,17 +51,23 @@ void SimpleScaledGraphController::handleScaleChanged(int minValue, int maxValue)
         m_ui->sbMax->setValue(maxValue);
 }
 
+void SimpleScaledGraphController::showScaling(bool dynamic)
+{
+    (dynamic ? m_ui->btnScaleDynamic : m_ui->btnScaleManually)->setChecked(true);
+    m_ui->sbMax->setEnabled(!dynamic);
+    if (m_minValueEnabled)
+        m_ui->sbMin->setEnabled(!dynamic);
+}
+
 void SimpleScaledGraphController::on_btnScaleManually_clicked()
 {
-    m_ui->btnScaleDynamic->setChecked(false);
-    enableRange(true);
+    showScaling(false);
     emit scaleManually();
 }
 
 void SimpleScaledGraphController::on_btnScaleDynamic_clicked()
 {
-    m_ui->btnScaleManually->setChecked(false);
-    enableRange(false);
+    showScaling(true);
     emit scaleDynamic();
 }
 
@@ -79,11 +87,4 @@ void SimpleScaledGraphController::on_sbMax_valueChanged(int value)
     emit maxValueChanged(value);
     if (self)
         m_ui->sbMin->setMaximum(value);
-}
-
-void SimpleScaledGraphController::enableRange(bool enabled)
-{
-    m_ui->sbMax->setEnabled(enabled);
-    if (m_minValueEnabled)
-        m_ui->sbMin->setEnabled(enabled);
 }

@@ -2,6 +2,7 @@
 
 #include "TraceCommand.h"
 #include "TraceList_p.h"
+#include "WheelFocus.h"
 #include "ui_TraceController.h"
 
 #include <QTimer>
@@ -18,6 +19,7 @@ TraceController::TraceController(QWidget* parent)
     , m_traceCommands(std::make_unique<TraceList>())
 {
     m_ui->setupUi(this);
+    WheelFocus::guard(this);
     connect(m_timer.get(), &QTimer::timeout, this, &TraceController::requestTraceValue);
 }
 

@@ -93,7 +93,7 @@ ValueOverTimeGraph::ValueOverTimeGraph(QWidget* parent)
     m_ui->graphicsView->viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     // The items change their size and place with each frame; an index would only cost.
     m_scene->setItemIndexMethod(QGraphicsScene::NoIndex);
-    m_ui->graphicsView->setScene(m_scene);
+    m_ui->graphicsView->show(m_scene);
     m_ui->graphicsView->setRenderHint(HighQualityAntialiasing);
     GraphController* controller = m_ui->graphController;
     controller->setMinValue(m_minValue);
@@ -229,7 +229,6 @@ void ValueOverTimeGraph::initializeScene()
         item->setType(graph->getType());
         item->setUseConnectedDataPoints(graph->isUseConnectPointsEnabled());
         item->setPos(m_timeAxis->plotLeft(), m_yAreaMin);
-        item->setFrozen(!m_drawing);
         item->follow(graph, kept[static_cast<std::size_t>(m_graphItems.size())]);
         item->setZValue(m_graphItems.size() * CurveDepth);
         m_graphItems.append(item);
@@ -238,6 +237,8 @@ void ValueOverTimeGraph::initializeScene()
     }
     layOut(); // so that all shows also while a curve without samples holds the frames
     layOutItems();
+    for (GraphItem* item : qAsConst(m_graphItems))
+        item->setFrozen(!m_drawing); // at the time that it shows
     m_updateTimer->start();
     m_minMarker = addMarker(QStringLiteral("\nMin"), MinMarkerDepth);
     m_maxMarker = addMarker(QStringLiteral("Max\n"), MaxMarkerDepth);
@@ -627,10 +628,13 @@ void ValueOverTimeGraph::saveGraph()
 
 void ValueOverTimeGraph::startLogging(bool start)
 {
-    m_log.reset();
-    const int request = ++m_logRequests;
-    if (!start)
+    if (m_rejectingLog) // its panel's answer; what ran before goes on
         return;
+    const int request = ++m_logRequests;
+    if (!start) {
+        m_log.reset();
+        return;
+    }
     const QPointer<QObject> asker(sender());
     const QPointer<ValueOverTimeGraph> self(this);
     const QString name = askFileName();
@@ -639,13 +643,18 @@ void ValueOverTimeGraph::startLogging(bool start)
     if (name.isEmpty()) {
         qCDebug(axrGraphs) << AXR_METHOD.constData() << "fileName:"
                            << "empty" << asker.data();
-        if (auto* controller = qobject_cast<GraphController*>(asker))
+        if (auto* controller = qobject_cast<GraphController*>(asker)) {
+            m_rejectingLog = true;
             controller->rejectLogging();
+            if (self)
+                m_rejectingLog = false;
+        }
         return;
     }
     qCDebug(axrGraphs) << AXR_METHOD.constData() << "fileName:" << name;
     auto log = std::make_unique<CsvLog>(name);
-    if (log->start(headerLine(m_graphs)))
-        m_log = std::move(log);
+    if (!log->start(headerLine(m_graphs)))
+        return;
+    m_log = std::move(log);
     m_logStartTime = now();
 }

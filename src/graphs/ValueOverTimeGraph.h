@@ -89,8 +89,10 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 public Q_SLOTS:
-    /// A reply of now; null is ignored.
+    /// A reply of now; null is ignored. Its status is not looked at: a host that wants no values of
+    /// refused requests does not hand them in.
     void IN_replyValue(Command* reply);
+    /// \param pos where the menu opens, in this widget's coordinates
     void contextMenuRequest(QPoint pos);
     void startDrawing();
     void stopDrawing();
@@ -100,7 +102,9 @@ public Q_SLOTS:
     /// is written whole or not at all; there is no word when it cannot be.
     void saveGraph();
     /// Asks for a file that then gets a line with each reply, whole or not at all, until false is
-    /// given. When the user refuses, the panel that asked is told. A log that runs already ends.
+    /// given. When the user refuses, the panel that asked is told. A log that runs already goes on
+    /// meanwhile, and ends when the new one has begun: a refusal, or a file that cannot be written,
+    /// leaves it running.
     void startLogging(bool start);
     // What the axis has drawn, for the next frame.
     void updateYMinMax(qreal min, qreal max);
@@ -171,6 +175,7 @@ private:
     std::unique_ptr<CsvLog> m_log; // none while nothing is logged
     qint64 m_logStartTime = 0;
     int m_logRequests = 0;
+    bool m_rejectingLog = false;
     QList<Graph*> m_graphs;
     QList<GraphItem*> m_graphItems;
     int m_visibleSpan = 60000; // ms; generous until the first frame knows the width

@@ -2,6 +2,7 @@
 
 #include "TraceCommand.h"
 #include "TraceList_p.h"
+#include "WheelFocus.h"
 #include "ui_WTraceController.h"
 
 #include <QPointer>
@@ -17,6 +18,7 @@ WTraceController::WTraceController(QWidget* parent)
     , m_traceCommands(std::make_unique<TraceList>())
 {
     m_ui->setupUi(this);
+    WheelFocus::guard(this);
     connect(&m_timer, &QTimer::timeout, this, &WTraceController::requestTraceValue);
     setValue(DefaultDelay);
     setSingleStep(1);

@@ -40,12 +40,14 @@ public:
     /// next painting on.
     void setMaxTextWidth(int maxTextWidth);
 
-    /// Left edge and width of the curves' area, in pixels, as of the last painting.
+    /// Left edge of the curves' area in pixels, as of the last painting; 61 before the first one.
     qreal plotLeft() const { return m_leftMargin + 1.0; }
+    /// From there to the right edge as it is set now.
     qreal plotWidth() const { return m_width - plotLeft(); }
 
 Q_SIGNALS:
-    // All three leave at each painting: the text width, the rows, the values.
+    // All three leave within each painting, in this order: updateMaxTextWidth(), updateYMinMax(),
+    // updateMinMaxValue().
     /// Pixel rows of the topmost and of the bottommost tick.
     void updateYMinMax(qreal min, qreal max);
     /// Values of the bottommost and of the topmost tick.

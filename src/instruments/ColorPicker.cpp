@@ -3,6 +3,7 @@
 #include "AppSettings.h"
 #include "ColorPickerItem_p.h"
 #include "ColorPickerPopup_p.h"
+#include "ColorRim_p.h"
 #include "ColorTone_p.h"
 #include "Prefix.h"
 
@@ -62,7 +63,7 @@ ColorPicker::ColorPicker(QWidget* parent, int columns, bool enableColorDialog)
     setAutoDefault(false);
     setAutoFillBackground(true);
     setCheckable(true);
-    setText(tr("Black"));
+    setCaption(tr("Black"));
     connect(m_popup, &ColorPickerPopup::selected, this, &ColorPicker::setCurrentColor);
     connect(m_popup, &ColorPickerPopup::hid, this, &ColorPicker::popupClosed);
     connect(this, &ColorPicker::toggled, this, &ColorPicker::buttonPressed);
@@ -90,7 +91,7 @@ void ColorPicker::insertColor(const QColor& color, const QString& text, int inde
     if (m_withColorDialog || !color.isValid() || !m_popup->find(color))
         return;
     m_color = color.toRgb();
-    setText(text);
+    setCaption(text);
     update();
 }
 
@@ -128,7 +129,7 @@ void ColorPicker::setCurrentColor(const QColor& color)
         insertColor(chosen, tr("Custom"), -1);
     m_color = chosen;
     const ColorPickerItem* item = m_popup->find(chosen);
-    setText(item ? item->text() : tr("Custom")); // the Base colour has no cell
+    setCaption(item ? item->text() : tr("Custom")); // the Base colour has no cell
     const QPointer<ColorPicker> self(this);
     m_popup->hide();
     if (!self || m_color != chosen)
@@ -145,6 +146,12 @@ void ColorPicker::buttonPressed(bool checked)
     m_popup->mark(m_popup->find(m_color));
     m_popup->setFocus();
     m_popup->show();
+}
+
+void ColorPicker::setCaption(const QString& text)
+{
+    setText(text);
+    setAccessibleDescription(text); // also where the host gives the button a name of its own
 }
 
 QColor ColorPicker::exec()
@@ -181,4 +188,5 @@ void ColorPicker::paintEvent(QPaintEvent*)
     painter.setPen(palette().color(QPalette::Base));
     painter.setBrush(m_color);
     painter.drawRect(QRect(QPoint(Border, Border), size() - 2 * QSize(Border, Border)));
+    drawRim(painter, *this, QPalette::ButtonText);
 }

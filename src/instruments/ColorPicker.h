@@ -12,9 +12,17 @@ class ColorPickerPopup;
 /// A push button that shows a colour and opens a grid of colours to choose from. Black and with an
 /// empty grid at the start. The button's text is the colour's name; it is not drawn.
 ///
-/// With the dialog, the grid's last cell asks for any other colour, which then stays in the grid
-/// for good: such custom colours live in AppSettings, are brought back by setStandardColors(), and
-/// can be changed by a right click on their cell.
+/// With the dialog, the grid's last cell asks for any other colour, which is opaque. One that is new
+/// becomes current and stays in the grid for good: such custom colours live in AppSettings, under
+/// numbered names ("Custom 01"), and are brought back by setStandardColors(). One that has a cell
+/// already, or is the Base colour, changes nothing.
+///
+/// A right click on a cell whose name begins with "Custom" asks for another colour for it, which is
+/// stored under the cell's name, with and without the dialog's cell; the current colour stays and
+/// nothing is emitted. So a cell that setCurrentColor() added is stored once it is changed, and of
+/// several with its one name, "Custom", only the last.
+///
+/// Colours that differ in alpha alone are different, and are shown blended with the ground.
 ///
 /// Inside toggled() it must not be deleted, as no checkable button may; use deleteLater() there.
 class AXRGUI_EXPORT ColorPicker : public QPushButton
@@ -33,10 +41,11 @@ public:
     /// The grid's colours row by row.
     QList<QColor> colorList() const;
 
-    /// Adds a cell to the grid. A colour that has a cell already adds none. The palette's Base
-    /// colour is ignored, since it could not be told from the ground. Without the dialog a valid
-    /// colour also becomes the current one, with `text` as the caption; colorChanged() is not
-    /// emitted.
+    /// Adds a cell to the grid. A colour that has a cell already adds none. The Base colour of the
+    /// palette at that moment is ignored, since it could not be told from the ground; cells stay
+    /// when the palette changes. An invalid colour gets an empty cell. Without the dialog a valid
+    /// colour that has a cell then also becomes the current one, with `text` as the caption;
+    /// colorChanged() is not emitted.
     /// \param text name and tool tip of the cell
     /// \param index -1 or beyond the end: behind the others
     void insertColor(const QColor& color, const QString& text = QString(), int index = -1);
@@ -62,8 +71,9 @@ public:
     static QColor getColor(const QPoint& position, bool allowCustomColors = true);
 
 public Q_SLOTS:
-    /// Also adds a cell "Custom" for a colour that has none, closes the grid and emits
-    /// colorChanged(). The present colour and an invalid one are ignored.
+    /// Also adds a cell "Custom" for a colour that has none, which is not stored, closes the grid
+    /// and emits colorChanged(). The Base colour gets no cell, but becomes current. The present
+    /// colour and an invalid one are ignored.
     void setCurrentColor(const QColor& color);
 
     /// Opens the grid below the button. Connected to toggled(); false does nothing.
@@ -80,6 +90,7 @@ protected:
 
 private:
     QPoint popupPosition();
+    void setCaption(const QString& text);
 
     ColorPickerPopup* m_popup;
     QColor m_color;

@@ -1,5 +1,7 @@
 #include "ColorPickerButton_p.h"
 
+#include "ColorRim_p.h"
+
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -25,6 +27,7 @@ ColorPickerButton::ColorPickerButton(QWidget* parent) : QFrame(parent)
     setFixedSize(CellSize);
     setFrameRect(Frame);
     setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(tr("More colours"));
 }
 
 void ColorPickerButton::sink()
@@ -72,8 +75,5 @@ void ColorPickerButton::paintEvent(QPaintEvent*)
         painter.fillRect(dot, palette().buttonText());
         dot.translate(DotDistance, 0);
     }
-    if (hasFocus()) {
-        painter.setPen(Qt::black);
-        painter.drawRect(0, 0, width() - 1, height() - 1);
-    }
+    drawRim(painter, *this, QPalette::WindowText);
 }

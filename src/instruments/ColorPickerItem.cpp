@@ -21,6 +21,7 @@ void ColorPickerItem::setColor(const QColor& color, const QString& text)
     m_color = color;
     m_text = text;
     setToolTip(text);
+    setAccessibleName((text + QLatin1Char(' ') + color.name()).trimmed()); // texts may be equal
     update();
 }
 
@@ -53,6 +54,9 @@ void ColorPickerItem::paintEvent(QPaintEvent*)
     painter.drawRect(3, 3, w - 4, h - 4);
     if (m_color.isValid())
         painter.fillRect(4, 4, w - 4, h - 4, m_color);
-    if (hasFocus())
+    if (hasFocus()) {
         painter.drawRect(0, 0, w - 1, h - 1);
+        painter.setPen(palette().color(QPalette::WindowText)); // where black is not seen
+        painter.drawRect(2, 2, w - 2, h - 2);
+    }
 }

@@ -67,6 +67,7 @@ ColorPickerPopup::ColorPickerPopup(int columns, bool withColorDialog, QWidget* p
     setModal(true);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
+    setAccessibleName(tr("Colours"));
     if (withColorDialog) {
         m_moreButton = new ColorPickerButton(this);
         connect(m_moreButton, &ColorPickerButton::clicked, this,
@@ -163,10 +164,14 @@ void ColorPickerPopup::select(ColorPickerItem* item)
 QColor ColorPickerPopup::askForColor(const QColor& initial)
 {
     // Its parent may die while it is open, so it cannot stand on the stack.
+    const QPointer<ColorPickerPopup> self(this);
     const QPointer<ColorDialog> dialog(new ColorDialog(initial, this));
     const bool accepted = dialog->exec() == QDialog::Accepted && dialog;
     const QColor chosen = accepted ? dialog->color().toRgb() : QColor();
     delete dialog;
+    // Without a window manager nobody else hands the keys back to the picker's window.
+    if (self && parentWidget() && parentWidget()->isVisible())
+        parentWidget()->activateWindow();
     return chosen;
 }
 

@@ -52,6 +52,7 @@ ColorTriangle::ColorTriangle(QWidget* parent)
     , m_curHue(DefaultHue)
 {
     setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(tr("Colour triangle"));
     m_geometry->hueAngle = ColorTriangleGeometry::angleOfHue(m_curHue);
 }
 
@@ -212,6 +213,10 @@ void ColorTriangle::paintEvent(QPaintEvent*)
     painter.drawImage(0, 0, m_picture);
     painter.setRenderHint(QPainter::Antialiasing);
     drawMarkers(painter);
+    if (hasFocus()) {
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.drawRect(QRect(QPoint(), m_geometry->size - QSize(1, 1)));
+    }
 }
 
 void ColorTriangle::drawBackground()

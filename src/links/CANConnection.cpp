@@ -2,12 +2,14 @@
 
 #include "LinkButtons_p.h"
 #include "RoomForText_p.h"
+#include "WheelFocus.h"
 #include "ui_CANConnection.h"
 
 CANConnection::CANConnection(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::CANConnection>())
 {
     m_ui->setupUi(this);
+    WheelFocus::guard(this);
     RoomForText::giveTo(this);
 }
 

@@ -2,11 +2,13 @@
 
 #include "DeviceList_p.h"
 #include "Logging.h"
+#include "WheelFocus.h"
 #include "ui_Connection.h"
 
 Connection::Connection(QWidget* parent) : QWidget(parent), m_ui(std::make_unique<Ui::Connection>())
 {
     m_ui->setupUi(this);
+    WheelFocus::guard(this);
 }
 
 Connection::Connection(QString title) : Connection(nullptr) { setTitle(title); }

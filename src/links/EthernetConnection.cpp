@@ -5,12 +5,14 @@
 #include "LinkButtons_p.h"
 #include "Logging.h"
 #include "RoomForText_p.h"
+#include "WheelFocus.h"
 #include "ui_EthernetConnection.h"
 
 EthernetConnection::EthernetConnection(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::EthernetConnection>())
 {
     m_ui->setupUi(this);
+    WheelFocus::guard(this);
     RoomForText::giveTo(this);
     new CondensedText(this, {m_ui->btnConnect, m_ui->btnDisconnect});
 }

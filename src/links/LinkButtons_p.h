@@ -1,6 +1,8 @@
 #ifndef LINKBUTTONS_P_H
 #define LINKBUTTONS_P_H
 
+#include "FocusPair_p.h"
+
 #include <QPushButton>
 
 /// The two buttons by which every connection panel shows the state of its link. A view of the
@@ -21,6 +23,7 @@ public:
 private:
     void show(bool connected)
     {
+        const FocusPair focus(m_connect, m_disconnect);
         m_connect->setEnabled(!connected);
         m_disconnect->setEnabled(connected);
     }

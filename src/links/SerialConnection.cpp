@@ -4,6 +4,7 @@
 #include "DeviceList_p.h"
 #include "Logging.h"
 #include "RoomForText_p.h"
+#include "WheelFocus.h"
 #include "ui_SerialConnection.h"
 
 SerialConnection::SerialConnection(QWidget* parent)
@@ -52,6 +53,7 @@ void SerialConnection::on_btnDisconnect_clicked()
 void SerialConnection::init()
 {
     m_ui->setupUi(this);
+    WheelFocus::guard(this);
     RoomForText::giveTo(this);
     new CondensedText(this, {m_ui->lblPort, m_ui->lblBaudrate, m_ui->lblAddress});
 }

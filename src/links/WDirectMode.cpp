@@ -3,12 +3,14 @@
 #include "Instruction.h"
 #include "RoomForText_p.h"
 #include "ShowsOnly_p.h"
+#include "WheelFocus.h"
 #include "ui_WDirectMode.h"
 
 WDirectMode::WDirectMode(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::WDirectMode>())
 {
     m_ui->setupUi(this);
+    WheelFocus::guard(this);
     RoomForText::giveTo(this);
     for (QSpinBox* field : {m_ui->sbRequestAddress, m_ui->sbReplyAddress, m_ui->sbReplyCommand,
                             m_ui->sbReplyType, m_ui->sbReplyMotorBank, m_ui->sbReplyValue})

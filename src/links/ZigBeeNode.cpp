@@ -3,6 +3,7 @@
 #include "Bytes.h"
 #include "RoomForText_p.h"
 #include "ShowsOnly_p.h"
+#include "WheelFocus.h"
 #include "ui_ZigBeeNode.h"
 
 #include <array>
@@ -21,6 +22,7 @@ std::array<QSpinBox*, 4> fields(const Ui::ZigBeeNode& form)
 ZigBeeNode::ZigBeeNode() : m_ui(std::make_unique<Ui::ZigBeeNode>())
 {
     m_ui->setupUi(this);
+    WheelFocus::guard(this);
     RoomForText::giveTo(this);
     new ShowsOnly(m_ui->lblMACinHEX);
 }

@@ -1,4 +1,4 @@
-#include "RamDebugThread.h"
+#include "RamDebugThread_p.h"
 
 #include "Bytes.h"
 #include "Command.h"
@@ -28,9 +28,8 @@ enum RecorderType : char {
 enum TargetMode { TargetTorque, TargetVelocity, TargetPosition, NoTarget };
 enum RecordedMode { Torque, Velocity, Position, Defined };
 
-constexpr char ActualPositionNumber = 1;   // axis parameter, whatever the charts show
-constexpr unsigned long SettleTime = 1000; // ms at the start target
-constexpr unsigned long PollPause = 10;    // us
+constexpr char ActualPositionNumber = 1; // axis parameter, whatever the charts show
+constexpr unsigned long PollPause = 10;  // us
 constexpr int NotShown = -1;
 
 char byteOf(Instruction instruction) { return toByte(static_cast<int>(instruction)); }
@@ -64,7 +63,10 @@ RamDebugThread::Settings::Settings()
 {
 }
 
-RamDebugThread::RamDebugThread(SimpleScaledDrawer* drawer) : m_drawer(drawer) {}
+RamDebugThread::RamDebugThread(SimpleScaledDrawer* drawer)
+    : m_shared(std::make_unique<Shared>(drawer))
+{
+}
 
 RamDebugThread::~RamDebugThread()
 {
@@ -75,14 +77,14 @@ RamDebugThread::~RamDebugThread()
 template <class T>
 void RamDebugThread::set(T Settings::*setting, T value)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const std::lock_guard<std::mutex> lock(m_shared->mutex);
     m_settings.*setting = value;
 }
 
 template <class T>
 T RamDebugThread::get(T Settings::*setting) const
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const std::lock_guard<std::mutex> lock(m_shared->mutex);
     return m_settings.*setting;
 }
 
@@ -166,30 +168,40 @@ char RamDebugThread::getActualPositionType() const { return get(&Settings::actua
 void RamDebugThread::setMeasurementConstraints(int from, int to, int delay)
 {
     qCDebug(axrRamDebug) << AXR_METHOD.constData() << "from:" << from << "delay:" << delay;
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_settings.targetFrom = from;
-    m_settings.targetTo = to;
-    m_settings.measureDelay = delay;
+    const std::lock_guard<std::mutex> lock(m_shared->mutex);
+    m_settings.constraints = {from, to, delay};
+    if (m_now.targetMode == m_settings.targetMode)
+        m_now.constraints = m_settings.constraints;
+}
+
+RamDebugThread::Constraints RamDebugThread::constraints() const
+{
+    const std::lock_guard<std::mutex> lock(m_shared->mutex);
+    return m_now.constraints;
+}
+
+void RamDebugThread::start(Priority priority)
+{
+    if (m_shared->isOver)
+        wait();
+    if (!isRunning())
+        prepare();
+    QThread::start(priority);
 }
 
 void RamDebugThread::stop() { m_running = false; }
 
 void RamDebugThread::abort()
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_abort = true;
-    m_wake.notify_all();
-}
-
-void RamDebugThread::leaveDrawer()
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_drawer = nullptr;
+    const std::lock_guard<std::mutex> lock(m_shared->mutex);
+    m_shared->isAborted = true;
+    m_shared->wake.notify_all();
 }
 
 void RamDebugThread::prepare()
 {
-    m_finishing = false;
+    m_shared->isOver = false;
+    m_shared->isAborted = false;
     m_running = true;
     m_isPrepared = true;
 }
@@ -197,23 +209,24 @@ void RamDebugThread::prepare()
 void RamDebugThread::run()
 {
     if (!m_isPrepared)
-        prepare();
+        prepare(); // started through the base
     m_isPrepared = false;
     Command reply;
     m_reply = &reply;
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        const std::lock_guard<std::mutex> lock(m_shared->mutex);
         m_now = m_settings;
         m_now.address = getAddress();
         m_now.motorBank = getMotorBank();
-        if (m_drawer)
-            m_drawer->clearChartValues();
+        m_shared->wayBack.reset();
+        if (m_shared->drawer)
+            m_shared->drawer->clearChartValues();
     }
     Global::instance()->registerThread(threadNumber(), QStringLiteral("RamDebug"));
     measure();
     m_reply = nullptr;
     qCDebug(axrRamDebug) << "RamDebugThread ready.";
-    m_finishing = true;
+    m_shared->isOver = true;
     emit ready();
     Global::instance()->unregisterThread(threadNumber());
 }
@@ -223,73 +236,82 @@ void RamDebugThread::measure()
     ask(BufferSize, "RamBufferSize:\t ", 0);
     const int elements = ask(BufferElements, "RamBufferElements:\t ", -1);
     const int items = ask(ItemsPerElement, "ItemsPerElement:\t ", -1);
-    const Command& position = send(byteOf(Instruction::GAP), ActualPositionNumber, 0);
-    int startPosition = position.isValid() ? position.getValue() : 0;
-    if (position.isValid())
-        log("StartPosition:\t ", startPosition);
+    m_startPosition = 0;
+    if (send(byteOf(Instruction::GAP), ActualPositionNumber, 0)) {
+        m_startPosition = m_reply->getValue();
+        log("StartPosition:\t ", m_startPosition);
+    }
 
     log("MeasureMode:   ", m_now.measureMode);
     send(byteOf(Instruction::RD), MeasureMode, m_now.measureMode);
-    log("MeasureDelay:  ", m_now.measureDelay);
-    send(byteOf(Instruction::RD), MeasureDelay, m_now.measureDelay);
+    const int delay = constraints().delay;
+    log("MeasureDelay:  ", delay);
+    send(byteOf(Instruction::RD), MeasureDelay, delay);
+    const Constraints targets = constraints();
     log("TargetMode:    ", m_now.targetMode);
-    log("Target from:   ", m_now.targetFrom);
-    log("Target to:     ", m_now.targetTo);
+    log("Target from:   ", targets.from);
+    log("Target to:     ", targets.to);
     log("TriggerType:   ", m_now.triggerType);
     log("TriggerValue:  ", m_now.triggerValue);
 
     if (m_now.targetMode == TargetPosition) {
-        send(byteOf(Instruction::SAP), ActualPositionNumber, m_now.targetFrom);
-        startPosition = m_now.targetFrom;
-        log("new StartPosition:", startPosition);
+        send(byteOf(Instruction::SAP), ActualPositionNumber, targets.from);
+        m_startPosition = targets.from;
+        log("new StartPosition:", m_startPosition);
     }
-    giveTarget(m_now.targetFrom);
-    pause(SettleTime);
-    send(byteOf(Instruction::RD), Arm, m_now.triggerType, m_now.triggerValue);
-    giveTarget(m_now.targetTo);
-    while (!m_abort) {
-        const Command& state = send(byteOf(Instruction::RD), State, 0);
-        if (state.isValid() && state.getValue() == 0) {
-            log("measurement ready:\t", state.getValue());
+    giveTarget(targets.from);
+    settle();
+    send({m_now.address, byteOf(Instruction::RD), Arm, toByte(m_now.triggerType),
+          m_now.triggerValue});
+    giveTarget(constraints().to);
+    while (!m_shared->isAborted) {
+        if (send(byteOf(Instruction::RD), State, 0) && m_reply->getValue() == 0) {
+            log("measurement ready:\t", m_reply->getValue());
             break;
         }
         usleep(PollPause);
     }
-    if (m_abort)
+    if (m_shared->isAborted)
         return;
     log("drive back");
-    if (m_now.targetMode < NoTarget)
-        givePosition(startPosition);
+    driveBack();
     log("get the data");
     fetch(elements, items);
 }
 
-const Command& RamDebugThread::send(char command, char type, int motorBank, int value)
+/// True if the module has answered; the answer is then in m_reply.
+bool RamDebugThread::send(const Command& request)
 {
     *m_reply = Command(); // what a handler does not fill is no answer
-    if (m_abort)
-        return *m_reply;
-    auto* request = new Command(m_now.address, command, type, toByte(motorBank), value);
-    if (m_tracksRequests)
-        m_untaken = request;
-    emit doDirectRequest(request, m_reply);
-    // The panel's part of the queue may have been dropped together with the request.
-    delete m_untaken.exchange(nullptr);
-    return *m_reply;
+    m_wasSent = false;
+    if (m_shared->isAborted)
+        return false;
+    auto* sent = new Command(request);
+    if (m_shared->isOfPanel)
+        m_shared->untaken = sent;
+    emit doDirectRequest(sent, m_reply);
+    // The panel may have dropped it, or its part of the queue was dropped together with it.
+    const std::unique_ptr<Command> dropped(m_shared->untaken.exchange(nullptr));
+    m_wasSent = !dropped;
+    return m_reply->isValid();
 }
 
-const Command& RamDebugThread::send(char command, char type, int value)
+bool RamDebugThread::send(char command, char type, int value)
 {
-    return send(command, type, u8(m_now.motorBank), value);
+    return send(commandOf(command, type, value));
+}
+
+Command RamDebugThread::commandOf(char command, char type, int value) const
+{
+    return {m_now.address, command, type, m_now.motorBank, value};
 }
 
 int RamDebugThread::ask(char type, const char* label, int otherwise)
 {
-    const Command& reply = send(byteOf(Instruction::RD), type, 0);
-    if (!reply.isValid())
+    if (!send(byteOf(Instruction::RD), type, 0))
         return otherwise;
-    log(label, reply.getValue());
-    return reply.getValue();
+    log(label, m_reply->getValue());
+    return m_reply->getValue();
 }
 
 void RamDebugThread::giveTarget(int value)
@@ -305,34 +327,53 @@ void RamDebugThread::giveTarget(int value)
         break;
     }
     case TargetPosition:
-        givePosition(value);
+        send(positionCommand(value));
         break;
     default:
-        break;
+        return;
     }
+    if (m_wasSent)
+        setWayBack(positionCommand(m_startPosition));
 }
 
-void RamDebugThread::givePosition(int value)
+void RamDebugThread::driveBack()
+{
+    if (m_now.targetMode >= NoTarget)
+        return;
+    send(positionCommand(m_startPosition));
+    if (m_wasSent)
+        setWayBack(std::nullopt);
+}
+
+void RamDebugThread::setWayBack(const std::optional<Command>& command)
+{
+    const std::lock_guard<std::mutex> lock(m_shared->mutex);
+    m_shared->wayBack = command;
+}
+
+Command RamDebugThread::positionCommand(int value) const
 {
     const bool moves = carries(m_now.targetPositionCommand, Instruction::MVP);
-    send(m_now.targetPositionCommand, moves ? char(0) : m_now.targetPositionType, value);
+    return commandOf(m_now.targetPositionCommand, moves ? char(0) : m_now.targetPositionType,
+                     value);
 }
 
 void RamDebugThread::fetch(int elements, int items)
 {
-    for (int element = 0; element < elements && !m_abort; ++element) {
-        for (int item = 0; item < items && !m_abort; ++item) {
-            const Command& sample = send(byteOf(Instruction::RD), Sample, item, element);
-            if (!sample.isValid()) {
-                if (!m_abort)
+    const std::atomic<bool>& isAborted = m_shared->isAborted;
+    for (int element = 0; element < elements && !isAborted; ++element) {
+        for (int item = 0; item < items && !isAborted; ++item) {
+            if (!send({m_now.address, byteOf(Instruction::RD), Sample, toByte(item), element})) {
+                if (!isAborted)
                     log("reply invalid!");
                 continue;
             }
             const int type = sampleType(item);
-            const std::lock_guard<std::mutex> lock(m_mutex);
-            if (m_drawer && type != NotShown)
-                m_drawer->requestedTraceValue(m_now.address, byteOf(Instruction::GAP), toByte(type),
-                                              m_now.motorBank, sample.getValue());
+            const std::lock_guard<std::mutex> lock(m_shared->mutex);
+            if (m_shared->drawer && type != NotShown)
+                m_shared->drawer->requestedTraceValue(m_now.address, byteOf(Instruction::GAP),
+                                                      toByte(type), m_now.motorBank,
+                                                      m_reply->getValue());
         }
         if (!m_running)
             return;
@@ -360,9 +401,9 @@ int RamDebugThread::sampleType(int item) const
 }
 
 /// Ends early when the run is aborted.
-void RamDebugThread::pause(unsigned long milliseconds)
+void RamDebugThread::settle()
 {
-    std::unique_lock<std::mutex> lock(m_mutex);
-    m_wake.wait_for(lock, std::chrono::milliseconds(milliseconds),
-                    [this] { return bool(m_abort); });
+    std::unique_lock<std::mutex> lock(m_shared->mutex);
+    m_shared->wake.wait_for(lock, std::chrono::milliseconds(Shared::settleTime),
+                            [this] { return bool(m_shared->isAborted); });
 }

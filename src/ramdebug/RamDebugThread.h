@@ -5,10 +5,10 @@
 #include "MotorController.h"
 
 #include <QThread>
-#include <condition_variable>
-#include <mutex>
 
 #include <atomic>
+#include <memory>
+#include <optional>
 
 class Command;
 class SimpleScaledDrawer;
@@ -46,6 +46,8 @@ public:
     void setTriggerValue(int value);
     int getTriggerValue() const;
 
+    /// A run that is under way takes over what it has still to send, unless the target mode has
+    /// changed since it began: then the numbers are in another unit than its own.
     /// \param from start target, in the unit of the target mode; default 0
     /// \param to end target; default 0
     /// \param delay recording interval in ticks of the module, default 1
@@ -73,13 +75,23 @@ public:
     char getActualVelocityType() const;
     char getActualPositionType() const;
 
+    /// As QThread::start(): begins a run, or does nothing while one is under way. A stop() or an
+    /// abort() counts for this run from now on, also before it has asked anything.
+    void start(Priority priority = InheritPriority);
+
     /// Ends the fetching after the element that is fetched now. Looked at nowhere else, so a run
     /// that was stopped earlier still moves the axis, and fetches one element.
     void stop();
 
-    /// Ends a run as soon as the request on its way is answered: nothing more is sent, and ready()
-    /// comes. For whoever destroys it.
+    /// Gives up the run that is under way: after the request that is on its way now it sends
+    /// nothing, not the end target, not the drive back, and ready() comes. The axis is left as it
+    /// is driven, so whoever calls this stops it. Returns at once; the next start() after ready()
+    /// works as ever. Without a run it does nothing.
     void abort();
+
+    struct Shared;
+    /// Not for hosts: what the panel that owns this needs besides.
+    Shared& shared() { return *m_shared; }
 
 Q_SIGNALS:
     /// One round trip. The receiver owns `request` from now on and fills `reply` before it returns;
@@ -93,17 +105,18 @@ protected:
     void run() override;
 
 private:
-    friend class WRamDebug;
-
+    struct Constraints {
+        int from = 0;
+        int to = 0;
+        int delay = 1;
+    };
     struct Settings {
         bool allowDefinedMode = false;
         int targetMode = 0;
         int measureMode = 0;
         int triggerType = 0;
         int triggerValue = 0;
-        int targetFrom = 0;
-        int targetTo = 0;
-        int measureDelay = 1;
+        Constraints constraints;
         char targetTorqueCommand;
         char targetTorqueType;
         char targetVelocityCommand;
@@ -123,36 +136,30 @@ private:
     template <class T>
     T get(T Settings::*setting) const;
 
+    /// For the run that begins. Not during a run.
+    void prepare();
     void measure();
-    const Command& send(char command, char type, int motorBank, int value);
-    const Command& send(char command, char type, int value);
+    Constraints constraints() const;
+    bool send(const Command& request);
+    bool send(char command, char type, int value);
     int ask(char type, const char* label, int otherwise);
     void giveTarget(int value);
-    void givePosition(int value);
+    void driveBack();
+    void setWayBack(const std::optional<Command>& command);
+    Command positionCommand(int value) const;
+    Command commandOf(char command, char type, int value) const;
     void fetch(int elements, int items);
     int sampleType(int item) const;
-    void pause(unsigned long milliseconds);
+    void settle();
 
-    // For the panel, which may be destroyed while a request is with its host.
-    void leaveDrawer();
-    void take() { m_untaken.exchange(nullptr); }
-    void giveBack() { m_untaken = nullptr; } // what was answered is written before this
-    bool isFinishing() const { return m_finishing; }
-    /// A stop() counts from now on, also before the run begins. Not during a run.
-    void prepare();
-
-    mutable std::mutex m_mutex; // guards what the owner's thread sets: settings and drawer
-    std::condition_variable m_wake;
+    std::unique_ptr<Shared> m_shared;
     Settings m_settings;
-    SimpleScaledDrawer* m_drawer;
-    Settings m_now;             // those of the run
+    Settings m_now; // those of the run
+    int m_startPosition = 0;
     Command* m_reply = nullptr; // of the run, on its stack
+    bool m_wasSent = false;     // the last request; false if it was dropped on the way
     std::atomic<bool> m_running{false};
     std::atomic<bool> m_isPrepared{false};
-    std::atomic<bool> m_abort{false};
-    std::atomic<bool> m_finishing{false};
-    bool m_tracksRequests = false;
-    std::atomic<Command*> m_untaken{nullptr};
 };
 
 #endif

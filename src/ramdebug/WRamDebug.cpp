@@ -4,19 +4,22 @@
 #include "Chart.h"
 #include "Command.h"
 #include "Csv_p.h"
+#include "FocusPair_p.h"
 #include "Instruction.h"
 #include "Logging.h"
 #include "MethodName.h"
 #include "Numbers.h"
-#include "RamDebugThread.h"
+#include "RamDebugThread_p.h"
 #include "RoomForText_p.h"
 #include "ShowsOnly_p.h"
 #include "SimpleScaledDrawer.h"
+#include "WheelFocus.h"
 #include "ui_WRamDebug.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QFileDialog>
+#include <QPainter>
 #include <QPointer>
 #include <QSaveFile>
 #include <QSignalBlocker>
@@ -30,9 +33,13 @@ enum Mode { Torque, Velocity, Position, Other }; // of targets and of what is me
 enum Entry { NameEntry, IdEntry, UnitEntry };    // of an item's list
 
 constexpr int LongestChart = 10000;
-constexpr char BufferElements = 1; // type of RD
-constexpr int ThreadPatience = 5;  // ms
-constexpr int BoxFrame = 34;       // px, with the arrows of the widest style
+constexpr int LargestBuffer = 1000000; // elements; more is no answer of a recorder
+constexpr char BufferElements = 1;     // type of RD
+constexpr int ThreadPatience = 5;      // ms
+constexpr int ButtonColumn = 8;        // of the row of fields
+constexpr int SignSpace = 4;           // px
+constexpr QRgb SignColor = 0xffff9900; // orange
+constexpr int BoxFrame = 34;           // px, with the arrows of the widest style
 
 void addItem(QComboBox* box, const QStringList& entries)
 {
@@ -61,6 +68,7 @@ WRamDebug::WRamDebug(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::WRamDebug>()), m_velocityUnit(tr("[rpm]"))
 {
     m_ui->setupUi(this);
+    WheelFocus::guard(this);
     new ShowsOnly(m_ui->sbDuration);
     fitBoxes();
     RoomForText::giveTo(this);
@@ -77,7 +85,7 @@ WRamDebug::WRamDebug(QWidget* parent)
     m_ui->drawer->startDrawing();
 
     m_thread = std::make_unique<RamDebugThread>(m_ui->drawer);
-    m_thread->m_tracksRequests = true;
+    m_thread->shared().isOfPanel = true;
     connect(m_ui->sbMeasureDelay, QOverload<int>::of(&QSpinBox::valueChanged), this,
             &WRamDebug::measureDelayChanged);
     connect(m_thread.get(), &RamDebugThread::doDirectRequest, this,
@@ -94,8 +102,10 @@ WRamDebug::WRamDebug(QWidget* parent)
 
 WRamDebug::~WRamDebug()
 {
+    RamDebugThread::Shared& shared = m_thread->shared();
+    const bool isGivenUp = shared.isAborted;
     m_thread->abort();
-    m_thread->leaveDrawer();
+    shared.leaveDrawer();
     if (m_forwarding > 0) {
         // The thread waits for the slot in which this is destroyed: it must outlive the panel, and
         // goes by itself, or with the application where that quits at once.
@@ -106,6 +116,10 @@ WRamDebug::~WRamDebug()
         // A request that is on its way to this panel frees the thread when it is dropped.
         while (!m_thread->wait(ThreadPatience))
             QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
+        const std::optional<Command> wayBack = shared.takeWayBack();
+        Command reply;
+        if (wayBack && !isGivenUp && m_asking == 0)
+            ask(new Command(*wayBack), &reply);
     }
     m_ui->drawer->removeAllCharts();
 }
@@ -267,11 +281,13 @@ void WRamDebug::updateUnits()
 
 void WRamDebug::setAllowDefinedMode(bool allow)
 {
-    if (m_allowDefinedMode || !allow)
+    if (m_allowDefinedMode)
         return;
-    m_allowDefinedMode = true;
-    m_thread->setAllowDefinedMode(true);
-    addItem(m_ui->cmbTargetMode, {tr("No target"), QStringLiteral("3"), QString()});
+    m_allowDefinedMode = allow;
+    m_thread->setAllowDefinedMode(allow);
+    const QString name = tr("No target");
+    if (m_ui->cmbTargetMode->findText(name) < 0)
+        addItem(m_ui->cmbTargetMode, {name, QStringLiteral("3"), QString()});
 }
 
 void WRamDebug::updateValues()
@@ -283,13 +299,21 @@ void WRamDebug::updateValues()
         &reply);
     if (!self || !reply.isValid())
         return;
-    m_bufferElements = reply.getValue();
+    const int elements = reply.getValue();
+    m_hasBadBufferSize = elements < 1 || elements > LargestBuffer;
+    update();
+    if (m_hasBadBufferSize)
+        return;
+    m_bufferElements = elements;
     m_ui->sbMeasureDelay->setValue(1);
     measureDelayChanged(1);
-    m_ui->drawer->setChartSize(reply.getValue());
+    m_ui->drawer->setChartSize(elements);
 }
 
-void WRamDebug::setMaximumDrawerHeight(int height) { m_ui->drawer->setMaximumHeight(height); }
+void WRamDebug::setMaximumDrawerHeight(int height)
+{
+    m_ui->drawer->setMaximumHeight(qBound(0, height, QWIDGETSIZE_MAX));
+}
 
 void WRamDebug::measureDelayChanged(int newDelay)
 {
@@ -391,6 +415,34 @@ void WRamDebug::changeEvent(QEvent* event)
         fitBoxes();
 }
 
+void WRamDebug::paintEvent(QPaintEvent* event)
+{
+    QWidget::paintEvent(event);
+    const bool isEnding = m_run == Run::Ends || m_run == Run::BeginsAgain;
+    if (isEnding)
+        paintSign(tr("still ending"));
+    else if (m_hasBadBufferSize)
+        paintSign(tr("bad buffer size"));
+}
+
+/// In the free place above the buttons.
+void WRamDebug::paintSign(const QString& text)
+{
+    const QGridLayout* row = m_ui->gridLayout;
+    const QRect place = row->cellRect(0, ButtonColumn) | row->cellRect(0, row->columnCount() - 1);
+    const int diameter = fontMetrics().ascent() - 1;
+    QRect dot(place.left(), 0, diameter, diameter);
+    dot.moveCenter({dot.center().x(), place.center().y()});
+    const QRect room = place.adjusted(diameter + SignSpace, 0, 0, 0);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(palette().color(foregroundRole()));
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter,
+                     fontMetrics().elidedText(text, Qt::ElideRight, room.width()));
+    painter.setBrush(QColor(SignColor));
+    painter.drawEllipse(dot);
+}
+
 /// The ranges are far wider than the values that are usual, which always show in full.
 void WRamDebug::fitBoxes()
 {
@@ -401,6 +453,7 @@ void WRamDebug::fitBoxes()
 
 void WRamDebug::showMeasuring(bool measuring)
 {
+    const FocusPair focus(m_ui->btnStart, m_ui->btnStop);
     m_ui->btnStart->setEnabled(!measuring);
     m_ui->btnStop->setEnabled(measuring);
     enableInputFields(!measuring);
@@ -417,44 +470,86 @@ void WRamDebug::on_btnStart_clicked()
     const int to = shownValue(m_ui->sbToTarget);
     const int from = shownValue(m_ui->sbFromTarget);
     m_thread->setMeasurementConstraints(from, to, delay);
-    if (m_thread->isFinishing())
-        m_thread->wait(); // for its last lines, which ask nothing of this thread
-    if (!m_thread->isRunning())
-        m_thread->prepare();
-    m_thread->start(QThread::InheritPriority);
+    const bool isUnderWay = m_thread->isRunning() && !m_thread->shared().isOver;
+    if (!isUnderWay)
+        beginRun();
+    else if (m_thread->shared().isAborted)
+        setRun(Run::BeginsAgain);
 }
 
 void WRamDebug::on_btnStop_clicked()
 {
     showMeasuring(false);
     m_thread->stop();
+    if (isMeasuring())
+        setRun(Run::Ends);
+}
+
+void WRamDebug::abort()
+{
+    if (!isMeasuring())
+        return;
+    m_thread->abort();
+    setRun(Run::Ends);
 }
 
 void WRamDebug::ramDebugThreadReady()
 {
-    const bool isOfAnEarlierRun = m_thread->isRunning() && !m_thread->isFinishing();
-    if (!isOfAnEarlierRun)
-        showMeasuring(false);
+    const bool isOfAnEarlierRun = m_thread->isRunning() && !m_thread->shared().isOver;
+    if (isOfAnEarlierRun)
+        return;
+    if (m_run == Run::BeginsAgain) {
+        beginRun();
+        return;
+    }
+    setRun(Run::None);
+    showMeasuring(false);
+}
+
+void WRamDebug::beginRun()
+{
+    setRun(Run::Goes);
+    m_thread->start(QThread::InheritPriority);
+}
+
+void WRamDebug::setRun(Run run)
+{
+    m_run = run;
+    update();
 }
 
 void WRamDebug::forwardDoDirectRequest(Command* request, Command* reply)
 {
-    RamDebugThread* thread = m_thread.get(); // waits for the end of this slot, whatever happens
-    thread->take();
+    RamDebugThread::Shared& shared = m_thread->shared(); // the thread waits for the end of this
+    if (shared.isAborted || !hasHost())
+        return; // not taken, so it was not sent
+    shared.take();
+    shared.answer = Command();
     const QPointer<WRamDebug> self(this);
     ++m_forwarding;
-    ask(request, reply);
-    thread->giveBack();
+    ask(request, &shared.answer);
+    *reply = shared.answer;
+    shared.giveBack();
     if (self)
         --m_forwarding;
 }
 
+bool WRamDebug::hasHost() const
+{
+    return !signalsBlocked() && receivers(SIGNAL(doDirectRequest(Command*, Command*))) > 0;
+}
+
 void WRamDebug::ask(Command* request, Command* reply)
 {
-    if (!signalsBlocked() && receivers(SIGNAL(doDirectRequest(Command*, Command*))) > 0)
-        emit doDirectRequest(request, reply);
-    else
+    if (!hasHost()) {
         delete request;
+        return;
+    }
+    const QPointer<WRamDebug> self(this);
+    ++m_asking;
+    emit doDirectRequest(request, reply);
+    if (self)
+        --m_asking;
 }
 
 void WRamDebug::on_btnSave_clicked()

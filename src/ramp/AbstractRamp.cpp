@@ -11,6 +11,12 @@ QPainterPath AbstractRamp::path() const { return m_ramp ? m_ramp->path() : QPain
 
 QSizeF AbstractRamp::size() const { return m_ramp ? m_ramp->size() : QSizeF(-1, -1); }
 
+double AbstractRamp::peak() const { return m_ramp ? m_ramp->peak() : 0; }
+
+double AbstractRamp::duration() const { return m_ramp ? m_ramp->duration() : 0; }
+
+double AbstractRamp::steps() const { return m_ramp ? m_ramp->steps() : 0; }
+
 void AbstractRamp::ramp(double vmax, double v1, double vstart, double vstop, double a1, double amax,
                         double dmax, double d1, bool noDistance, double distance)
 {

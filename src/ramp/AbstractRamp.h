@@ -6,7 +6,7 @@
 #include <memory>
 
 /// A ramp of some form. The trapezoid is the only form that has one; without it the text and the
-/// path are empty, the size is -1 by -1, and ramp() does nothing.
+/// path are empty, the numbers 0, the size is -1 by -1, and ramp() does nothing.
 class AXRGUI_EXPORT AbstractRamp
 {
 public:
@@ -20,6 +20,9 @@ public:
     QString str() const;
     QPainterPath path() const;
     QSizeF size() const;
+    double peak() const;
+    double duration() const;
+    double steps() const;
 
     // As of TrapezialRamp.
     void ramp(double vmax, double v1, double vstart, double vstop, double a1, double amax,

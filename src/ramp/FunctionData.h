@@ -18,7 +18,9 @@ class MarkerItem;
 ///
 /// The plot's upper left corner is the scene's origin, and one unit of the scene is a pixel. The
 /// values are spread evenly over the width. The scale of the value axis is the power of ten above
-/// the values' span.
+/// the values' span. The axis ends at the greatest value rounded up to a quarter, 0.25 whatever the
+/// scale, of which a negative value that is no quarter itself passes one more; and at the least
+/// value rounded down to a tenth of the scale.
 class AXRGUI_EXPORT FunctionData : public QObject
 {
     Q_OBJECT

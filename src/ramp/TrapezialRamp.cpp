@@ -33,6 +33,12 @@ double rootOf(double square, double otherwise)
 
 QString shown(double number) { return BasicTools::intInsertDot(orZero(number), 1); }
 
+QString reddened(const char* attributes, const QString& complaint)
+{
+    return QStringLiteral(" <span style=\"%1\">%2</span>")
+        .arg(QLatin1String(attributes), complaint);
+}
+
 /// A change between two velocities, whichever way it is passed.
 struct Phase {
     double steps = 0;
@@ -48,6 +54,124 @@ struct Phase {
 
 } // namespace
 
+/// A ramp with its parameters as they are taken.
+struct TrapezialRamp::Profile {
+    double vmax;
+    double v1; // the peak where V1 is not reached
+    double vstart;
+    double vstop;
+    double peak;
+    double cruise = 0; // s
+    Phase first;
+    Phase second;
+    Phase third;
+    Phase fourth;
+    enum { Vmax, BelowVmax, BelowV1 } reached = Vmax;
+    QString complaints; // of the parameters as they came in
+
+    Profile(double vmaxGiven, double v1Given, double vstartGiven, double vstopGiven, double a1,
+            double amax, double dmax, double d1, bool noDistance, double distance)
+        : vmax(qMax(vmaxGiven, 1.0))
+        , v1(qMin(v1Given, vmax))
+        , vstart(static_cast<float>(qBound(-LargestSingle, qMin(vstartGiven, vmax), LargestSingle)))
+        , vstop(qMin(vstopGiven, vmax))
+        , peak(vmax)
+    {
+        const struct {
+            double* acceleration;
+            const char* message;
+        } accelerations[] = {
+            {&a1, " A1 = 0!"}, {&amax, " AMAX = 0!"}, {&dmax, " DMAX = 0!"}, {&d1, " D1 = 0!"}};
+        for (const auto& each : accelerations) {
+            if (*each.acceleration > 0)
+                continue;
+            complaints += QLatin1String(each.message);
+            *each.acceleration = 1.0;
+        }
+        if (v1Given > vmaxGiven)
+            complaints += QLatin1String(" V1 exceed VMAX");
+
+        first = Phase(v1, vstart, a1);
+        second = Phase(vmax, v1, amax);
+        third = Phase(vmax, v1, dmax);
+        fourth = Phase(v1, vstop, d1);
+        if (noDistance)
+            return; // the shape alone
+        const double outer = first.steps + fourth.steps;
+        if (distance > changingSteps()) {
+            cruise = std::abs(std::abs(distance) - changingSteps()) / vmax;
+        } else if (distance >= outer) {
+            reached = BelowVmax;
+            const double shared = amax * dmax / (amax + dmax) / StepFactor;
+            peak = rootOf(shared * (std::abs(distance) - std::abs(outer)) + v1 * v1, v1);
+            second = Phase(peak, v1, amax);
+            third = Phase(peak, v1, dmax);
+        } else {
+            reached = BelowV1;
+            peak = rootOf(std::abs(distance) / (StepFactor / a1 + StepFactor / d1), v1);
+            v1 = peak;
+            first = Phase(peak, vstart, a1);
+            fourth = Phase(peak, vstop, d1);
+            second = third = Phase();
+        }
+    }
+
+    double changingSteps() const { return second.steps + first.steps + third.steps + fourth.steps; }
+    /// In s. A ramp without a change takes a second.
+    double changingTime() const
+    {
+        const double time = orZero(first.time + second.time + third.time + fourth.time);
+        return time == 0 ? 1.0 : time;
+    }
+    double steps() const { return orZero(peak * cruise + changingSteps()); }
+
+    QString text() const;
+    QPolygonF polygon(QSizeF size) const;
+};
+
+QString TrapezialRamp::Profile::text() const
+{
+    QString text;
+    if (reached == BelowVmax)
+        text = QStringLiteral("Vmax not reached <") + shown(peak) + QStringLiteral("> ");
+    if (reached == BelowV1)
+        text = QStringLiteral("V1 not reached <") + shown(peak);
+    text += QStringLiteral("<htm><b>Time from VSTART to VSTOP: <></b>  ") +
+            shown(changingTime() * ToMilliseconds);
+    if (cruise > 0)
+        text += QStringLiteral(" + ") + shown(cruise * ToMilliseconds);
+    text += QStringLiteral(" ms (") + shown(steps()) + QStringLiteral(" steps)");
+    if (!complaints.isEmpty())
+        text += reddened("color:red;", complaints);
+    if (vstart > v1)
+        text += reddened("color:white; background:red;", QStringLiteral(" VSTART exceed V1 !"));
+    if (vstop > v1)
+        text += reddened("color:red;", QStringLiteral(" VSTOP exceed V1 !"));
+    return text + QStringLiteral("</html>");
+}
+
+QPolygonF TrapezialRamp::Profile::polygon(QSizeF size) const
+{
+    const double height = size.height();
+    const double width = size.width() - 2 * Margin;
+    const auto heightOf = [&](double velocity) { return orZero(height * (1 - velocity / vmax)); };
+    QPolygonF polygon;
+    polygon << QPointF(0, height) << QPointF(Margin, height) << QPointF(Margin, heightOf(vstart));
+    double x = Margin;
+    const auto goOn = [&](double time, double y) {
+        x += orZero(time * width / (changingTime() + cruise));
+        polygon << QPointF(x, y);
+    };
+    const double top = orZero(height - height * peak / vmax);
+    const double middle = reached == BelowV1 ? top : heightOf(v1);
+    goOn(first.time, middle);
+    goOn(second.time, top);
+    goOn(cruise, top);
+    goOn(third.time, middle);
+    goOn(fourth.time, heightOf(vstop));
+    return polygon << QPointF(x, height) << QPointF(size.width(), height);
+}
+
 TrapezialRamp::TrapezialRamp(QSizeF size) : m_size(size) {}
 
 void TrapezialRamp::ramp(double vmax, double v1, double vstart, double vstop, double a1,
@@ -55,96 +179,12 @@ void TrapezialRamp::ramp(double vmax, double v1, double vstart, double vstop, do
 {
     for (double* argument : {&vmax, &v1, &vstart, &vstop, &a1, &amax, &dmax, &d1, &distance})
         *argument = orZero(*argument);
-    const bool isV1TooHigh = v1 > vmax;
-    vmax = qMax(vmax, 1.0);
-    v1 = qMin(v1, vmax);
-    vstart = static_cast<float>(qBound(-LargestSingle, qMin(vstart, vmax), LargestSingle));
-    vstop = qMin(vstop, vmax);
-
-    QString errors;
-    const struct {
-        double* acceleration;
-        const char* message;
-    } accelerations[] = {
-        {&a1, " A1 = 0!"}, {&amax, " AMAX = 0!"}, {&dmax, " DMAX = 0!"}, {&d1, " D1 = 0!"}};
-    for (const auto& each : accelerations) {
-        if (*each.acceleration > 0)
-            continue;
-        errors += QLatin1String(each.message);
-        *each.acceleration = 1.0;
-    }
-    if (isV1TooHigh)
-        errors += QLatin1String(" V1 exceed VMAX");
-
-    Phase first = Phase(v1, vstart, a1);
-    Phase second = Phase(vmax, v1, amax);
-    Phase third = Phase(vmax, v1, dmax);
-    Phase fourth = Phase(v1, vstop, d1);
-    double length = second.steps + first.steps + third.steps + fourth.steps;
-    double peak = vmax;
-    double cruise = 0; // s
-    bool isV1Reached = true;
-    QString notReached;
-    if (noDistance) {
-        // the shape alone
-    } else if (distance > length) {
-        cruise = std::abs(std::abs(distance) - length) / vmax;
-    } else if (const double outer = first.steps + fourth.steps; distance >= outer) {
-        const double shared = amax * dmax / (amax + dmax) / StepFactor;
-        peak = rootOf(shared * (std::abs(distance) - std::abs(outer)) + v1 * v1, v1);
-        second = Phase(peak, v1, amax);
-        third = Phase(peak, v1, dmax);
-        length = first.steps + second.steps + third.steps + fourth.steps;
-        notReached = QStringLiteral("Vmax not reached <") + shown(peak) + QStringLiteral("> ");
-    } else {
-        peak = rootOf(std::abs(distance) / (StepFactor / a1 + StepFactor / d1), v1);
-        isV1Reached = false;
-        v1 = peak;
-        first = Phase(peak, vstart, a1);
-        fourth = Phase(peak, vstop, d1);
-        second = third = Phase();
-        length = first.steps + fourth.steps;
-        notReached = QStringLiteral("V1 not reached <") + shown(peak);
-    }
-
-    m_steps = orZero(peak * cruise + length);
-    double changing = orZero(first.time + second.time + third.time + fourth.time);
-    if (changing == 0)
-        changing = 1.0;
-    m_text = notReached + QStringLiteral("<htm><b>Time from VSTART to VSTOP: <></b>  ") +
-             shown(changing * ToMilliseconds);
-    if (cruise > 0)
-        m_text += QStringLiteral(" + ") + shown(cruise * ToMilliseconds);
-    m_text += QStringLiteral(" ms (") + shown(m_steps) + QStringLiteral(" steps)");
-    if (!errors.isEmpty())
-        m_text +=
-            QStringLiteral(" <span style=\"color:red;\">") + errors + QStringLiteral("</span>");
-
-    const double height = m_size.height();
-    const auto heightOf = [&](double velocity) { return orZero(height * (1 - velocity / vmax)); };
-    const double width = m_size.width() - 2 * Margin;
-    m_polygon.clear();
-    m_polygon << QPointF(0, height) << QPointF(Margin, height) << QPointF(Margin, heightOf(vstart));
-    double x = Margin;
-    const auto goOn = [&](double time, double y) {
-        x += orZero(time * width / (changing + cruise));
-        m_polygon << QPointF(x, y);
-    };
-    const double top = orZero(height - height * peak / vmax);
-    const double middle = isV1Reached ? heightOf(v1) : top;
-    goOn(first.time, middle);
-    goOn(second.time, top);
-    goOn(cruise, top);
-    goOn(third.time, middle);
-    goOn(fourth.time, heightOf(vstop));
-    m_polygon << QPointF(x, height) << QPointF(m_size.width(), height);
-
-    if (vstart > v1)
-        m_text += QStringLiteral(
-            " <span style=\"color:white; background:red;\"> VSTART exceed V1 !</span>");
-    if (vstop > v1)
-        m_text += QStringLiteral(" <span style=\"color:red;\"> VSTOP exceed V1 !</span>");
-    m_text += QStringLiteral("</html>");
+    const Profile profile(vmax, v1, vstart, vstop, a1, amax, dmax, d1, noDistance, distance);
+    m_polygon = profile.polygon(m_size);
+    m_steps = profile.steps();
+    m_text = profile.text();
+    m_peak = profile.peak;
+    m_duration = orZero(profile.changingTime() + profile.cruise);
 }
 
 void TrapezialRamp::ramp(const QList<QWidget*>& widgets, bool noDistance, double distance)

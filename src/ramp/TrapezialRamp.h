@@ -28,8 +28,17 @@ public:
     explicit TrapezialRamp(QSizeF size);
 
     QSizeF size() const { return m_size; }
-    /// The result of the last ramp(); empty before.
+    // The result of the last ramp(); empty or 0 before.
+
+    /// For people, with what is wrong with the parameters. Not for a program to read: the peak of a
+    /// ramp that falls short stands in pointed brackets, which rich text takes for a tag and hides.
     QString str() const { return m_text; }
+    /// Highest velocity of the ramp: VMAX as it is taken, or what is reached of it.
+    double peak() const { return m_peak; }
+    /// From VSTART to VSTOP, in s. A ramp in which no velocity changes counts 1 s for that.
+    double duration() const { return m_duration; }
+    /// Length in steps, negative where VSTART or VSTOP far above V1 outweighs the rest.
+    double steps() const { return m_steps; }
     /// Time to the right, velocity up: y 0 is VMAX and the area's height 0.
     QPolygonF polygon() const { return m_polygon; }
     /// The polygon with a small circle round each point above the base line.
@@ -51,12 +60,16 @@ public:
     void ramp(QLayout* layout, bool noDistance, double distance);
 
 private:
+    struct Profile;
+
     void ramp(const QList<QWidget*>& widgets, bool noDistance, double distance);
 
     QPolygonF m_polygon;
     double m_steps = 0;
     QString m_text;
     QSizeF m_size;
+    double m_peak = 0;
+    double m_duration = 0; // s
 };
 
 #endif

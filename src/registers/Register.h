@@ -57,7 +57,8 @@ public:
     /// Step of the physical value. One that is not whole snaps values that are checked.
     double getTick() const { return m_tick; }
     void setTick(double tick);
-    /// Decimal places that show the tick in full, 51 when 50 do not.
+    /// The fewest decimal places that show the tick in full, by floating point arithmetic: 2 for
+    /// 0.25, 16 for a third, 17 for the sum of 0.1 and 0.2. 51 when 50 do not, as for 1e-60.
     unsigned char getDecimals() const { return m_decimals; }
 
     /// \param transformer stays the host's, and must outlive this register and its clones; null
@@ -77,7 +78,10 @@ public:
     bool setValue(unsigned long long raw);
     /// Writes a raw value, with its sign in all upper bits.
     bool setValue(int raw);
-    /// Writes a physical value, as it is given, not as the nearest tick.
+    /// Writes the raw value that the transformer makes of a physical one as it is given: what lies
+    /// between two ticks is not moved to one, but the transformer cuts or rounds (the default one
+    /// makes 2 of 2.9). Refused unless both this raw value and that of the nearest tick may be
+    /// written.
     bool setValue(double value);
 
     // Other whole numbers are raw values too; signed ones keep their sign in all upper bits.

@@ -416,6 +416,7 @@ QWidget* MainAppStyle::setFontSize(QWidget* parent)
         auto* button = new QToolButton(frame);
         button->setStyleSheet(QStringLiteral("QWidget {font-size: %1px}").arg(size));
         button->setText(QStringLiteral("A"));
+        button->setAccessibleName(tr("Font size %1").arg(size));
         button->setCheckable(true);
         button->setObjectName(QStringLiteral("sizeBtn"));
         connect(button, &QToolButton::clicked, this, &MainAppStyle::setFontSizeStyle);

@@ -2,6 +2,7 @@
 
 #include "Logging.h"
 #include "MethodName.h"
+#include "WheelFocus.h"
 
 #include <QSpinBox>
 
@@ -12,12 +13,18 @@ SpinBoxDelegate::SpinBoxDelegate(int minimum, int maximum, QObject* parent)
 }
 
 QWidget* SpinBoxDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
-                                       const QModelIndex&) const
+                                       const QModelIndex& index) const
 {
     qCDebug(axrShell) << AXR_METHOD.constData();
     auto* editor = new QSpinBox(parent);
+    if (const QAbstractItemModel* model = index.model())
+        editor->setAccessibleName(
+            tr("%1, row %2")
+                .arg(model->headerData(index.column(), Qt::Horizontal).toString())
+                .arg(index.row() + 1));
     editor->setAlignment(Qt::AlignHCenter);
     editor->setRange(m_minimum, m_maximum);
+    WheelFocus::guard(editor);
     return editor;
 }
 

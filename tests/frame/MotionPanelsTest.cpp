@@ -1,5 +1,6 @@
 #include "CommandRecorder.h"
 #include "CurrentControl.h"
+#include "FieldFace_p.h"
 #include "PositionControl.h"
 #include "SpinBox.h"
 #include "TestCase.h"
@@ -230,6 +231,37 @@ private Q_SLOTS:
         relativeTo->setCurrentText("target position"); // which the two moves above moved on, too
         click(panel, "btnMoveRelative");
         QCOMPARE(sent.takeLines(), QStringList("1 4 0 0 1600"));
+    }
+
+    void clippedRepliesAreNoGroundToMoveFrom()
+    {
+        PositionControl panel;
+        const auto* shown = User::find<QSpinBox>(&panel, "sbActualPosition");
+        panel.setActualPositionCommandAndRange(1, -1000, 1000);
+        panel.setUseMVPAbsForRel(true);
+        set(panel, "sbTargetPosition", 100);
+        CommandRecorder sent(&panel);
+        const auto moves = [&](int answer, const char* line, FieldSign sign) {
+            deliver(panel, reply(1, 6, 1, 0, answer));
+            click(panel, "btnMoveRelative");
+            return sent.takeLines() == QStringList(line) && FieldFace::in(shown)->sign() == sign;
+        };
+        QVERIFY(!panel.isActualPositionKnown());
+        click(panel, "btnMoveRelative");
+        QCOMPARE(sent.takeLines(), QStringList("1 4 0 0 100"));
+        QVERIFY(moves(1000, "1 4 0 0 1100", FieldSign::None));
+        QVERIFY(panel.isActualPositionKnown());
+        QVERIFY(moves(1001, "1 4 0 0 1101", FieldSign::More));
+        QVERIFY(moves(-70000, "1 4 0 0 -69900", FieldSign::Less));
+        QVERIFY(moves(2147483647, "1 4 0 0 2147483647", FieldSign::More));
+        panel.setActualPositionCommandAndRange(1, -5000, 5000); // leaves what is shown
+        QCOMPARE(shown->value(), 1000);
+        QVERIFY(FieldFace::in(shown)->isClipped());
+        QVERIFY(moves(3000, "1 4 0 0 3100", FieldSign::None));
+        panel.setActualPositionCommandAndRange(1, -100, 100);
+        click(panel, "btnMoveRelative");
+        QCOMPARE(sent.takeLines(), QStringList("1 4 0 0 3100"));
+        QVERIFY(FieldFace::in(shown)->isClipped());
     }
 
     void rampParameters()

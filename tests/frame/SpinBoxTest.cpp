@@ -1,5 +1,6 @@
 #include "SpinBox.h"
 #include "DoubleValidator.h"
+#include "FieldFace_p.h"
 #include "Numbers.h"
 #include "SpinboxCommand.h"
 #include "TestCase.h"
@@ -176,6 +177,151 @@ private Q_SLOTS:
         QCOMPARE(box.lastValue(), 3.0);
     }
 
+    void realValueFollowsTheNumber()
+    {
+        for (int decimals : {0, 2}) {
+            TextBox box;
+            const auto is = [&box, decimals](const char* number, const char* suffix) {
+                return box.edit()->text() ==
+                       QString(number) + (decimals ? ".00" : "") + " [" + suffix + " rpm]";
+            };
+            Parameter half = velocity();
+            half.factor = 0.5;
+            box.setFlags(confirm);
+            box.setUnitParameter(half, false, 10, decimals);
+            box.setSingleStep(1);
+            box.setValue(20);
+            QVERIFY(is("20", "10.00"));
+            box.selectAll();
+            User::type(&box, "6");
+            QVERIFY(is("6", "3.00"));
+            User::type(&box, "6");
+            QVERIFY(is("66", "33.00"));
+            QCOMPARE(box.edit()->cursorPosition(), 2);
+            QCOMPARE(box.value(), 20.0);
+            QTest::keyClick(&box, Qt::Key_Up);
+            QVERIFY(is("67", "33.50"));
+            User::wheel(&box, -120);
+            QVERIFY(is("66", "33.00"));
+            QTest::keyClick(&box, Qt::Key_Return);
+            QVERIFY(is("66", "33.00"));
+            QCOMPARE(box.lastValue(), 66.0);
+            QTest::keyClick(&box, Qt::Key_Down);
+            QTest::keyClick(&box, Qt::Key_Escape);
+            QVERIFY(is("66", "33.00"));
+            box.setFactor(2);
+            box.setPulseDivisorFactor(0);
+            box.setValue(66);
+            QVERIFY(is("66", "33.00"));
+            box.selectAll();
+            User::type(&box, "40");
+            QFocusEvent out(QEvent::FocusOut);
+            QCoreApplication::sendEvent(&box, &out);
+            QVERIFY(is("40", "19531.25"));
+            box.setSuffix(" of the host");
+            box.setValue(30);
+            QCOMPARE(box.suffix(), QString(" of the host"));
+        }
+    }
+
+    void replyEndsTyping()
+    {
+        SpinBox box;
+        box.setFlags(confirm);
+        Listener listener(&box);
+        const auto overwritten = [&box] {
+            return FieldFace::in(&box)->sign() == FieldSign::Overwritten;
+        };
+        box.selectAll();
+        User::type(&box, "42");
+        QVERIFY(box.hasEntry());
+        box.setValue(42);
+        QVERIFY(!overwritten()); // just what was typed
+        QVERIFY(!box.hasEntry());
+        User::type(&box, "0");
+        box.setValue(7);
+        QVERIFY(overwritten());
+        QVERIFY(!box.hasEntry());
+        User::type(&box, "3");
+        QTest::keyClick(&box, Qt::Key_Return);
+        QCOMPARE(listener.take(), QStringList({"3 was 7", "int 3", "text 3"}));
+        QTRY_VERIFY(!overwritten());
+        box.setValue(5.0); // a host's doing is no entry
+        box.setValue(8);
+        QVERIFY(!overwritten());
+        listener.onWhole = [&box] { box.setValue(6); }; // the answer to what was sent
+        User::type(&box, "9");
+        QTest::keyClick(&box, Qt::Key_Return);
+        QVERIFY(!overwritten());
+    }
+
+    void returnOutsideKeepsTheText()
+    {
+        for (int decimals : {0, 2}) {
+            TextBox box;
+            box.setDecimals(decimals);
+            box.setFlags(confirm);
+            box.setRange(0, 1000);
+            Listener listener(&box);
+            box.selectAll();
+            User::type(&box, "5000");
+            const QString text = box.edit()->text();
+            QTest::keyClick(&box, Qt::Key_Return);
+            box.sendValue();
+            QCOMPARE(box.edit()->text(), text);
+            QCOMPARE(listener.take(), QStringList());
+            QTest::keyClick(&box, Qt::Key_Backspace);
+            QTest::keyClick(&box, Qt::Key_Return);
+            QCOMPARE(listener.take().value(1), QString("int 500"));
+        }
+    }
+
+    void signsSayWhatColoursDoNot()
+    {
+        TextBox box;
+        const auto sign = [&box] { return FieldFace::in(&box)->sign(); };
+        box.setDecimals(2);
+        box.setFlags(confirm);
+        box.setRange(0, 100);
+        box.setValue(50);
+        QCOMPARE(sign(), FieldSign::None);
+        QTest::keyClick(&box, Qt::Key_Up);
+        QCOMPARE(sign(), FieldSign::Pending);
+        QTest::keyClick(&box, Qt::Key_Escape);
+        QCOMPARE(sign(), FieldSign::None);
+        box.edit()->setCursorPosition(5);
+        User::type(&box, "1");
+        QCOMPARE(box.edit()->text(), QString("500.01"));
+        QCOMPARE(sign(), FieldSign::Outside);
+        QTest::keyClick(&box, Qt::Key_Backspace);
+        QCOMPARE(sign(), FieldSign::None);
+        QCOMPARE(colourOf(box), QString());
+        box.setValue(5000);
+        QCOMPARE(sign(), FieldSign::More);
+        QCOMPARE(box.lastValue(), 5000.0);
+        box.setMaximum(10000); // which does not bring the reply back
+        QCOMPARE(sign(), FieldSign::More);
+        box.setValue(-1);
+        QCOMPARE(sign(), FieldSign::Less);
+        box.setValue(60);
+        box.setMaximum(30);
+        QCOMPARE(sign(), FieldSign::More);
+        box.selectAll();
+        User::type(&box, "7"); // digits alone for that moment, so the colour says it
+        QCOMPARE(colourOf(box), QString("gold"));
+        QCOMPARE(sign(), FieldSign::None);
+        QTest::keyClick(&box, Qt::Key_Return);
+        QCOMPARE(sign(), FieldSign::None);
+
+        SpinBox whole; // whose colours say it all
+        whole.setFlags(confirm);
+        whole.setRange(0, 100);
+        User::type(&whole, "5");
+        QCOMPARE(FieldFace::in(&whole)->sign(), FieldSign::None);
+        User::type(&whole, "00");
+        QCOMPARE(FieldFace::in(&whole)->sign(), FieldSign::None);
+    }
+
     void repliesNeverGoOut()
     {
         SpinBox box;
@@ -336,10 +482,6 @@ private Q_SLOTS:
             QCOMPARE(colourOf(box), QString("crimson"));
             QVERIFY(QToolTip::isVisible());
         };
-        makeCrimson();
-        QTest::keyClick(&box, Qt::Key_Return); // goes back to 0.00, the last value
-        QCOMPARE(colourOf(box), QString());
-        QTRY_VERIFY(!QToolTip::isVisible());
         makeCrimson();
         QTest::keyClick(&box, Qt::Key_Escape);
         QCOMPARE(colourOf(box), QString());

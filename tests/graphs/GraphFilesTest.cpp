@@ -167,16 +167,29 @@ private Q_SLOTS:
         user.onDialog = [&chart] { chart.take(1, 9, Start + 2000); };
         chart.graph->startLogging(true);
         chart.take(2, 3, Start + 2010);
-        QCOMPARE(contentOf(folder.filePath("first.csv")), first);
+        QCOMPARE(contentOf(folder.filePath("first.csv")), first + "1000;9;;\n1000;;;9\n");
         const QByteArray second = "timestamp[ms];a;b;again\n10;;3;\n";
         QCOMPARE(contentOf(folder.filePath("second.csv")), second);
         chart.graph->removeAllGraphs(); // other columns from now on
         chart.addCurves(2);
         chart.take(2, 4, Start + 2015);
+        for (const char* name : {"", "none/log.csv"}) { // refused, cannot be written
+            FileDialogUser loser(*name ? folder.filePath(name) : QString());
+            chart.graph->startLogging(true);
+            chart.take(2, 4, Start + 2015);
+        }
         log->setChecked(false);
+        QCOMPARE(contentOf(folder.filePath("second.csv")), second + "15;;4\n15;;4\n15;;4\n");
         chart.take(2, 5, Start + 2020);
-        QCOMPARE(contentOf(folder.filePath("second.csv")), second + "15;;4\n");
-        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 2);
+        QVERIFY(contentOf(folder.filePath("second.csv")).endsWith("15;;4\n"));
+        FileDialogUser again(folder.filePath("third.csv"));
+        chart.graph->startLogging(true); // by the host, and so the panel's box is not checked
+        FileDialogUser refuser("");
+        log->click();
+        QVERIFY(!log->isChecked());
+        chart.take(1, 6, Start + 2020);
+        QCOMPARE(contentOf(folder.filePath("third.csv")), QByteArray("timestamp[ms];a;b\n0;6;\n"));
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 3);
         QLocale::setDefault(QLocale::c());
     }
 

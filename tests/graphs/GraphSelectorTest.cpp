@@ -9,6 +9,7 @@
 
 #include <QComboBox>
 #include <QFrame>
+#include <QLabel>
 #include <QTableWidget>
 
 namespace
@@ -136,6 +137,26 @@ private Q_SLOTS:
         QCOMPARE(names(m_available),
                  QStringList({"velocity of old", "velocity", "input", "other"}));
         QCOMPARE(m_graph->getGraphs().size(), 1); // the graph is the host's to change
+    }
+
+    void addressAndMotorOfARow()
+    {
+        auto* line = User::find<QLabel>(m_dialog, "lblRow");
+        const QSize before = m_dialog->size();
+        QCOMPARE(before, QSize(800, 232));
+        QCOMPARE(line->text(), QString());
+        emit m_available->cellEntered(1, Type); // by the pointer
+        QCOMPARE(line->text(), QString("velocity, address 200, motor 0"));
+        m_selected->setCurrentCell(0, Cmd);
+        QCOMPARE(line->text(), QString("velocity, address 1, motor 0"));
+        m_available->setCurrentCell(0, Cmd);
+        QCOMPARE(line->text(), QString("position, address 1, motor 0"));
+        QTest::keyClick(m_available, Qt::Key_Space); // moves it; the cursor is on the next one
+        QCOMPARE(line->text(), QString("velocity, address 200, motor 0"));
+        for (int column = Cmd; column <= Motor; ++column)
+            QCOMPARE(m_available->item(0, column)->toolTip(), line->text());
+        QVERIFY(m_available->hasMouseTracking());
+        QCOMPARE(m_dialog->size(), before);
     }
 
     void standardColoursRunOut()

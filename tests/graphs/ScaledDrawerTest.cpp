@@ -14,6 +14,7 @@
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QTableWidget>
+#include <QToolTip>
 
 #include <limits>
 
@@ -126,6 +127,11 @@ private Q_SLOTS:
         QVERIFY(plain.isInPlot(220) && !plain.isInPlot(221));
         QVERIFY(!plain.isInPlot(plain.y(1e300)) && !plain.isInPlot(plain.y(NoNumber)));
 
+        QCOMPARE(plain.tickAt({20, 201}, 14), 1);
+        QCOMPARE(plain.tickAt({99, 201 + 7}, 14), 1);
+        for (const QPoint& beside : {QPoint(19, 201), QPoint(100, 201), QPoint(20, 201 + 9)})
+            QCOMPARE(plain.tickAt(beside, 14), -1);
+
         const DrawerGeometry widest({320, 240}, 14, -IntMax - 1, IntMax);
         QCOMPARE(widest.y(IntMax), 34);
         const DrawerGeometry none({320, 240}, 14, 5, 5);
@@ -148,18 +154,22 @@ private Q_SLOTS:
             {{NoNumber, NoNumber}, 1, "", 0},
             {{-5.5, 2.5}, 1, "-6..3", 1},
             {{1, 2, 3, 4, 5, 6, 7}, 3, "0..8", 2},
+            {{2, 1}, 1, "0..3", 2},       // the 2 comes after 1 has widened to it
             {{99, 1, 1}, 1, "0..100", 2}, // the one at which the walk ends counts
             {{999, 99, 1, 1}, 1, "0..100", 2},
             {{1e300, -1e300}, 1, "-2147483648..2147483647", 0},
             {{-2e9}, 1, "-2000000001..-214783648", 0},
+            {{-214783647}, 1, "-214783648..-214783646", 0},
+            {{IntMax}, 1, "2147483647..2147483647", 0},
         };
         for (const auto& row : rows) {
             DrawerGeometry geometry({122, 240}, 14, 0, 100);
             DrawerColumns columns;
             DrawerRange range;
             const auto& rects = columns.walk(row.values, row.resolution, geometry, &range);
-            const QString text =
-                range.isEmpty ? QString() : QString("%1..%2").arg(range.minimum).arg(range.maximum);
+            const QString text = range.isEmpty
+                                     ? QString()
+                                     : QString("%1..%2").arg(range.minimum()).arg(range.maximum());
             QCOMPARE(text, QString(row.range));
             QCOMPARE(static_cast<int>(rects.size()), row.columns);
         }
@@ -197,6 +207,37 @@ private Q_SLOTS:
         QCOMPARE(shown.paintAndTell(), QString("200 -100..100"));
         shown.area.removeChart(1, 0, 6, 1);
         QCOMPARE(*shown.area.getCharts(), QList<Chart*>({&hidden}));
+    }
+
+    void rangeOfASteadySignalStands()
+    {
+        Area shown;
+        Chart chart(1, 0, 6, 1, "", Qt::red);
+        shown.area.addChart(&chart);
+        fill(chart, 7);
+        QCOMPARE(shown.paintAndTell(), QString("200 -1..7"));
+        for (int i = 0; i < 20; ++i) {
+            chart.addValue(i % 7);
+            QCOMPARE(shown.paintAndTell(), QString("200"));
+        }
+    }
+
+    void labelsInFullByToolTip()
+    {
+        Area shown;
+        shown.area.doManualScaling();
+        shown.area.setMinValue(-IntMax - 1);
+        shown.area.setMaxValue(IntMax);
+        const DrawerGeometry geometry = shown.geometry(-IntMax - 1, IntMax);
+        const auto tipAt = [&shown](const QPoint& place) {
+            QHelpEvent event(QEvent::ToolTip, place, shown.area.mapToGlobal(place));
+            QApplication::sendEvent(&shown.area, &event);
+            return event.isAccepted() ? QToolTip::text() : QString();
+        };
+        QCOMPARE(tipAt({30, geometry.tickY(0)}), QString("-2147483648"));
+        QCOMPARE(tipAt({30, geometry.tickY(1)}), QString("-1717986918.5"));
+        QCOMPARE(tipAt({30, geometry.tickY(10)}), QString("2147483647"));
+        QCOMPARE(tipAt({200, geometry.tickY(5)}), QString());
     }
 
     void paintsOneColumnForASample()
@@ -338,6 +379,49 @@ private Q_SLOTS:
         QCOMPARE(min->value(), -71);
         User::find<QAbstractButton>(panel, "btnClearCharts")->click();
         QCOMPARE(chart.getValues(), Values());
+    }
+
+    void panelFollowsTheHost()
+    {
+        SimpleScaledDrawer drawer;
+        auto* panel = drawer.findChild<SimpleScaledGraphController*>();
+        auto* min = User::find<QSpinBox>(panel, "sbMin");
+        auto* max = User::find<QSpinBox>(panel, "sbMax");
+        QStringList told;
+        using Panel = SimpleScaledGraphController;
+        connect(panel, &Panel::scaleManually, [&] { told << "manually"; });
+        connect(panel, &Panel::scaleDynamic, [&] { told << "dynamic"; });
+        connect(panel, &Panel::minValueChanged, [&] { told << "min"; });
+        connect(panel, &Panel::maxValueChanged, [&] { told << "max"; });
+        const auto isDynamic = [panel] {
+            return User::find<QAbstractButton>(panel, "btnScaleDynamic")->isChecked();
+        };
+        drawer.setEnabled(false);
+        drawer.doManualScaling();
+        drawer.setEnabled(true);
+        QVERIFY(!isDynamic() && min->isEnabled() && max->isEnabled());
+        const struct {
+            int min;
+            int max;
+        } ranges[] = {{-50, 50}, {5000, 6000}, {-6000, -5000}, {0, IntMax}, {-IntMax, 0}};
+        for (const auto& range : ranges) {
+            for (bool isMinFirst : {true, false}) {
+                drawer.setMinValue(0);
+                drawer.setMaxValue(1);
+                if (isMinFirst)
+                    drawer.setMinValue(range.min);
+                drawer.setMaxValue(range.max);
+                drawer.setMinValue(range.min);
+                QCOMPARE(min->value(), range.min);
+                QCOMPARE(max->value(), range.max);
+                auto* area = User::find<DrawerArea>(&drawer, "drawer");
+                QCOMPARE(area->getMinValue(), range.min);
+                QCOMPARE(area->getMaxValue(), range.max);
+            }
+        }
+        drawer.doDynamicScaling();
+        QVERIFY(isDynamic() && !min->isEnabled() && !max->isEnabled());
+        QCOMPARE(told, QStringList());
     }
 
     void selection()

@@ -131,6 +131,29 @@ private Q_SLOTS:
         QCOMPARE(shown(panel), QString("+-"));
     }
 
+    void focusGoesFromButtonToButton()
+    {
+        CANConnection panel;
+        QStringList lines;
+        record(panel, lines);
+        auto* connects = User::find<QPushButton>(&panel, "btnConnect");
+        auto* disconnects = User::find<QPushButton>(&panel, "btnDisconnect");
+        auto* field = User::find<QSpinBox>(&panel, "sbSendId");
+        connect(field, &QSpinBox::editingFinished, [&lines] { lines << "edited"; });
+        panel.show();
+        connects->setFocus();
+        for (int i = 0; i < 3; ++i)
+            QTest::keyClick(panel.focusWidget(), Qt::Key_Space);
+        QCOMPARE(lines, (QStringList{"1000 1 2 -+", "close +-", "1000 1 2 -+"}));
+        QCOMPARE(panel.focusWidget(), disconnects);
+        panel.deviceClosed();
+        panel.deviceClosed();
+        QCOMPARE(panel.focusWidget(), connects);
+        field->setFocus();
+        panel.setConnected();
+        QCOMPARE(panel.focusWidget(), field);
+    }
+
     void windowsKeepTheirSize()
     {
         Connection connection;

@@ -3,7 +3,7 @@
 #include "Command.h"
 #include "Global.h"
 #include "Instruction.h"
-#include "RamDebugThread.h"
+#include "RamDebugThread_p.h"
 #include "SimpleScaledDrawer.h"
 #include "SimulatedModule.h"
 #include "TestCase.h"
@@ -81,6 +81,8 @@ QPushButton* button(WRamDebug& panel, const char* name)
 }
 QSpinBox* box(WRamDebug& panel, const char* name) { return User::find<QSpinBox>(&panel, name); }
 
+bool isNoThreadLeft() { return Global::instance()->registeredThreads().isEmpty(); }
+
 bool isIdle(WRamDebug& panel)
 {
     return button(panel, "btnStart")->isEnabled() && !button(panel, "btnStop")->isEnabled();
@@ -105,6 +107,9 @@ class RamDebugTest : public TestCase
 {
     Q_OBJECT
 private Q_SLOTS:
+    void initTestCase() { RamDebugThread::Shared::settleTime = 30; }
+    void cleanup() { RamDebugThread::Shared::settleTime = 30; }
+
     void commandsOfARun_data()
     {
         QTest::addColumn<int>("target");
@@ -186,7 +191,7 @@ private Q_SLOTS:
                                     ? QString("Debug 1: 0 100 200, Debug 2: 1 101 201, Debug 3: , "
                                               "Debug 4: ")
                                     : QString("target [mA]: 0 100 200, actual [mA]: 1 101 201"));
-        QTRY_VERIFY(Global::instance()->registeredThreads().isEmpty());
+        QTRY_VERIFY(isNoThreadLeft());
     }
 
     void lostAnswersAndStop()
@@ -203,7 +208,7 @@ private Q_SLOTS:
         };
         button(panel, "btnStart")->click();
         QTRY_VERIFY_WITH_TIMEOUT(host.lines.contains("142 3 1 20"), 10000);
-        QTRY_VERIFY(Global::instance()->registeredThreads().isEmpty());
+        QTRY_VERIFY(isNoThreadLeft());
         const QString shown = values(panel);
         QVERIFY2(shown.startsWith("target [mA]: 0 200 300 400 500 600 700 800 900 2000, actual"),
                  qPrintable(shown));
@@ -221,11 +226,282 @@ private Q_SLOTS:
                 button(panel, "btnStop")->click();
             QTRY_VERIFY_WITH_TIMEOUT(!host.lines.isEmpty(), 10000);
             QCOMPARE(isIdle(panel), stopped);
-            QTRY_VERIFY_WITH_TIMEOUT(Global::instance()->registeredThreads().isEmpty(), 10000);
+            QTRY_VERIFY_WITH_TIMEOUT(isNoThreadLeft(), 10000);
             QCOMPARE(host.lines.count("142 0 0 0"), 1);
             QCOMPARE(host.lines.last(), stopped ? QString("142 3 1 0") : QString("142 3 1 2"));
             QTRY_VERIFY(isIdle(panel)); // "Start" takes a click again
         }
+    }
+
+    void givenUp_data()
+    {
+        QTest::addColumn<QString>("at");
+        QTest::addColumn<int>("where");
+        for (const char* at : {"142 0", "5 2 0 0", "142 4", "5 2 0 1000", "142 6", "5 0 0 777",
+                               "142 3 0 0", "142 3 1 2"}) {
+            QTest::addRow("%s, in the handler", at) << QString(at) << 0;
+            QTest::addRow("%s, with the next one queued", at) << QString(at) << 1;
+        }
+    }
+    /// Nothing more is sent, and the next "Start" works, at once and after the end.
+    void givenUp()
+    {
+        QFETCH(QString, at);
+        QFETCH(int, where);
+        WRamDebug panel;
+        Host host(panel);
+        panel.abort(); // there is no run
+        combo(panel, "cmbTargetMode")->setCurrentIndex(1);
+        int asked = 0;
+        const auto giveUp = [&] {
+            panel.abort();
+            asked = host.lines.size();
+        };
+        const auto giveUpAt = [&](const QString& line, const std::function<void()>& action) {
+            if (!line.startsWith(at))
+                return;
+            host.onRequest = nullptr;
+            if (where == 0)
+                action();
+            else
+                QTimer::singleShot(0, &host, [action] {
+                    QThread::msleep(5); // the thread goes on to its next request
+                    action();
+                });
+        };
+        host.onRequest = [&](const QString& line) { giveUpAt(line, giveUp); };
+        button(panel, "btnStart")->click();
+        QVERIFY(panel.isMeasuring());
+        QTRY_VERIFY_WITH_TIMEOUT(isIdle(panel), 10000);
+        QVERIFY(!panel.isMeasuring());
+        QCOMPARE(host.lines.size(), asked);
+
+        host.lines.clear();
+        host.onRequest = [&](const QString& line) {
+            giveUpAt(line, [&] {
+                button(panel, "btnStop")->click();
+                giveUp();
+                button(panel, "btnStart")->click();
+                QVERIFY(panel.isMeasuring() && !isIdle(panel));
+            });
+        };
+        button(panel, "btnStart")->click();
+        QTRY_VERIFY_WITH_TIMEOUT(isIdle(panel), 10000);
+        const QStringList anew = host.lines.mid(asked);
+        QCOMPARE(anew.first(), QString("142 0 0 0"));
+        QCOMPARE(anew.last(), QString("142 3 1 2"));
+        QCOMPARE(anew.size(), 17);
+    }
+
+    /// A thread without a panel, given up before and while it asks.
+    void threadGivenUp()
+    {
+        RamDebugThread thread(nullptr);
+        int asked = 0;
+        connect(
+            &thread, &RamDebugThread::doDirectRequest, this,
+            [&](Command* request, Command*) {
+                delete request;
+                if (++asked == 3)
+                    thread.abort();
+            },
+            Qt::BlockingQueuedConnection);
+        for (int wanted : {3, 0, 3}) {
+            asked = 0;
+            thread.abort(); // there is no run
+            thread.start();
+            if (wanted == 0)
+                thread.abort();
+            QTRY_VERIFY_WITH_TIMEOUT(thread.isFinished(), 10000);
+            QCOMPARE(asked, wanted);
+        }
+    }
+
+    void startBehindStop_data()
+    {
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<QString>("end");
+        QTest::newRow("same mode") << 0 << "5 155 0 50";
+        QTest::newRow("numbers of another unit") << 2 << "5 155 0 1000";
+    }
+    /// It begins nothing, but what the run has still to send is replaced.
+    void startBehindStop()
+    {
+        QFETCH(int, mode);
+        QFETCH(QString, end);
+        WRamDebug panel;
+        Host host(panel);
+        host.onRequest = [&](const QString& line) {
+            if (line != "5 155 0 0")
+                return;
+            button(panel, "btnStop")->click();
+            combo(panel, "cmbTargetMode")->setCurrentIndex(mode);
+            box(panel, "sbToTarget")->setValue(50);
+            button(panel, "btnStart")->click();
+        };
+        button(panel, "btnStart")->click();
+        QTRY_VERIFY_WITH_TIMEOUT(!panel.isMeasuring(), 10000);
+        QCOMPARE(host.lines.mid(6), QStringList({"5 155 0 0", "142 4 0 0", end, "142 6 0 0",
+                                                 "5 0 0 777", "142 3 0 0", "142 3 1 0"}));
+    }
+
+    void destroyedAndDrivenBack_data()
+    {
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<QString>("at");
+        QTest::addColumn<QString>("end"); // what happens to the run there
+        QTest::addColumn<QString>("back");
+        const struct {
+            const char* name;
+            int mode;
+            const char* at;
+            const char* end;
+            const char* back;
+        } rows[] = {
+            {"before any target", 1, "142 9", "", ""},
+            {"at the start target", 1, "5 2 0 0", "", "4 0 0 777"},
+            {"torque, in the poll", 0, "142 6", "", "4 0 0 777"},
+            {"velocity, in the poll", 1, "142 6", "", "4 0 0 777"},
+            {"stopped before", 1, "142 6", "stop", "4 0 0 777"},
+            {"position defined, no target yet", 2, "5 1 0 10", "", ""},
+            {"position, in the poll", 2, "142 6", "", "4 0 0 10"},
+            {"no target", 3, "142 6", "", ""},
+            {"driven back already", 1, "142 3", "", ""},
+            {"given up", 1, "142 6", "abort", ""},
+            {"in the handler", 1, "142 6", "inside", ""},
+            {"in the handler of another request", 1, "142 6", "insideOther", ""},
+        };
+        for (const auto& row : rows)
+            QTest::newRow(row.name) << row.mode << row.at << row.end << row.back;
+    }
+    void destroyedAndDrivenBack()
+    {
+        QFETCH(int, mode);
+        QFETCH(QString, at);
+        QFETCH(QString, end);
+        QFETCH(QString, back);
+        RamDebugThread::Shared::settleTime = at == "5 2 0 0" ? 5000 : 1;
+        auto panel = std::make_unique<WRamDebug>();
+        Host host(*panel);
+        panel->setAllowDefinedMode(true);
+        panel->setTargetPositionCommand(4);
+        combo(*panel, "cmbTargetMode")->setCurrentIndex(mode);
+        box(*panel, "sbFromTarget")->setValue(mode == 2 ? 10 : 0);
+        host.silentFor = at; // polls without end
+        bool isHere = false;
+        host.onRequest = [&](const QString& line) {
+            if (!line.startsWith(at))
+                return;
+            host.onRequest = nullptr;
+            if (end == "inside")
+                panel.reset();
+            // the thread's next request is on its way when this comes
+            QTimer::singleShot(0, &host, [&] {
+                QThread::msleep(5);
+                if (end == "stop")
+                    button(*panel, "btnStop")->click();
+                if (end == "abort")
+                    panel->abort();
+                if (end == "insideOther") {
+                    host.onRequest = [&](const QString&) { panel.reset(); };
+                    panel->updateValues();
+                }
+                host.lines.clear();
+                panel.reset();
+                isHere = true;
+            });
+        };
+        button(*panel, "btnStart")->click();
+        QTRY_VERIFY_WITH_TIMEOUT(isHere, 10000);
+        QTRY_VERIFY(isNoThreadLeft());
+        QCOMPARE(host.lines.join(", "), back);
+    }
+
+    void answersThatComeLate()
+    {
+        WRamDebug panel;
+        Host host(panel);
+        Command* late = nullptr;
+        disconnect(&panel, nullptr, &host, nullptr);
+        connect(&panel, &WRamDebug::doDirectRequest, &host, [&](Command* request, Command* reply) {
+            if (!carries(request->getCommand(), Instruction::RD) || request->getType() != 3) {
+                host.answer(request, reply);
+                return;
+            }
+            delete request;
+            late = reply;
+            QTimer::singleShot(0, &host, [reply] {
+                reply->setValue(5);
+                reply->setValid(true);
+            });
+        });
+        button(panel, "btnStart")->click();
+        QTRY_VERIFY_WITH_TIMEOUT(isIdle(panel), 10000);
+        QVERIFY(late);
+        QCOMPARE(values(panel), QString("target [mA]: , actual [mA]: "));
+    }
+
+    /// Space goes from one button of the pair to the other.
+    void focusFollowsThePair()
+    {
+        WRamDebug panel;
+        Host host(panel);
+        host.silentFor = "142 6";
+        panel.show();
+        const QWidget* start = button(panel, "btnStart");
+        const QWidget* stop = button(panel, "btnStop");
+        button(panel, "btnStart")->setFocus();
+        for (const QWidget* next : {stop, start, stop}) {
+            QTest::keyClick(panel.focusWidget(), Qt::Key_Space);
+            QCOMPARE(panel.focusWidget(), next);
+        }
+        host.silentFor.clear();
+        QTRY_VERIFY_WITH_TIMEOUT(isIdle(panel), 10000);
+        QCOMPARE(panel.focusWidget(), start);
+        auto* save = button(panel, "btnSave");
+        save->setFocus();
+        button(panel, "btnStart")->click();
+        QCOMPARE(panel.focusWidget(), save);
+        panel.abort();
+        QTRY_VERIFY_WITH_TIMEOUT(isIdle(panel), 10000);
+        QCOMPARE(panel.focusWidget(), save);
+    }
+
+    /// Painted above the buttons: that a run is still ending, that the buffer's size is none.
+    void signs()
+    {
+        WRamDebug panel;
+        panel.resize(1000, 343);
+        Host host(panel);
+        const auto hasSign = [&panel] {
+            const QImage image = panel.grab().toImage();
+            const QRect row(button(panel, "btnStart")->x(), 0, 30, button(panel, "btnStart")->y());
+            for (int x = row.left(); x <= row.right(); ++x)
+                for (int y = row.top(); y <= row.bottom(); ++y)
+                    if (image.pixelColor(x, y) == QColor(0xff, 0x99, 0))
+                        return true;
+            return false;
+        };
+        QVERIFY(!hasSign());
+        for (int size : {1000000, 1000001, -1, 0, 1}) {
+            const bool isGood = size == 1 || size == 1000000;
+            host.elements = size;
+            const int before = box(panel, "sbDuration")->value();
+            box(panel, "sbMeasureDelay")->setValue(1);
+            panel.updateValues();
+            QCOMPARE(box(panel, "sbDuration")->value(), isGood ? size : before);
+            QCOMPARE(hasSign(), !isGood);
+        }
+        host.silentFor = "142 6";
+        button(panel, "btnStart")->click();
+        QVERIFY(!hasSign());
+        button(panel, "btnStop")->click();
+        QVERIFY(hasSign());
+        button(panel, "btnStart")->click();
+        QVERIFY(hasSign());
+        panel.abort();
+        QTRY_VERIFY_WITH_TIMEOUT(isIdle(panel), 10000);
+        QVERIFY(!hasSign());
     }
 
     /// At any instant of a run, from within the handler, from its nested loop and from outside:
@@ -240,9 +516,7 @@ private Q_SLOTS:
             host->elements = 500;
             enum Where { Outside, Inside, NestedLoop, HandlerFirst, Muted, Instants };
             const int where = static_cast<int>(random() % Instants);
-            // A few runs get past the second in which the axis settles.
-            const bool isLate = random() % 8 == 0;
-            const int at = static_cast<int>(random() % (isLate ? 60 : 8));
+            const int at = static_cast<int>(random() % (random() % 4 == 0 ? 60 : 16));
             if (random() % 5 == 0)
                 host->silentFor = "142 6"; // polls without end
             const auto delay = std::chrono::microseconds(random() % 300);
@@ -269,7 +543,7 @@ private Q_SLOTS:
             button(*panel, "btnStart")->click();
             if (random() % 4 == 0)
                 button(*panel, "btnStop")->click();
-            const QDeadlineTimer limit(isLate ? 3000 : 500);
+            const QDeadlineTimer limit(500);
             while (!done && !limit.hasExpired())
                 QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
             const auto until = std::chrono::steady_clock::now() + delay;
@@ -282,9 +556,9 @@ private Q_SLOTS:
             QCoreApplication::processEvents(); // requests that reach nobody
             const QDeadlineTimer gone(1000);
             panel.reset();
-            while (!Global::instance()->registeredThreads().isEmpty() && !gone.hasExpired())
+            while (!isNoThreadLeft() && !gone.hasExpired())
                 QCoreApplication::processEvents();
-            QVERIFY2(Global::instance()->registeredThreads().isEmpty(),
+            QVERIFY2(isNoThreadLeft(),
                      qPrintable(QString("round %1, request %2").arg(round).arg(at)));
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         }
@@ -323,12 +597,14 @@ private Q_SLOTS:
                 texts << list->itemText(i) + '=' + list->itemData(i).toStringList().value(1);
             return texts.join(' ');
         };
+        for (int height : {-1, QWIDGETSIZE_MAX + 1}) // warns of nothing
+            panel.setMaximumDrawerHeight(height);
         panel.setVelocityUnit("[pps]");
-        panel.setAllowDefinedMode(false);
         QCOMPARE(items("cmbTargetMode"), QString("Torque=0 Velocity=1 Position=2"));
-        panel.setAllowDefinedMode(true);
-        panel.setAllowDefinedMode(true);
-        QCOMPARE(items("cmbTargetMode"), QString("Torque=0 Velocity=1 Position=2 No target=3"));
+        for (bool allow : {false, false, true, true}) {
+            panel.setAllowDefinedMode(allow);
+            QCOMPARE(items("cmbTargetMode"), QString("Torque=0 Velocity=1 Position=2 No target=3"));
+        }
         QVERIFY(!box(panel, "sbTriggerValue")->isEnabled());
         const struct {
             int mode;

@@ -112,11 +112,17 @@ private Q_SLOTS:
         // exactly as long as needed: not reached, by its own value
         Parameters p{16, 8, 0, 0, 1, 1, 1, 1, false, 2.0};
         TrapezialRamp ramp(Area);
+        QVERIFY(ramp.peak() == 0 && ramp.duration() == 0 && ramp.steps() == 0);
         QVERIFY(p.text(ramp).startsWith("Vmax not reached <16.0> <htm>"));
         p.distance = 18; // 16 steps at 16 a second
         QVERIFY2(p.text(ramp).contains(" + 1,000.0 ms (18.0 steps)"), qPrintable(ramp.str()));
+        const double changing = 2 * 16 * Ms / 1000; // s
+        QCOMPARE(ramp.duration(), 1 + changing);
+        QVERIFY(ramp.peak() == 16 && ramp.steps() == 18);
         p.distance = -0.125; // x = 0.125 / (2 / 256)
         QVERIFY2(p.text(ramp).startsWith("V1 not reached <4.0<htm>"), qPrintable(ramp.str()));
+        QVERIFY(ramp.peak() == 4 && ramp.steps() == 0.125);
+        QCOMPARE(ramp.duration(), changing / 4);
         QCOMPARE(ramp.polygon().at(3).y(), ramp.polygon().at(4).y());
         QCOMPARE(ramp.polygon().at(3).y(), 75.0);
     }

@@ -2,6 +2,7 @@
 #include "BasicTools.h"
 #include "Global.h"
 #include "Prefix.h"
+#include "SharedConstants.h"
 #include "SysInfo.h"
 #include "SysInfoObject.h"
 #include "TestCase.h"
@@ -158,39 +159,73 @@ private Q_SLOTS:
         QCOMPARE(map.first().value<QColor>(), QColor(Qt::blue));
     }
 
-    void comboBoxesDoNotCollide()
+    void comboBoxKeys()
     {
-        QWidget window;
+        // What has one name alone keeps its key whatever is nameless beside it.
+        QWidget window, other, twin;
         window.setObjectName("window");
-        QComboBox one(&window), two(&window), named(&window);
-        named.setObjectName("a/b");
-        int i = 0;
-        for (QComboBox* box : {&one, &two, &named}) {
-            QCOMPARE(AppSettings().restoreComboBoxCurrentText(box), QString());
-            box->addItem(QString("text %1").arg(i++));
-            AppSettings().saveComboxCurrentText(box);
+        other.setObjectName("other");
+        twin.setObjectName("window");
+        QWidget page(&window), firstPage(&window), secondPage(&window), panel(&window);
+        for (QWidget* named : {&firstPage, &secondPage})
+            named->setObjectName("page");
+        panel.setObjectName("a/b");
+        // made in another order than what they are in
+        QComboBox inTwin(&twin), inWindow(&window), second(&secondPage), first(&firstPage),
+            inPage(&page), unnamed(&window), unnamedToo(&window), slash(&panel), free, freeToo,
+            alone(&other);
+        for (QComboBox* box : {&inTwin, &inWindow, &inPage})
+            box->setObjectName("box");
+        secondPage.raise();
+        firstPage.raise(); // the order of siblings is not that of their making
+        const QList<QPair<QComboBox*, QString>> keys = {
+            {&inTwin, "#3/window/box"},
+            {&inPage, "window/box"},
+            {&inWindow, "#2/window/box"},
+            {&second, "window/page#2/QComboBox"},
+            {&first, "window/page/QComboBox"},
+            {&unnamedToo, "window/QComboBox#2"},
+            {&unnamed, "window/QComboBox"},
+            {&slash, QString("window/a%1b/QComboBox").arg(SlashReplacement)},
+            {&freeToo, "#2/QComboBox"},
+            {&free, "QComboBox"},
+            {&alone, "other/QComboBox"}};
+        for (const auto& each : keys) {
+            QCOMPARE(AppSettings().restoreComboBoxCurrentText(each.first), QString());
+            each.first->addItem(each.second);
+            AppSettings().saveComboxCurrentText(each.first);
         }
-        QCOMPARE(AppSettings().restoreComboBoxCurrentText(&one), QString("text 0"));
-        QCOMPARE(AppSettings().restoreComboBoxCurrentText(&two), QString("text 1"));
-        QCOMPARE(AppSettings().restoreComboBoxCurrentText(&named), QString("text 2"));
+        inTwin.setParent(&window); // beside its namesake
+        twin.setObjectName("renamed");
+        for (const auto& each : keys) {
+            QCOMPARE(AppSettings().restoreComboBoxCurrentText(each.first), each.second);
+            QCOMPARE(AppSettings().value("ComboBoxes/" + each.second, QString()).toString(),
+                     each.second);
+        }
     }
 
-    void comboBoxKeysSurviveStacking()
+    /// Closed and opened again, a window finds its texts; a second one beside it has its own.
+    void comboBoxKeysOfWindowsMadeAnew()
     {
-        QTabWidget tabs;
-        QList<QComboBox*> boxes;
-        for (const QString& text : {QString("axis 0"), QString("axis 1")}) {
-            auto* page = new QWidget;
-            page->setObjectName("Panel");
-            boxes << new QComboBox(page);
-            boxes.last()->addItem(text);
-            tabs.addTab(page, text);
+        for (const char* text : {"", "1st"}) {
+            std::vector<std::unique_ptr<QTabWidget>> windows;
+            for (int i = 0; i < 2; ++i) {
+                windows.push_back(std::make_unique<QTabWidget>());
+                for (int page = 0; page < 2; ++page) {
+                    windows[i]->addTab(new QWidget, QString());
+                    new QComboBox(windows[i]->widget(page));
+                }
+                windows[i]->setCurrentIndex(1); // raises the page
+                windows[i]->setCurrentIndex(0);
+            }
+            for (int i : {3, 0, 2, 1}) {
+                auto* box = windows[i / 2]->widget(i % 2)->findChild<QComboBox*>();
+                const QString wanted = *text ? QString::number(i) : QString();
+                QCOMPARE(AppSettings().restoreComboBoxCurrentText(box), wanted);
+                box->addItem(QString::number(i));
+                AppSettings().saveComboxCurrentText(box);
+            }
         }
-        for (QComboBox* box : qAsConst(boxes))
-            AppSettings().saveComboxCurrentText(box);
-        tabs.setCurrentIndex(1); // raises the page above its sibling
-        for (QComboBox* box : qAsConst(boxes))
-            QCOMPARE(AppSettings().restoreComboBoxCurrentText(box), box->currentText());
     }
 
     void positionsStayOnScreen()

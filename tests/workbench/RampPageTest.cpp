@@ -297,16 +297,17 @@ private Q_SLOTS:
         QVERIFY2(line.red() > 200 && line.blue() < 160, qPrintable(line.name())); // tomato
     }
 
-    /// The peak stands in pointed brackets, which rich text would swallow.
+    /// The peak stands in pointed brackets, which rich text swallows.
     void resultIsReadable()
     {
         RampBench ramp;
         ramp.enter("sbDistance", 30000);
-        QVERIFY(ramp.page->result().startsWith("Vmax not reached <"));
-        QVERIFY(ramp.shown("lblRampResult").startsWith("Vmax not reached &lt;"));
-        ramp.enter("sbDistance", 1);
-        QVERIFY(ramp.page->result().startsWith("V1 not reached <"));
-        QVERIFY(ramp.shown("lblRampResult").startsWith("V1 not reached &lt;"));
+        const QString peak = ramp.page->result().section('<', 1, 1).section('>', 0, 0);
+        QVERIFY(!peak.isEmpty());
+        QTextDocument shown;
+        shown.setHtml(ramp.shown("lblRampResult"));
+        QVERIFY2(shown.toPlainText().contains(peak + ". Vmax not reached"),
+                 qPrintable(shown.toPlainText()));
     }
 };
 

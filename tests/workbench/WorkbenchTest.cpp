@@ -1,7 +1,10 @@
 #include "Workbench.h"
+#include "CANConnection.h"
 #include "CommandText.h"
 #include "Connection.h"
+#include "GalleryWidgets.h"
 #include "ParameterTable.h"
+#include "PositionControl.h"
 #include "SpinBox.h"
 #include "TestCase.h"
 #include "TraceController.h"
@@ -11,7 +14,10 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QSlider>
 #include <QSpinBox>
 #include <QTableView>
 #include <QTableWidget>
@@ -129,6 +135,151 @@ private Q_SLOTS:
         }
         QCOMPARE(lookOf({}), QString("#ffffff 20"));
         QCOMPARE(lookOf({"--theme", "off"}), QString("#000000 20"));
+    }
+
+    void noFieldTakesTheFocusByWheel()
+    {
+        Workbench bench(parse({"--photo", "x"}));
+        QList<QWidget*> roots{&bench};
+        for (const GalleryWidget& entry : galleryWidgets())
+            roots << entry.make();
+        int fields = 0;
+        for (QWidget* root : qAsConst(roots)) {
+            QList<QWidget*> widgets = root->findChildren<QWidget*>();
+            widgets << root;
+            for (const QWidget* field : qAsConst(widgets)) {
+                if (!qobject_cast<const QAbstractSpinBox*>(field) &&
+                    !qobject_cast<const QComboBox*>(field) &&
+                    (!qobject_cast<const QAbstractSlider*>(field) ||
+                     qobject_cast<const QScrollBar*>(field)))
+                    continue;
+                ++fields;
+                QVERIFY2(field->focusPolicy() != Qt::WheelFocus, qPrintable(field->objectName()));
+            }
+        }
+        QVERIFY(fields > 50);
+        qDeleteAll(roots.cbegin() + 1, roots.cend());
+    }
+
+    void theLastLinkIsConnectedAgain()
+    {
+        const auto connectedBy = [](const QStringList& arguments, const char* panel) {
+            Workbench bench(parse(arguments));
+            bench.show();
+            if (panel)
+                User::click(
+                    User::find<QPushButton>(bench.findChild<CANConnection*>(), "btnConnect"));
+            bench.advance(300);
+            return bench.linkText();
+        };
+        QCOMPARE(connectedBy({}, nullptr), QString("Not connected"));
+        QCOMPARE(connectedBy({"--connect"}, nullptr), QString("Connected: SIM1"));
+        QCOMPARE(connectedBy({}, "CAN"), QString("Connected: CAN, 1000 kBit/s"));
+        QCOMPARE(connectedBy({"--connect"}, nullptr), QString("Connected: CAN, 1000 kBit/s"));
+    }
+
+    void pagesThatNeedALinkSaySo()
+    {
+        Workbench bench(parse({"--photo", "x"}));
+        bench.show();
+        const auto pagesWithNotice = [&bench] {
+            QStringList names;
+            for (const QString& name : Workbench::pageNames()) {
+                bench.showPage(name);
+                if (User::find<QLabel>(&bench, "lblNeedsLink")->isVisible())
+                    names << name;
+            }
+            return names.join(' ');
+        };
+        QCOMPARE(pagesWithNotice(), QString("console motion parameters polling graph capture"));
+        User::click(User::find<QPushButton>(&bench, "btnConnectLast"));
+        QCOMPARE(pagesWithNotice(), QString());
+    }
+
+    void aRelativeMoveWaitsForThePosition()
+    {
+        Workbench bench(parse({"--photo", "x", "--page", "motion", "--silent", "--connect"}));
+        bench.show();
+        bench.advance(1000);
+        auto* move = User::find<QPushButton>(
+            User::find<PositionControl>(&bench, "PositionControl1"), "btnMoveRelative");
+        QVERIFY(!move->isEnabled());
+        bench.link().wire().setSilent(false);
+        bench.advance(1000);
+        QVERIFY(move->isEnabled());
+    }
+
+    void delaysAndScalesActWhenTheEntryEnds()
+    {
+        Workbench bench(parse({"--photo", "x", "--page", "graph", "--connect", "--delay", "30"}));
+        bench.show();
+        bench.advance(1000);
+        int boxes = 0;
+        for (const QWidget* page :
+             {User::find<QWidget>(&bench, "graph"), User::find<QWidget>(&bench, "polling")}) {
+            for (QSpinBox* box : page->findChildren<QSpinBox*>()) {
+                const bool isDelay = box->objectName() == "sbDelay";
+                const int first = box->value();
+                QSignalSpy told(box, QOverload<int>::of(&QSpinBox::valueChanged));
+                box->setEnabled(true);
+                box->selectAll();
+                User::type(box, "500");
+                QCOMPARE(told.size(), 0);
+                QTest::keyClick(box, Qt::Key_Return);
+                QCOMPARE(told.size(), 1);
+                QVERIFY(!isDelay || box->value() == 500);
+                box->selectAll();
+                User::type(box, "0");
+                QTest::keyClick(box, Qt::Key_Return);
+                QVERIFY(!isDelay || (box->value() >= 30 && first >= 30));
+                ++boxes;
+            }
+        }
+        QCOMPARE(boxes, 5); // three delays, both ends of a scale
+    }
+
+    void whatIsBeingEditedIsNotAskedFor()
+    {
+        Workbench bench(parse({"--photo", "x", "--page", "motion", "--connect"}));
+        bench.show();
+        QApplication::setActiveWindow(&bench);
+        bench.advance(1000);
+        QStringList sent;
+        connect(&bench.link(), &ModuleLink::sent, this,
+                [&sent](const Command& request) { sent << requestText(request); });
+        const Command other(1, 5, toByte(AxisParameterNumber::Acceleration), 0, 777);
+        auto* box = User::find<SpinBox>(User::find<QWidget>(&bench, "VelocityRampControl0"),
+                                        "sbAcceleration");
+        box->setFocus();
+        box->selectAll();
+        User::type(box, "12");
+        bench.link().command(other); // is read back once the entry has ended
+        bench.advance(500);
+        QVERIFY(sent.contains("SAP 11 = 777, axis 0") && !sent.contains("GAP 11 = 0, axis 0"));
+        User::type(box, "34");
+        QTest::keyClick(box, Qt::Key_Return);
+        bench.advance(500);
+        QCOMPARE(sent.count("SAP 11 = 1234, axis 0"), 1);
+        QVERIFY(sent.contains("GAP 11 = 0, axis 0"));
+
+        bench.showPage("parameters");
+        auto* table = User::find<QWidget>(&bench, "parameters")->findChild<QTableView*>();
+        auto* value = User::find<SpinBox>(&bench, "sbParameter");
+        bench.advance(1000);
+        table->setCurrentIndex(table->model()->index(8, 2));
+        bench.advance(1000);
+        const QString read =
+            QString("GAP %1 = 0, axis 0").arg(table->model()->index(8, 0).data().toInt());
+        QVERIFY(sent.contains(read));
+        value->setFocus();
+        value->selectAll();
+        User::type(value, "7");
+        sent.clear();
+        bench.advance(1000);
+        QVERIFY(!sent.contains(read));
+        QTest::keyClick(value, Qt::Key_Escape);
+        bench.advance(1000);
+        QVERIFY(sent.contains(read));
     }
 
     void stopKeyWorksFromAnyFocus()

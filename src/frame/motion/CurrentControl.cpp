@@ -1,5 +1,6 @@
 #include "CurrentControl.h"
 
+#include "LabelText_p.h"
 #include "Numbers.h"
 #include "ShowsOnly_p.h"
 #include "ui_CurrentControl.h"
@@ -31,9 +32,15 @@ void CurrentControl::setActualCurrentCommandAndRange(char type, int minimum, int
     m_actualCurrent.setNumberAndRange(type, minimum, maximum);
 }
 
-void CurrentControl::setActualText(const QString& text) { m_ui->lblActualCurrent->setText(text); }
+void CurrentControl::setActualText(const QString& text)
+{
+    setLabelText(m_ui->lblActualCurrent, text);
+}
 
-void CurrentControl::setTargetText(const QString& text) { m_ui->lblTargetCurrent->setText(text); }
+void CurrentControl::setTargetText(const QString& text)
+{
+    setLabelText(m_ui->lblTargetCurrent, text);
+}
 
 void CurrentControl::setUseMSTForStop(bool use) { m_useMSTForStop = use; }
 

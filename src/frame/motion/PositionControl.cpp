@@ -82,7 +82,14 @@ void PositionControl::on_btnMoveRelative_clicked()
     else if (!m_useMVPAbsForRel)
         sendMove(MoveType::Relative, distance);
     else
-        sendMove(MoveType::Absolute, sum(m_ui->sbActualPosition->value(), distance));
+        sendMove(MoveType::Absolute, sum(actualPosition(), distance));
+}
+
+/// A field that shows less than the module said is no ground to move from.
+int PositionControl::actualPosition() const
+{
+    return m_actualPosition.isClipped() ? *m_actualPosition.reported()
+                                        : m_ui->sbActualPosition->value();
 }
 
 void PositionControl::on_btnStop_clicked()

@@ -24,7 +24,8 @@ public:
 
     /// Axis parameter that holds the actual position, 0..255, default 0; "Clear" writes 0 to it.
     void setActualPositionCommand(char type);
-    /// Equal bounds leave the range as it is. Default range -2147483647..2147483647.
+    /// Equal bounds leave the range as it is. Default range -2147483647..2147483647. A reply
+    /// outside shows as the bound, with a sign in front of it.
     void setActualPositionCommandAndRange(char type, int minimum, int maximum);
     char getActualPositionCommand() const { return m_actualPosition.number(); }
 
@@ -40,9 +41,14 @@ public:
 
     /// Whether stop sends MST rather than a relative move by 0. Default false.
     void setUseMSTForStop(bool use);
-    /// Whether a move relative to the actual position goes out as an absolute one, to the shown
-    /// actual position plus the target. Default false.
+    /// Whether a move relative to the actual position goes out as an absolute one, to the actual
+    /// position plus the target, saturated to the range of int. Default false. The actual position
+    /// is the field's; where the field shows less than the last reply, it is that reply. Before any
+    /// reply it is 0, wherever the axis stands: a host keeps btnMoveRelative disabled until
+    /// isActualPositionKnown().
     void setUseMVPAbsForRel(bool use);
+    /// Whether a reply with the actual position came since the panel was made. It may be old.
+    bool isActualPositionKnown() const { return m_actualPosition.reported().has_value(); }
     /// Default 1000.
     void setTargetPositionSingleStep(int step);
 
@@ -54,6 +60,7 @@ public Q_SLOTS:
     void on_btnStop_clicked();
 
 private:
+    int actualPosition() const;
     void sendMove(MoveType moveType, int value);
 
     std::unique_ptr<Ui::PositionControl> m_ui;

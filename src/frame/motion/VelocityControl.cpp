@@ -1,5 +1,6 @@
 #include "VelocityControl.h"
 
+#include "LabelText_p.h"
 #include "ParameterToolTip.h"
 #include "ShowsOnly_p.h"
 #include "ui_VelocityControl.h"
@@ -36,9 +37,15 @@ void VelocityControl::setTargetVelocitySingleStep(int step)
     m_ui->sbTargetVelocity->setSingleStep(step);
 }
 
-void VelocityControl::setActualText(const QString& text) { m_ui->lblActualVelocity->setText(text); }
+void VelocityControl::setActualText(const QString& text)
+{
+    setLabelText(m_ui->lblActualVelocity, text);
+}
 
-void VelocityControl::setTargetText(const QString& text) { m_ui->lblTargetVelocity->setText(text); }
+void VelocityControl::setTargetText(const QString& text)
+{
+    setLabelText(m_ui->lblTargetVelocity, text);
+}
 
 void VelocityControl::turn(Direction direction)
 {

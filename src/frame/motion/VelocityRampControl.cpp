@@ -1,5 +1,6 @@
 #include "VelocityRampControl.h"
 
+#include "LabelText_p.h"
 #include "ui_VelocityRampControl.h"
 
 VelocityRampControl::VelocityRampControl(QWidget* parent)
@@ -32,12 +33,12 @@ void VelocityRampControl::setEnableRampCommand(char type) { m_enableRamp.setNumb
 
 void VelocityRampControl::setMaxVelocityCaption(const QString& caption)
 {
-    m_ui->lblMaxVelocity->setText(caption);
+    setLabelText(m_ui->lblMaxVelocity, caption);
 }
 
 void VelocityRampControl::setAccelerationCaption(const QString& caption)
 {
-    m_ui->lblAcceleration->setText(caption);
+    setLabelText(m_ui->lblAcceleration, caption);
 }
 
 void VelocityRampControl::setMaxVelocitySingleStep(int step)

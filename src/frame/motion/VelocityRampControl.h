@@ -11,7 +11,8 @@ class VelocityRampControl;
 }
 
 /// Sets the ramp of one axis: its maximum velocity and acceleration, sent on Return, and whether it
-/// is used at all. A reply above a field's maximum is dropped. Units are the device's own.
+/// is used at all. A reply above a field's maximum is dropped without a sign, one below its minimum
+/// shows as the minimum, with a sign. Units are the device's own.
 class AXRGUI_EXPORT VelocityRampControl : public AxisPanel
 {
     Q_OBJECT

@@ -4,8 +4,13 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QEvent>
+#include <QHash>
+#include <QPointer>
 #include <QScreen>
 #include <QWidget>
+
+#include <vector>
 
 namespace
 {
@@ -28,48 +33,104 @@ QString bareKeyPart(const QObject* object)
         nameOr(object->objectName(), QString::fromLatin1(object->metaObject()->className())));
 }
 
-/// The widget's own part of a combo box key: its name, or its class where it has none, with a
-/// number behind for all but the first of the siblings that would have the same part. Settled at
-/// first use and kept at the widget, for the order of siblings changes with their stacking.
-QString keyPart(QWidget* widget)
+/// Knows in which order the widgets that live were made. Of windows Qt keeps no order, and that of
+/// siblings changes with their stacking.
+class Births : public QObject
 {
-    static const char* const settled = "_axrSettingsKeyPart";
-    const QVariant kept = widget->property(settled);
-    if (kept.isValid())
-        return kept.toString();
+public:
+    using QObject::QObject;
 
+    quint64 of(const QObject* widget) const { return m_births.value(widget); }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Create)
+            m_births.insert(watched, ++m_last);
+        else if (event->type() == QEvent::Destroy)
+            m_births.remove(watched);
+        return false;
+    }
+
+private:
+    QHash<const QObject*, quint64> m_births;
+    quint64 m_last = 0;
+};
+
+QPointer<Births> births;
+
+void watchBirths()
+{
+    births = new Births(qApp);
+    qApp->installEventFilter(births);
+}
+Q_COREAPP_STARTUP_FUNCTION(watchBirths)
+
+quint64 birthOf(const QObject* widget) { return births ? births->of(widget) : 0; }
+
+/// The widget's name, or its class where it has none, with a number behind for all but the oldest
+/// of the siblings that would have the same.
+QString keyPart(const QWidget* widget)
+{
     const QString bare = bareKeyPart(widget);
     int place = 1;
-    QStringList taken;
-    bool before = true;
     const QObjectList siblings = widget->parent() ? widget->parent()->children() : QObjectList();
-    for (const QObject* sibling : siblings) {
-        before = before && sibling != widget;
-        if (!sibling->isWidgetType() || sibling == widget || bareKeyPart(sibling) != bare)
-            continue;
-        const QVariant other = sibling->property(settled);
-        if (other.isValid())
-            taken << other.toString();
-        else if (before)
-            ++place;
+    for (const QObject* sibling : siblings)
+        place += sibling->isWidgetType() && bareKeyPart(sibling) == bare &&
+                 birthOf(sibling) < birthOf(widget);
+    return place == 1 ? bare : QStringLiteral("%1#%2").arg(bare).arg(place);
+}
+
+/// The box with those of its ancestors that have names.
+QString pathOf(const QComboBox* box)
+{
+    QStringList parts{keyPart(box)};
+    for (const QWidget* w = box->parentWidget(); w; w = w->parentWidget()) {
+        if (!w->objectName().isEmpty() && !w->objectName().startsWith(QLatin1String("qt_")))
+            parts.prepend(keyPart(w));
     }
-    const auto numbered = [&bare](int n) {
-        return n == 1 ? bare : QStringLiteral("%1#%2").arg(bare).arg(n);
-    };
-    while (taken.contains(numbered(place)))
-        ++place;
-    widget->setProperty(settled, numbered(place));
-    return numbered(place);
+    return parts.join(QLatin1Char('/'));
+}
+
+/// From the outermost window inwards: boxes come in the order of what they are in.
+std::vector<quint64> birthsTo(const QWidget* widget)
+{
+    std::vector<quint64> chain;
+    for (; widget; widget = widget->parentWidget())
+        chain.insert(chain.begin(), birthOf(widget));
+    return chain;
 }
 
 QString comboBoxKey(QComboBox* box)
 {
-    QStringList parts{keyPart(box)};
-    for (QWidget* w = box->parentWidget(); w; w = w->parentWidget()) {
-        if (!w->objectName().isEmpty() && !w->objectName().startsWith(QLatin1String("qt_")))
-            parts.prepend(keyPart(w));
+    static const char* const settled = "_axrSettingsKey";
+    const QVariant kept = box->property(settled);
+    if (kept.isValid())
+        return kept.toString();
+
+    // Nameless ancestors and equally named windows leave several boxes with one path.
+    const QString path = pathOf(box);
+    int place = 1;
+    QStringList taken;
+    const QWidgetList widgets = QApplication::allWidgets();
+    for (const QWidget* widget : widgets) {
+        const auto* other = qobject_cast<const QComboBox*>(widget);
+        if (!other || other == box)
+            continue;
+        const QVariant key = other->property(settled);
+        if (key.isValid())
+            taken << key.toString();
+        else if (pathOf(other) == path && birthsTo(other) < birthsTo(box))
+            ++place;
     }
-    return QStringLiteral("ComboBoxes/") + parts.join(QLatin1Char('/'));
+    const auto numbered = [&path](int n) {
+        return QStringLiteral("ComboBoxes/") +
+               (n == 1 ? path : QStringLiteral("#%1/%2").arg(n).arg(path));
+    };
+    while (taken.contains(numbered(place)))
+        ++place;
+    box->setProperty(settled, numbered(place));
+    return numbered(place);
 }
 
 } // namespace

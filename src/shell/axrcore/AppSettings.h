@@ -41,9 +41,15 @@ public:
     /// What saveParaMapVariant() stored under `key`, empty if none. For the host.
     QMap<QString, QMap<QString, QVariant>> getParaMapVariant(const QString& key);
 
-    /// Stores the box's current text under a key that its object name and its named ancestors
-    /// determine: an unnamed box counts by its class name, and all but the first of siblings with
-    /// one name get a number behind. The key is settled when it is first used and then stays.
+    /// Stores the box's current text under a key made of its object name and those of its named
+    /// ancestors: an unnamed box counts by its class name, and all but the oldest of siblings with
+    /// one name get a number behind. Where nameless ancestors or equally named windows still leave
+    /// several boxes with one key, all but the first get a number in front, in the order in which
+    /// windows, ancestors and boxes were made. So a host that makes its windows in one order finds
+    /// each box's text again, and a window made anew after an earlier one is gone finds its texts.
+    ///
+    /// The key is settled when the box is first saved or restored, and is kept in its property
+    /// "_axrSettingsKey": a later name, place or neighbour changes nothing.
     void saveComboxCurrentText(QComboBox* box);
     /// The text stored for this box, empty if none. Does not touch the box.
     QString restoreComboBoxCurrentText(QComboBox* box);

@@ -1,0 +1,623 @@
+// Clicks, drags, turns the wheel and types at random all over the connected workbench, and holds it
+// to what has to be true whatever two hands do: it answers within a second, a gesture sends nothing
+// that its widget does not send, and after STOP every axis brakes within its ramp and stays
+// standing.
+//
+//     RandomHands [--seed N] [--seconds S] [--verbose]
+
+#include "CommandText.h"
+#include "Connection.h"
+#include "Global.h"
+#include "Instruction.h"
+#include "RampMove.h"
+#include "Workbench.h"
+#include "XHands.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAbstractSlider>
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QComboBox>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileDialog>
+#include <QGroupBox>
+#include <QLoggingCategory>
+#include <QPointer>
+#include <QPushButton>
+#include <QRandomGenerator>
+#include <QSettings>
+#include <QSpinBox>
+#include <QStackedWidget>
+#include <QTemporaryDir>
+#include <QTextStream>
+#include <QTimer>
+
+#include <atomic>
+#include <chrono>
+#include <cmath>
+#include <thread>
+
+namespace
+{
+
+constexpr int Beat = 40; // ms between two gestures
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr int Slowness = 4;
+#else
+constexpr int Slowness = 1;
+#endif
+constexpr int AnswerWithin = 1000 * Slowness; // ms
+constexpr int HangsAfter = 30;                // s
+constexpr int GesturesARound = 60;            // then STOP is pressed
+constexpr int Settling = 1500;      // ms of real time after STOP; a capture rests a second
+constexpr int StandingFor = 5000;   // ms of simulated time
+constexpr int LongestRamp = 120000; // ms of simulated time that is waited for
+constexpr double Standing = 0.5;    // rpm
+constexpr int KeptGestures = 25;    // for the report
+
+/// Milliseconds that the event loop's thread has waited for a processor: the machine's doing, not
+/// the program's.
+qint64 waitedForProcessor()
+{
+    QFile file(QStringLiteral("/proc/self/schedstat"));
+    constexpr int WaitColumn = 1;
+    return file.open(QIODevice::ReadOnly)
+               ? file.readAll().split(' ').value(WaitColumn).toLongLong() / 1000000
+               : 0;
+}
+
+/// Ends the program when its event loop does not come round any more.
+class Watchdog
+{
+public:
+    Watchdog()
+        : m_thread([this] {
+            for (int silent = 0; !m_isOver;) {
+                std::this_thread::sleep_for(std::chrono::milliseconds(250));
+                silent = m_isAlive.exchange(false) ? 0 : silent + 1;
+                if (silent > 4 * HangsAfter) {
+                    std::fprintf(stderr, "RandomHands: the program hangs\n");
+                    std::abort();
+                }
+            }
+        })
+    {
+    }
+    ~Watchdog()
+    {
+        m_isOver = true;
+        m_thread.join();
+    }
+    void pat() { m_isAlive = true; }
+
+private:
+    std::atomic<bool> m_isAlive{true};
+    std::atomic<bool> m_isOver{false};
+    std::thread m_thread;
+};
+
+/// The widget whose own doing a gesture on `widget` is: a field for its line edit, a combo box for
+/// its list.
+QWidget* actor(QWidget* widget)
+{
+    for (QWidget* each = widget; each; each = each->parentWidget()) {
+        if (qobject_cast<QAbstractSpinBox*>(each) || qobject_cast<QAbstractButton*>(each) ||
+            qobject_cast<QComboBox*>(each) || qobject_cast<QAbstractSlider*>(each) ||
+            qobject_cast<QAbstractItemView*>(each))
+            return each;
+        const auto* group = qobject_cast<QGroupBox*>(each);
+        if (group && group->isCheckable() && each == widget)
+            return each;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+class RandomHands : public QObject
+{
+    Q_OBJECT
+public:
+    RandomHands(Workbench& bench, quint32 seed, int seconds, bool isVerbose)
+        : m_bench(bench)
+        , m_random(seed)
+        , m_seed(seed)
+        , m_duration(seconds * 1000)
+        , m_isVerbose(isVerbose)
+    {
+        connect(&bench.link(), &ModuleLink::sent, this, &RandomHands::judge);
+        connect(&m_beat, &QTimer::timeout, this, &RandomHands::step);
+        beginRound();
+        m_beat.setTimerType(Qt::PreciseTimer);
+        m_total.start();
+        m_sinceBeat.start();
+        m_beat.start(Beat);
+        qApp->installEventFilter(this);
+    }
+
+    bool isFine() const { return m_complaints.isEmpty(); }
+    QString report() const
+    {
+        return QStringLiteral(
+                   "%1 gestures, %2 commands, %3 stops, slowest answer %4 ms, seed %5: %6")
+            .arg(m_gestures)
+            .arg(m_commands)
+            .arg(m_stops)
+            .arg(m_slowest)
+            .arg(m_seed)
+            .arg(isFine() ? QStringLiteral("fine") : m_complaints.join(QLatin1Char('\n')));
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Show) {
+            if (auto* dialog = qobject_cast<QFileDialog*>(watched))
+                dialog->setOption(QFileDialog::ReadOnly); // nothing is deleted or renamed by chance
+        }
+        return false;
+    }
+
+private:
+    /// What a gesture may bring about.
+    struct Gesture {
+        QString text;
+        bool maySend = false;
+    };
+
+    int any(int end) { return m_random.bounded(end); }
+    template <class T>
+    T pick(std::initializer_list<T> all)
+    {
+        return *(all.begin() + any(static_cast<int>(all.size())));
+    }
+
+    void step()
+    {
+        m_watchdog.pat();
+        const qint64 waited = waitedForProcessor();
+        const qint64 passed = m_sinceBeat.elapsed() - (waited - m_waitedBefore);
+        if (m_hasRested) {
+            m_slowest = qMax(m_slowest, passed);
+            if (passed > AnswerWithin)
+                complain(QStringLiteral("no answer for %1 ms").arg(passed));
+        }
+        m_hasRested = true;
+        if (m_isStopping) {
+            if (m_sinceStop.elapsed() >= Settling)
+                checkStanding();
+        } else if (!isFine() || m_total.elapsed() >= m_duration) {
+            m_beat.stop();
+            closeAll();
+            QApplication::exit(isFine() ? EXIT_SUCCESS : EXIT_FAILURE);
+        } else if (m_gestures % GesturesARound == GesturesARound - 1) {
+            stop();
+        } else {
+            gesture();
+        }
+        m_waitedBefore = waitedForProcessor();
+        m_sinceBeat.start(); // what these hands themselves waited for does not count
+    }
+
+    void gesture()
+    {
+        ++m_gestures;
+        m_before = m_now;
+        m_now = Gesture();
+        // Without a window manager nobody else gives the keys to a window.
+        if (QWidget* modal = QApplication::activeModalWidget())
+            modal->activateWindow();
+        else if (!QApplication::activeWindow())
+            m_bench.activateWindow();
+        if (m_heldButton || !m_heldKey.isEmpty()) {
+            if (any(3) == 0) {
+                letGo();
+                return;
+            }
+        }
+        const int kind = any(100);
+        if (kind < 40)
+            click(1);
+        else if (kind < 45)
+            click(3);
+        else if (kind < 53)
+            drag();
+        else if (kind < 63)
+            wheel();
+        else if (kind < 83)
+            key();
+        else if (kind < 92)
+            hold();
+        else if (kind < 97)
+            holdKey();
+        else
+            turnPage();
+        XHands::sync();
+    }
+
+    /// A place on the screen to put the hand: mostly in the middle of something.
+    QPoint place()
+    {
+        QWidget* window = QApplication::activePopupWidget();
+        if (!window || any(2))
+            window = QApplication::activeModalWidget();
+        if (!window) {
+            const auto* pages = m_bench.findChild<QStackedWidget*>();
+            window = any(7) ? pages->currentWidget() : &m_bench;
+        }
+        const bool isButton = any(2);
+        QList<QWidget*> widgets;
+        for (QWidget* widget : window->findChildren<QWidget*>()) {
+            if (!widget->isVisible() || widget->visibleRegion().isEmpty())
+                continue;
+            if (isButton ? qobject_cast<QPushButton*>(widget) != nullptr
+                         : actor(widget) == widget || any(10) == 0)
+                widgets << widget;
+        }
+        if (widgets.isEmpty() || any(8) == 0)
+            return window->mapToGlobal(QPoint(any(window->width()), any(window->height())));
+        const QWidget* widget = widgets.at(any(widgets.size()));
+        return widget->mapToGlobal(any(2) ? widget->rect().center()
+                                          : QPoint(any(widget->width()), any(widget->height())));
+    }
+
+    /// Whether a press at the place may send a command: something that can be worked lies there.
+    static bool canSendAt(QPoint place)
+    {
+        QWidget* widget = QApplication::widgetAt(place);
+        return widget && (QApplication::activePopupWidget() || actor(widget));
+    }
+
+    QString nameAt(QPoint place) const
+    {
+        const QWidget* widget = QApplication::widgetAt(place);
+        return widget ? QStringLiteral("%1 %2").arg(
+                            QString::fromLatin1(widget->metaObject()->className()),
+                            widget->objectName())
+                      : QStringLiteral("nothing");
+    }
+
+    void tell(const QString& text, bool maySend)
+    {
+        m_now.text = text;
+        m_now.maySend = maySend;
+        m_history << QStringLiteral("%1 %2").arg(m_gestures).arg(text);
+        while (m_history.size() > KeptGestures)
+            m_history.removeFirst();
+        if (m_isVerbose)
+            QTextStream(stderr) << m_history.last() << Qt::endl;
+    }
+
+    void click(unsigned button)
+    {
+        const QPoint at = place();
+        tell(QStringLiteral("click %1 on %2 at %3,%4")
+                 .arg(button)
+                 .arg(nameAt(at))
+                 .arg(at.x())
+                 .arg(at.y()),
+             button == 1 && canSendAt(at));
+        XHands::move(at.x(), at.y());
+        for (int i = any(6) == 0 ? 2 : 1; i > 0; --i) {
+            XHands::button(button, true);
+            XHands::button(button, false);
+        }
+        m_heldButton = button == m_heldButton ? 0 : m_heldButton;
+    }
+
+    void drag()
+    {
+        const QPoint from = place();
+        const QPoint to = any(2) ? place() : from + QPoint(any(80) - 40, any(80) - 40);
+        tell(QStringLiteral("drag from %1 to %2").arg(nameAt(from), nameAt(to)), canSendAt(from));
+        XHands::move(from.x(), from.y());
+        XHands::button(1, true);
+        for (int i = 1; i <= 4; ++i)
+            XHands::move(from.x() + (to.x() - from.x()) * i / 4,
+                         from.y() + (to.y() - from.y()) * i / 4);
+        XHands::button(1, false);
+        m_heldButton = m_heldButton == 1 ? 0 : m_heldButton;
+    }
+
+    void wheel()
+    {
+        const QPoint at = place();
+        QWidget* widget = QApplication::widgetAt(at);
+        QWidget* focus = QApplication::focusWidget();
+        const bool hasFocus = widget && focus && actor(widget) && actor(focus) == actor(widget);
+        tell(QStringLiteral("wheel over %1").arg(nameAt(at)),
+             hasFocus || QApplication::activePopupWidget());
+        XHands::move(at.x(), at.y());
+        const unsigned button = any(2) ? 4 : 5;
+        for (int i = any(3); i >= 0; --i) {
+            XHands::button(button, true);
+            XHands::button(button, false);
+        }
+    }
+
+    void tap(const char* name)
+    {
+        const unsigned code = XHands::codeOf(name);
+        XHands::key(code, true);
+        XHands::key(code, false);
+    }
+
+    void key()
+    {
+        QWidget* focus = QApplication::focusWidget();
+        const bool canSend = QApplication::activePopupWidget() || (focus && actor(focus));
+        if (any(2)) {
+            const char* const name =
+                pick({"Tab", "Tab", "ISO_Left_Tab", "Return", "Return", "KP_Enter", "space",
+                      "Escape", "Up", "Down", "Left", "Right", "Home", "End", "Prior", "Next",
+                      "BackSpace", "Menu"});
+            const bool moves = QByteArray(name).endsWith("Tab") || QByteArray(name) == "Menu";
+            tell(QStringLiteral("key %1 in %2")
+                     .arg(QString::fromLatin1(name), focus ? focus->objectName() : QString()),
+                 canSend && !moves);
+            if (XHands::codeOf(name))
+                tap(name);
+            return;
+        }
+        const bool ends = any(2) == 0;
+        const QByteArray text = QByteArray::number(any(2) ? any(20) : any(6000) - 3000);
+        tell(QStringLiteral("type %1%2 in %3")
+                 .arg(QString::fromLatin1(text), ends ? QStringLiteral(" Return") : QString(),
+                      focus ? focus->objectName() : QString()),
+             canSend && ends);
+        for (char character : text) {
+            bool isShifted = false;
+            const unsigned code = XHands::codeOf(character, &isShifted);
+            XHands::key(code, true);
+            XHands::key(code, false);
+        }
+        if (ends)
+            tap("Return");
+    }
+
+    void hold()
+    {
+        if (m_heldButton)
+            return;
+        const QPoint at = place();
+        tell(QStringLiteral("hold on %1").arg(nameAt(at)), canSendAt(at));
+        XHands::move(at.x(), at.y());
+        XHands::button(1, true);
+        m_heldButton = 1;
+    }
+
+    void holdKey()
+    {
+        if (!m_heldKey.isEmpty())
+            return;
+        QWidget* focus = QApplication::focusWidget();
+        tell(QStringLiteral("hold space in %1").arg(focus ? focus->objectName() : QString()),
+             focus && actor(focus));
+        m_heldKey = "space";
+        XHands::key(XHands::codeOf("space"), true);
+    }
+
+    void turnPage()
+    {
+        const char digit = static_cast<char>('0' + any(10));
+        tell(QStringLiteral("ctrl+%1").arg(QLatin1Char(digit)), false);
+        bool isShifted = false;
+        const unsigned control = XHands::codeOf("Control_L");
+        const unsigned code = XHands::codeOf(digit, &isShifted);
+        XHands::key(control, true);
+        XHands::key(code, true);
+        XHands::key(code, false);
+        XHands::key(control, false);
+    }
+
+    void letGo()
+    {
+        // What was held may do its work now, as a button that is clicked by its release.
+        tell(QStringLiteral("let go"), true);
+        if (m_heldButton)
+            XHands::button(m_heldButton, false);
+        if (!m_heldKey.isEmpty())
+            XHands::key(XHands::codeOf(m_heldKey.constData()), false);
+        m_heldButton = 0;
+        m_heldKey.clear();
+        XHands::sync();
+    }
+
+    void closeAll()
+    {
+        while (QWidget* open = QApplication::activePopupWidget()
+                                   ? QApplication::activePopupWidget()
+                                   : QApplication::activeModalWidget())
+            open->close();
+    }
+
+    void stop()
+    {
+        ++m_gestures;
+        m_before = Gesture();
+        letGo();
+        tell(QStringLiteral("STOP"), false);
+        m_now.maySend = false;
+        if (any(2)) {
+            tap("F12");
+        } else {
+            const auto* button = m_bench.findChild<QWidget*>(QStringLiteral("btnStopAll"));
+            const QPoint at = button->mapToGlobal(button->rect().center());
+            if (QApplication::activeModalWidget() && QApplication::widgetAt(at) != button)
+                tap("F12"); // a dialog stands before it
+            else {
+                XHands::move(at.x(), at.y());
+                XHands::button(1, true);
+                XHands::button(1, false);
+            }
+        }
+        XHands::sync();
+        m_isStopping = true;
+        ++m_stops;
+        m_sinceStop.start();
+    }
+
+    void checkStanding()
+    {
+        m_isStopping = false;
+        SimulatedModule& module = m_bench.link().module();
+        for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
+            const double acceleration = module.axis(axis).read(AxisParameterNumber::Acceleration);
+            const double needed =
+                2000 + 1000 * std::abs(module.axis(axis).rampVelocity()) / qMax(1.0, acceleration);
+            const double before = std::abs(module.axis(axis).velocity());
+            for (int time = 0; time < qMin<double>(needed, LongestRamp) && !stands(axis); time += 5)
+                m_bench.advance(5);
+            if (!stands(axis) && needed > LongestRamp &&
+                std::abs(module.axis(axis).velocity()) < before) {
+                module.axis(axis).write(AxisParameterNumber::Acceleration,
+                                        4000); // it brakes, for an hour
+                for (int time = 0; time < LongestRamp && !stands(axis); time += 5)
+                    m_bench.advance(5);
+            }
+            if (!stands(axis))
+                complain(QStringLiteral("axis %1 turns at %2 rpm after STOP, beyond its ramp")
+                             .arg(axis)
+                             .arg(module.axis(axis).velocity()));
+        }
+        for (int time = 0; isFine() && time < StandingFor; time += 5) {
+            m_bench.advance(5);
+            for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
+                if (!stands(axis))
+                    complain(QStringLiteral("axis %1 turns at %2 rpm, %3 ms after it had stopped")
+                                 .arg(axis)
+                                 .arg(module.axis(axis).velocity())
+                                 .arg(time));
+            }
+        }
+        ++m_gestures;
+        beginRound();
+        if (!m_bench.link().isOpen() && !QApplication::activeModalWidget())
+            connectAgain();
+        m_hasRested = false;
+    }
+
+    /// Each round begins where something can be driven, with targets worth stopping.
+    void beginRound()
+    {
+        if (any(4))
+            closeAll();
+        const QStringList drivers = {QStringLiteral("motion"),     QStringLiteral("motion"),
+                                     QStringLiteral("capture"),    QStringLiteral("ramp"),
+                                     QStringLiteral("parameters"), QStringLiteral("console")};
+        m_bench.showPage(any(4) ? drivers.at(any(drivers.size()))
+                                : Workbench::pageNames().at(any(Workbench::pageNames().size())));
+        for (const char* name : {"sbTargetVelocity", "sbTargetCurrent", "sbTargetPosition"}) {
+            for (QSpinBox* box : m_bench.findChildren<QSpinBox*>(QString::fromLatin1(name)))
+                box->setValue(any(2000) - 1000);
+        }
+    }
+
+    bool stands(int axis) const
+    {
+        return std::abs(m_bench.link().module().axis(axis).velocity()) < Standing;
+    }
+
+    void connectAgain()
+    {
+        m_now = {QStringLiteral("connect"), true};
+        m_bench.findChild<Connection*>()
+            ->findChild<QPushButton*>(QStringLiteral("btnConnect"))
+            ->click();
+    }
+
+    /// A capture and a ramp move send step by step what their start has set going.
+    bool somethingRuns() const
+    {
+        const auto* move = m_bench.findChild<RampMove*>();
+        return !Global::instance()->registeredThreads().isEmpty() ||
+               (move && move->state() != RampMove::State::Idle);
+    }
+
+    void judge(const Command& request)
+    {
+        if (isRead(request) || carries(request.getCommand(), Instruction::RD) ||
+            carries(request.getCommand(), Instruction::MST))
+            return;
+        ++m_commands;
+        if (m_isVerbose)
+            QTextStream(stderr) << "    " << requestText(request) << Qt::endl;
+        if (m_isStopping)
+            complain(QStringLiteral("after STOP: %1").arg(requestText(request)));
+        // The command of a gesture may leave when the next one has begun.
+        else if (!m_now.maySend && !m_before.maySend && !somethingRuns())
+            complain(QStringLiteral("sent without a cause: %1").arg(requestText(request)));
+    }
+
+    void complain(const QString& text)
+    {
+        m_complaints
+            << QStringLiteral("%1\nafter\n%2").arg(text, m_history.join(QLatin1Char('\n')));
+    }
+
+    Workbench& m_bench;
+    QRandomGenerator m_random;
+    const quint32 m_seed;
+    const qint64 m_duration;
+    const bool m_isVerbose;
+    QTimer m_beat;
+    QElapsedTimer m_total;
+    QElapsedTimer m_sinceBeat;
+    QElapsedTimer m_sinceStop;
+    Watchdog m_watchdog;
+    Gesture m_now;
+    Gesture m_before;
+    QStringList m_history;
+    QStringList m_complaints;
+    unsigned m_heldButton = 0;
+    QByteArray m_heldKey;
+    bool m_isStopping = false;
+    bool m_hasRested = false;
+    int m_gestures = 0;
+    int m_commands = 0;
+    int m_stops = 0;
+    qint64 m_slowest = 0;
+    qint64 m_waitedBefore = 0;
+};
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("AXRTest"));
+    QCoreApplication::setApplicationName(QStringLiteral("RandomHands"));
+    QLoggingCategory::setFilterRules(QStringLiteral("axr.*=false"));
+    QApplication app(argc, argv);
+    QCommandLineParser parser;
+    parser.addOptions(
+        {{QStringLiteral("seed"), QStringLiteral("Seed, default 1."), QStringLiteral("N"),
+          QStringLiteral("1")},
+         {QStringLiteral("seconds"), QStringLiteral("How long, default 20."), QStringLiteral("S"),
+          QStringLiteral("20")},
+         {QStringLiteral("verbose"), QStringLiteral("Tell each gesture and each command.")}});
+    parser.addHelpOption();
+    parser.process(app);
+    if (!XHands::areThere())
+        qFatal("this needs an X display with XTEST, such as that of xvfb-run");
+
+    const QTemporaryDir folder; // where files of chance go
+    QDir::setCurrent(folder.path());
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+    Workbench bench(WorkbenchOptions::parse(
+        {QStringLiteral("RandomHands"), QStringLiteral("--photo"), QStringLiteral("x")},
+        Workbench::pageNames()));
+    bench.move(20, 20);
+    bench.show();
+    bench.activateWindow();
+    bench.startClock();
+    bench.findChild<Connection*>()->findChild<QPushButton*>(QStringLiteral("btnConnect"))->click();
+    RandomHands hands(bench, parser.value(QStringLiteral("seed")).toUInt(),
+                      parser.value(QStringLiteral("seconds")).toInt(),
+                      parser.isSet(QStringLiteral("verbose")));
+    QApplication::exec();
+    QTextStream(stdout) << hands.report() << Qt::endl;
+    return hands.isFine() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+#include "RandomHands.moc"
