@@ -12,10 +12,10 @@ class ColorPickerPopup;
 /// A push button that shows a colour and opens a grid of colours to choose from. Black and with an
 /// empty grid at the start. The button's text is the colour's name; it is not drawn.
 ///
-/// With the dialog, the grid's last cell asks for any other colour, which is opaque. One that is new
-/// becomes current and stays in the grid for good: such custom colours live in AppSettings, under
-/// numbered names ("Custom 01"), and are brought back by setStandardColors(). One that has a cell
-/// already, or is the Base colour, changes nothing.
+/// With the dialog, the grid's last cell asks for any other colour, which is opaque. One that is
+/// new becomes current and stays in the grid for good: such custom colours live in AppSettings,
+/// under numbered names ("Custom 01"), and are brought back by setStandardColors(). One that has a
+/// cell already, or is the Base colour, changes nothing.
 ///
 /// A right click on a cell whose name begins with "Custom" asks for another colour for it, which is
 /// stored under the cell's name, with and without the dialog's cell; the current colour stays and
