@@ -111,6 +111,8 @@ void HeldButton::timerEvent(QTimerEvent* event)
     if (event->timerId() != m_keyUp.timerId())
         return;
     m_keyUp.stop();
+    if (!m_button)
+        return;
     QKeyEvent up(QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier);
     QCoreApplication::sendEvent(m_button, &up);
 }

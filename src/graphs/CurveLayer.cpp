@@ -196,7 +196,7 @@ bool CurveLayer::advancePicture()
         changed = left;
     for (Curve& curve : m_curves) {
         CurveColumns& columns = *curve.item->m_columns;
-        changed = qMin(changed, columns.takeChange());
+        changed = qMin(changed, columns.takeChange(CurveColumns::Lines));
         const std::size_t next = columns.findAfter(m_time);
         if (next < columns.size() && columns[next].time <= geometry.actualTime)
             changed = qMin(changed, columns[next > 0 ? next - 1 : 0].slot);

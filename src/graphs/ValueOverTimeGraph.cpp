@@ -310,6 +310,10 @@ void ValueOverTimeGraph::layOut()
 {
     const QSize view = m_ui->graphicsView->viewport()->size();
     const QFontMetrics metrics = fontMetrics();
+    if (m_captionGap < 0 || m_gapFont != font()) {
+        m_gapFont = font();
+        m_captionGap = metrics.horizontalAdvance(QStringLiteral("XXX"));
+    }
     const double sceneWidth = view.width() - 2 * metrics.horizontalAdvance(QLatin1Char('X'));
     const double sceneHeight = view.height() - 2 * metrics.height();
     m_timeAxis->setActualTime(m_actualTime);
@@ -322,9 +326,8 @@ void ValueOverTimeGraph::layOut()
     const double plotWidth = m_timeAxis->plotWidth();
     m_visibleSpan = qMax(0, toInt((plotWidth > 0 ? plotWidth : sceneWidth) * MillisecondsPerPixel));
     const double captionWidth = m_captionItem->getWidth();
-    const double captionGap = metrics.horizontalAdvance(QStringLiteral("XXX"));
-    m_captionItem->setVisible(plotWidth >= captionWidth + captionGap);
-    m_captionItem->setPos(sceneWidth - captionWidth - captionGap,
+    m_captionItem->setVisible(plotWidth >= captionWidth + m_captionGap);
+    m_captionItem->setPos(sceneWidth - captionWidth - m_captionGap,
                           (sceneHeight - m_captionItem->getHeight()) / 3.0);
 }
 

@@ -3,6 +3,7 @@
 
 #include "AXRGuiExport.h"
 
+#include <QFont>
 #include <QList>
 #include <QString>
 #include <QWidget>
@@ -180,6 +181,8 @@ private:
     QList<Graph*> m_graphs;
     QList<GraphItem*> m_graphItems;
     int m_visibleSpan = 60000; // ms; generous until the first frame knows the width
+    QFont m_gapFont;           // of the gap beside the captions, kept, for measuring takes memory
+    int m_captionGap = -1;
     bool m_inFrame = false;
     bool m_nested = false;  // a frame within a frame
     QPair<int, int> m_told; // range of the last scaleChanged()
