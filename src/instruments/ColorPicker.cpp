@@ -188,5 +188,5 @@ void ColorPicker::paintEvent(QPaintEvent*)
     painter.setPen(palette().color(QPalette::Base));
     painter.setBrush(m_color);
     painter.drawRect(QRect(QPoint(Border, Border), size() - 2 * QSize(Border, Border)));
-    drawRim(painter, *this, QPalette::ButtonText);
+    drawRim(painter, *this, palette().color(QPalette::Button));
 }

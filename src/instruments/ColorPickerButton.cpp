@@ -75,5 +75,5 @@ void ColorPickerButton::paintEvent(QPaintEvent*)
         painter.fillRect(dot, palette().buttonText());
         dot.translate(DotDistance, 0);
     }
-    drawRim(painter, *this, QPalette::WindowText);
+    drawRim(painter, *this, palette().color(QPalette::Window));
 }

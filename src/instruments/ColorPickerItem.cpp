@@ -1,5 +1,7 @@
 #include "ColorPickerItem_p.h"
 
+#include "ColorTone_p.h"
+
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -56,7 +58,7 @@ void ColorPickerItem::paintEvent(QPaintEvent*)
         painter.fillRect(4, 4, w - 4, h - 4, m_color);
     if (hasFocus()) {
         painter.drawRect(0, 0, w - 1, h - 1);
-        painter.setPen(palette().color(QPalette::WindowText)); // where black is not seen
+        painter.setPen(contrastTo(palette().color(QPalette::Window))); // black may not be seen
         painter.drawRect(2, 2, w - 2, h - 2);
     }
 }

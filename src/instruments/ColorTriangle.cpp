@@ -214,7 +214,8 @@ void ColorTriangle::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     drawMarkers(painter);
     if (hasFocus()) {
-        painter.setPen(palette().color(QPalette::WindowText));
+        painter.setRenderHint(QPainter::Antialiasing, false);
+        painter.setPen(contrastTo(palette().color(QPalette::Mid)));
         painter.drawRect(QRect(QPoint(), m_geometry->size - QSize(1, 1)));
     }
 }

@@ -135,7 +135,7 @@ private Q_SLOTS:
             WorkbenchOptions::parse({"axrworkbench", "--photo", "x"}, Workbench::pageNames()));
         int inputs = 0;
         QCOMPARE(complaints(bench, &inputs), QStringList());
-        QVERIFY2(inputs > 200, qPrintable(QString::number(inputs)));
+        QVERIFY2(inputs > 100, qPrintable(QString::number(inputs)));
     }
 
     /// A field's label shows a host's text as it is.
