@@ -52,6 +52,31 @@ void replyToPanels(benchmark::State& state)
 }
 BENCHMARK(replyToPanels)->Arg(1)->Arg(40)->ArgName("panels");
 
+/// A reply in the console, of which only the value differs from the one before,
+/// beside its five fields set one by one, the plain way.
+template <bool IsConsole>
+void replyToConsole(benchmark::State& state)
+{
+    WDirectMode console;
+    std::vector<QSpinBox*> fields;
+    for (const char* name : {"Address", "Command", "Type", "MotorBank", "Value"})
+        fields.push_back(console.findChild<QSpinBox*>(QStringLiteral("sbReply") + name));
+    int value = 0;
+    for (auto _ : state) {
+        ++value;
+        if constexpr (IsConsole) {
+            console.requestResult(1, 6, 3, 100, 0, value & 1023);
+        } else {
+            const int numbers[] = {1, 6, 100, 0, value & 1023};
+            for (size_t i = 0; i < fields.size(); ++i)
+                fields[i]->setValue(numbers[i]);
+        }
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK_TEMPLATE(replyToConsole, true)->Name("reply to console/what changed");
+BENCHMARK_TEMPLATE(replyToConsole, false)->Name("reply to console/all fields");
+
 struct SheetCounter : QObject {
     int changes = 0;
     bool eventFilter(QObject*, QEvent* event) override

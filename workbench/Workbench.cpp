@@ -439,6 +439,8 @@ void Workbench::showLinkState()
         page->setEnabled(m_link.isOpen() || page->worksAlone());
     if (!m_link.isOpen())
         m_connect->setText(tr("&Connect (%1)").arg(m_connection->lastLink()));
+    else if (m_connect->hasFocus())
+        m_list->setFocus(); // where the next Space does nothing
     m_connect->setVisible(!m_link.isOpen());
     m_notice->setText(tr("\"%1\" needs a link to a module.\n\nConnect above (Alt+C), or choose a "
                          "link on the first page (Ctrl+1).")

@@ -85,9 +85,22 @@ int main(int argc, char* argv[])
     QLoggingCategory::setFilterRules(QStringLiteral("axr.*=false"));
     int frames = 200;
     for (int i = 1; i < argc; ++i) {
+        Load load{};
+        if (std::sscanf(argv[i], "--ours=%dx%d", &load.curves, &load.rate) == 2) {
+            constexpr int LongRun = 5000; // frames
+            for (double time :
+                 frameTimes({Contenders[Scrolled], Contenders[Ours], Contenders[OursWithDots]},
+                            load, LongRun))
+                std::printf("%8.3f", time);
+            std::printf(" ms: floor, scrolled; ours; ours, dots\n");
+            return 0;
+        }
         constexpr char Option[] = "--benchmark_min_time=";
         if (std::strncmp(argv[i], Option, sizeof Option - 1) != 0) {
-            std::fprintf(stderr, "usage: %s [%sSECONDS]\n", argv[0], Option);
+            std::fprintf(stderr,
+                         "usage: %s [%sSECONDS]\n"
+                         "       %s --ours=CURVESxRATE   one case for long, for a profiler\n",
+                         argv[0], Option, argv[0]);
             return 1;
         }
         if (std::atof(argv[i] + sizeof Option - 1) < 0.1)

@@ -58,8 +58,13 @@ bool AxisPanel::isTaken(const AxisParameter& parameter) const { return isAsked(p
 
 bool AxisPanel::send(Instruction instruction, char type, int value)
 {
+    return send(*this, instruction, type, value);
+}
+
+bool AxisPanel::send(const MotorController& axis, Instruction instruction, char type, int value)
+{
     const QPointer<AxisPanel> self(this);
-    Command command(getAddress(), toByte(instruction), type, getMotorBank(), value);
+    Command command(axis.getAddress(), toByte(instruction), type, axis.getMotorBank(), value);
     emit OUT_requestValue(&command);
     return self;
 }

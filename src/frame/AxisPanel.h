@@ -62,6 +62,8 @@ protected:
     /// Emits a command with the panel's address and motor bank. Returns false when the panel was
     /// destroyed meanwhile: a host may do that inside the emission.
     bool send(Instruction instruction, char type, int value);
+    /// The same, to an axis that need not be the panel's.
+    bool send(const MotorController& axis, Instruction instruction, char type, int value);
     /// Sends SAP for the parameter.
     bool change(const AxisParameter& parameter, int value);
 

@@ -218,7 +218,7 @@ void ValueOverTimeGraph::initializeScene()
     m_scene->addItem(m_captionItem);
     m_captionItem->setZValue(CaptionDepth);
 
-    auto* layer = new CurveLayer;
+    auto* layer = new CurveLayer(m_timeAxis);
     layer->setZValue(LayerDepth);
     m_scene->addItem(layer);
     for (Graph* graph : qAsConst(m_graphs)) {
@@ -290,9 +290,9 @@ void ValueOverTimeGraph::advance(qint64 now)
         m_actualTime = now;
     limitAge(now); // a curve that holds the others must not let them grow without end
     if (!m_graphs.isEmpty()) {
-        m_minMarker->hide();
-        m_maxMarker->hide();
-        if (m_dynamicScaling && !scaleToData())
+        if (!m_dynamicScaling)
+            showMarkers(false, false);
+        else if (!scaleToData())
             return;
     }
     if (m_minValue == m_maxValue) {
@@ -348,15 +348,20 @@ bool ValueOverTimeGraph::scaleToData()
     double maximum = LowestMaximum;
     bool hasData = false;
     for (const Graph* graph : qAsConst(m_graphs)) {
-        if (graph->valueCount() < 2)
+        if (graph->valueCount() < 2) {
+            showMarkers(false, false);
             return false;
+        }
         double lowest = minimum;
         double highest = maximum;
         hasData = graph->valueRange(&lowest, &highest) || hasData;
         minimum = qMin(minimum, lowest);
         maximum = qMax(maximum, highest);
     }
-    if (maximum > minimum && m_xyMaxValue != m_xyMinValue) {
+    const bool hasPlace = maximum > minimum && m_xyMaxValue != m_xyMinValue;
+    showMarkers(hasPlace && m_showMinMaxMarker && minimum != 0,
+                hasPlace && m_showMinMaxMarker && maximum != 0);
+    if (hasPlace) {
         const double scale = (m_yAreaMax - m_yAreaMin) / (m_xyMaxValue - m_xyMinValue);
         placeMarker(m_maxMarker, maximum, m_yAreaMin + (m_xyMaxValue - maximum) * scale);
         placeMarker(m_minMarker, minimum, m_yAreaMax - (minimum - m_xyMinValue) * scale);
@@ -383,8 +388,12 @@ void ValueOverTimeGraph::placeMarker(MarkerItem* marker, double value, double y)
 {
     marker->setValue(toInt(value), QPointF(m_timeAxis->plotLeft(), 0));
     marker->setPos(0, y);
-    if (m_showMinMaxMarker && value != 0)
-        marker->show();
+}
+
+void ValueOverTimeGraph::showMarkers(bool minimum, bool maximum)
+{
+    m_minMarker->setVisible(minimum);
+    m_maxMarker->setVisible(maximum);
 }
 
 void ValueOverTimeGraph::setTimeOut(qint64 time)

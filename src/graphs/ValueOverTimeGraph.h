@@ -138,6 +138,7 @@ private:
     void setDrawing(bool drawing);
     bool scaleToData();
     void placeMarker(MarkerItem* marker, double value, double y);
+    void showMarkers(bool minimum, bool maximum);
     void setTimeOut(qint64 time);
     /// As of the picture's time, or of now when the clock was set back while the picture stands.
     void limitAge(qint64 now);

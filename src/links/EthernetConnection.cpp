@@ -1,5 +1,6 @@
 #include "EthernetConnection.h"
 
+#include "AddressByte_p.h"
 #include "Bytes.h"
 #include "CondensedText_p.h"
 #include "LinkButtons_p.h"
@@ -12,6 +13,7 @@ EthernetConnection::EthernetConnection(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::EthernetConnection>())
 {
     m_ui->setupUi(this);
+    AddressByte::join({m_ui->sbIPByte3, m_ui->sbIPByte2, m_ui->sbIPByte1, m_ui->sbIPByte0});
     WheelFocus::guard(this);
     RoomForText::giveTo(this);
     new CondensedText(this, {m_ui->btnConnect, m_ui->btnDisconnect});

@@ -13,8 +13,10 @@ class EthernetConnection;
 }
 
 /// Collects the parameters of an Ethernet link: IP address (default 192.168.1.1) and port
-/// (0..65536, default 1500). It opens nothing itself. The buttons follow the user's click, before
-/// the link is open: a host that fails to open it calls setDisconnected(). Starts disconnected.
+/// (0..65536, default 1500). "." goes on to the next byte of the address, Backspace in an empty one
+/// back; a whole address can be pasted into any of them. It opens nothing itself. The buttons
+/// follow the user's click, before the link is open: a host that fails to open it calls
+/// setDisconnected(). Starts disconnected.
 class AXRGUI_EXPORT EthernetConnection : public QWidget
 {
     Q_OBJECT

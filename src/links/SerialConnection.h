@@ -39,8 +39,10 @@ public:
     /// Adds an entry at the end; the same port may come more than once. The entry shows the port
     /// and, in brackets, the first word of the description. The first device enables "Connect".
     void addDevice(QString port, QString description);
-    /// Removes the first entry of this port, case-sensitively; unknown ports are ignored. When the
-    /// device in use goes, the buttons show it, but closeDevice() is not emitted.
+    /// Removes the first entry of this port, case-sensitively; unknown ports are ignored. If it is
+    /// the entry that the list shows, the buttons change to disconnected, be it the device in use
+    /// or not; otherwise they stay, even if it is. An empty list disables "Connect". No signal goes
+    /// out: a host whose link hangs on the device closes it itself.
     void removeDevice(QString port);
 
 Q_SIGNALS:

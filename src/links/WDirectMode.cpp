@@ -55,9 +55,13 @@ void WDirectMode::requestedCommand(char address, char command, char type, char m
 
 void WDirectMode::showReply(char address, char command, char status, char motorBank, int value)
 {
-    m_ui->sbReplyAddress->setValue(u8(address));
-    m_ui->sbReplyCommand->setValue(u8(command));
-    m_ui->sbReplyType->setValue(u8(status));
-    m_ui->sbReplyMotorBank->setValue(u8(motorBank));
-    m_ui->sbReplyValue->setValue(value);
+    const auto show = [](QSpinBox* field, int number) {
+        if (field->value() != number) // which it takes long to find out by itself
+            field->setValue(number);
+    };
+    show(m_ui->sbReplyAddress, u8(address));
+    show(m_ui->sbReplyCommand, u8(command));
+    show(m_ui->sbReplyType, u8(status));
+    show(m_ui->sbReplyMotorBank, u8(motorBank));
+    show(m_ui->sbReplyValue, value);
 }

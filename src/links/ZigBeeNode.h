@@ -12,13 +12,15 @@ namespace Ui
 class ZigBeeNode;
 }
 
-/// The address of a radio node as four bytes, 0..255 each, byte 3 in front. Hosts create it
-/// themselves: no other class of this library does.
+/// The address of a radio node as four bytes, 0..255 each, byte 3 in front, and below them in
+/// hexadecimal digits. That text is "0x0:0:0:0:0:0" until a byte changes for the first time, also
+/// by the constructor; then it is that of the four bytes, such as "0x:4:3:ff:1". Without parent:
+/// the host that creates it owns it.
 class AXRGUI_EXPORT ZigBeeNode : public QWidget
 {
     Q_OBJECT
 public:
-    /// All bytes 0. The text below them is "0x0:0:0:0:0:0" until the first change.
+    /// All bytes 0.
     ZigBeeNode();
     /// Four bytes, byte 0 first, which are copied. A null pointer stands for four zeros.
     explicit ZigBeeNode(const char* bytes);
@@ -31,7 +33,9 @@ public:
     void setMACByteEnabled(int index, bool enabled);
 
 Q_SIGNALS:
-    /// The four bytes, byte 0 first. They are valid during the emission only: copy them.
+    /// "Set address" was clicked. The four bytes as they are shown, byte 0 first, also those that
+    /// the user cannot edit. They are valid during the emission only: connect directly and copy
+    /// them.
     void setZigBeeDevice(char* bytes);
 
 public Q_SLOTS:

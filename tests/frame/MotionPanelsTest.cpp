@@ -11,9 +11,13 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QMenu>
+#include <QPointer>
 #include <QPushButton>
 #include <QRandomGenerator>
 #include <QSpinBox>
+
+#include <functional>
 
 namespace
 {
@@ -42,6 +46,8 @@ void click(const QWidget& panel, const char* name)
 void deliver(AxisPanel& panel, Command command) { panel.IN_replyValue(&command); }
 
 } // namespace
+
+Q_DECLARE_METATYPE(std::function<void(QWidget*, QPushButton*)>)
 
 class MotionPanelsTest : public TestCase
 {
@@ -153,38 +159,183 @@ private Q_SLOTS:
         QCOMPARE(shown(panel, "sbActualCurrent"), -99999);
     }
 
-    void jogEndsWithThePanel()
+    void jogEndsWhenNobodyHoldsIt_data()
     {
-        auto panel = std::make_unique<CurrentControl>();
-        panel->setTargetCurrentCommand(7);
-        panel->show();
-        QVERIFY(QTest::qWaitForWindowExposed(panel.get()));
-        CommandRecorder sent(panel.get());
-        auto* button = User::find<QPushButton>(panel.get(), "btnJogRight");
-        const QStringList stop("1 5 7 0 0");
-        for (QWidget* hidden : std::initializer_list<QWidget*>{
-                 panel.get(), User::find<QGroupBox>(panel.get(), "gbCurrentControl"), button}) {
-            User::press(button);
-            sent.takeLines();
-            hidden->hide();
-            QCOMPARE(sent.takeLines(), stop);
-            hidden->show();
-            // The mouse is still held: moving it over the button must not start the axis again.
+        QTest::addColumn<std::function<void(QWidget*, QPushButton*)>>("end");
+        using End = std::function<void(QWidget*, QPushButton*)>;
+        const auto row = [](const char* name, const End& end) { QTest::newRow(name) << end; };
+        const auto tell = [row](const char* name, QEvent::Type type, bool toWindow) {
+            row(name, [=](QWidget* panel, QPushButton* button) {
+                QEvent event(type);
+                QCoreApplication::sendEvent(toWindow ? panel->window() : button, &event);
+            });
+        };
+        row("panel hidden", [](QWidget* panel, QPushButton*) { panel->hide(); });
+        row("box hidden", [](QWidget*, QPushButton* button) { button->parentWidget()->hide(); });
+        row("hidden", [](QWidget*, QPushButton* button) { button->hide(); });
+        row("panel disabled", [](QWidget* panel, QPushButton*) { panel->setEnabled(false); });
+        row("popup", [](QWidget* panel, QPushButton*) {
+            QMenu menu(panel);
+            menu.addAction("Copy");
+            menu.popup(panel->mapToGlobal(QPoint(0, 0)));
+        });
+        row("focus", [](QWidget* panel, QPushButton*) {
+            User::find<QSpinBox>(panel, "sbTargetCurrent")->setFocus();
+        });
+        row("grab", [](QWidget* panel, QPushButton* button) {
+            panel->grabMouse();
+            QEvent any(QEvent::User);
+            QCoreApplication::sendEvent(button, &any);
+            panel->releaseMouse();
+        });
+        row("let go over another", [](QWidget* panel, QPushButton*) { User::release(panel); });
+        row("let go beside", [](QWidget*, QPushButton* button) {
+            QTest::mouseRelease(button, Qt::LeftButton, {}, QPoint(-3, 5));
+        });
+        row("second button",
+            [](QWidget*, QPushButton* button) { QTest::mousePress(button, Qt::RightButton); });
+        row("pressed twice", [](QWidget*, QPushButton* button) { User::press(button); });
+        row("Space", [](QWidget*, QPushButton* button) { QTest::keyPress(button, Qt::Key_Space); });
+        row("Escape",
+            [](QWidget*, QPushButton* button) { QTest::keyClick(button, Qt::Key_Escape); });
+        tell("window not active", QEvent::WindowDeactivate, true);
+        tell("window blocked", QEvent::WindowBlocked, true);
+        tell("touch cancelled", QEvent::TouchCancel, true);
+        tell("grab lost", QEvent::UngrabMouse, false);
+    }
+    void jogEndsWhenNobodyHoldsIt()
+    {
+        using End = std::function<void(QWidget*, QPushButton*)>;
+        QFETCH(End, end);
+        for (const bool byKey : {false, true}) {
+            CurrentControl panel;
+            panel.setTargetCurrentCommand(7);
+            panel.show();
+            panel.activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(&panel));
+            auto* button = User::find<QPushButton>(&panel, "btnJogRight");
+            button->setFocus();
+            CommandRecorder sent(&panel);
+            byKey ? QTest::keyPress(button, Qt::Key_Space) : User::press(button);
+            QKeyEvent repeat(QEvent::KeyPress, Qt::Key_Space, {}, " ", true);
+            QCoreApplication::sendEvent(button, &repeat);
+            QCOMPARE(sent.takeLines(), QStringList("1 5 7 0 0"));
+            end(&panel, button);
+            QCOMPARE(sent.takeLines(), QStringList("1 5 7 0 0"));
+            QVERIFY(!button->isDown());
+            for (QWidget* widget : {static_cast<QWidget*>(&panel), button->parentWidget(),
+                                    static_cast<QWidget*>(button)})
+                widget->show();
+            panel.setEnabled(true);
+            // Still held: one pixel over the button must not start the axis again.
             QMouseEvent move(QEvent::MouseMove, button->rect().center(), Qt::NoButton,
                              Qt::LeftButton, Qt::NoModifier);
             QCoreApplication::sendEvent(button, &move);
-            User::release(button);
+            byKey ? QTest::keyRelease(button, Qt::Key_Space) : User::release(button);
             QCOMPARE(sent.takeLines(), QStringList());
+            User::click(button);
+            QCOMPARE(sent.takeLines(), (QStringList{"1 5 7 0 0", "1 5 7 0 0"}));
         }
-        QTest::keyPress(button, Qt::Key_Space);
-        sent.takeLines();
-        panel->hide();
-        QCOMPARE(sent.takeLines(), stop);
-        panel->show();
+    }
+
+    void jogFollowsThePointerThatStrays()
+    {
+        VelocityControl panel;
+        panel.show();
+        auto* button = User::find<QPushButton>(&panel, "btnJogLeft");
+        CommandRecorder sent(&panel);
+        const auto moveTo = [button](QPoint place) {
+            QMouseEvent move(QEvent::MouseMove, place, Qt::NoButton, Qt::LeftButton, {});
+            QCoreApplication::sendEvent(button, &move);
+        };
+        const QStringList started("1 2 0 0 0");
+        const QStringList stopped("1 3 0 0 0");
         User::press(button);
+        QCOMPARE(sent.takeLines(), started);
+        moveTo({-5, 5});
+        QCOMPARE(sent.takeLines(), stopped);
+        moveTo({5, 5});
+        QCOMPARE(sent.takeLines(), started);
+        moveTo({-5, 5});
+        QCOMPARE(sent.takeLines(), stopped);
+        QEvent inactive(QEvent::WindowDeactivate);
+        QCoreApplication::sendEvent(&panel, &inactive);
+        moveTo({5, 5});
+        User::release(button);
+        QCOMPARE(sent.takeLines(), QStringList());
+    }
+
+    void jogEndsBeforeTheHostsWindow()
+    {
+        struct Window : QWidget {
+            bool isWhole = true;
+            ~Window() override { isWhole = false; }
+        };
+        auto* window = new Window;
+        auto* panel = new CurrentControl(window);
+        CommandRecorder sent(panel);
+        window->show();
+        User::press(User::find<QPushButton>(panel, "btnJogRight"));
         sent.takeLines();
-        panel.reset();
-        QCOMPARE(sent.takeLines(), stop);
+        QVector<bool> whole;
+        sent.onCommand([&](const Command&) { whole << window->isWhole; });
+        window->deleteLater();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(whole, QVector<bool>{true});
+    }
+
+    void jogEndsWithThePanel()
+    {
+        for (const bool isLater : {false, true}) {
+            for (const bool isWindow : {false, true}) {
+                QPointer<QWidget> window = new QWidget;
+                auto* panel = new CurrentControl(window);
+                panel->setTargetCurrentCommand(7);
+                CommandRecorder sent(panel);
+                window->show();
+                User::press(User::find<QPushButton>(panel, "btnJogRight"));
+                panel->on_btnJogLeft_pressed(); // by the host, which never releases it
+                sent.takeLines();
+                QWidget* victim = isWindow ? window.data() : panel;
+                if (isLater) {
+                    victim->deleteLater();
+                    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                } else {
+                    delete victim;
+                }
+                QCOMPARE(sent.takeLines(), (QStringList{"1 5 7 0 0", "1 5 7 0 0"}));
+                delete window;
+            }
+        }
+    }
+
+    void jogStopsTheAxisThatItStarted()
+    {
+        CurrentControl panel;
+        const auto set = [&panel](int address, int bank, int number) {
+            panel.setAddress(toByte(address));
+            panel.setMotorBank(toByte(bank));
+            panel.setTargetCurrentCommand(toByte(number));
+        };
+        CommandRecorder sent(&panel);
+        auto* button = User::find<QPushButton>(&panel, "btnJogRight");
+        for (const bool byMst : {false, true}) {
+            set(1, 0, 155);
+            User::press(button);
+            set(7, 1, 156);
+            panel.setUseMSTForStop(byMst);
+            User::release(button);
+            panel.on_btnJogRight_released();
+            QCOMPARE(sent.takeLines(),
+                     byMst ? (QStringList{"1 5 155 0 0", "1 3 0 0 0", "7 3 0 1 0"})
+                           : (QStringList{"1 5 155 0 0", "1 5 155 0 0", "7 5 156 1 0"}));
+            panel.setUseMSTForStop(false);
+        }
+        set(1, 0, 155);
+        panel.on_btnJogLeft_pressed();
+        set(7, 1, 156);
+        panel.on_btnJogLeft_released();
+        QCOMPARE(sent.takeLines(), (QStringList{"1 5 155 0 0", "1 5 155 0 0"}));
     }
 
     void positionButtons()

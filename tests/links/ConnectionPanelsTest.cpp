@@ -7,8 +7,11 @@
 #include "User.h"
 #include "ZigBeeNode.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QSpinBox>
@@ -129,6 +132,53 @@ private Q_SLOTS:
         QCOMPARE(signalled.join(", ").remove(" -+").remove("200.0.128.255 "),
                  QString("192.168.1.1 1500, 0, 32767, -32768, -1, 0"));
         QCOMPARE(shown(panel), QString("+-"));
+    }
+
+    void ethernetAddressByKeys()
+    {
+        EthernetConnection panel;
+        panel.show();
+        panel.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&panel));
+        const auto field = [&panel](int byte) {
+            return User::find<QSpinBox>(&panel, QString("sbIPByte%1").arg(byte));
+        };
+        const auto type = [](const QString& keys) {
+            for (QChar key : keys)
+                QTest::keyClick(QApplication::focusWidget(), key.toLatin1());
+        };
+        const auto shownAddress = [&] {
+            QStringList bytes;
+            for (int byte : {3, 2, 1, 0})
+                bytes << field(byte)->text();
+            return bytes.join('.');
+        };
+        field(3)->setFocus();
+        field(3)->selectAll();
+        type("10.0.0.5.");
+        QCOMPARE(shownAddress(), QString("10.0.0.5"));
+        for (int i = 0; i < 2; ++i)
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backspace);
+        type("7");
+        QCOMPARE(shownAddress(), QString("10.0.07.5"));
+        QCOMPARE(QApplication::focusWidget(), field(1));
+
+        const struct {
+            const char* pasted;
+            const char* shown;
+        } pastes[] = {{" 192.168.2.30\n", "192.168.2.30"},
+                      {"1.2.3.256", "192.168.2.30"},
+                      {"1.2.3", "192.168.2.30"},
+                      {"1.-2.3.4", "192.168.2.30"},
+                      {"8", "192.168.82.30"}};
+        for (const auto& [pasted, expected] : pastes) {
+            QApplication::clipboard()->setText(pasted);
+            auto* edit = field(1)->findChild<QLineEdit*>();
+            edit->setCursorPosition(0);
+            edit->paste();
+            QCOMPARE(shownAddress(), QString(expected));
+        }
+        QCOMPARE(field(1)->value(), 82);
     }
 
     void focusGoesFromButtonToButton()

@@ -270,8 +270,24 @@ Screen::WindowManager::WindowManager(bool isWanted)
     if (!isWanted)
         return;
     m_process.start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
-    if (!m_process.waitForStarted() || !waitFor([this] { return isThere(); }, 10000))
+    const auto takesWindows = [] { // which it does only some time after it tells that it is there
+        QWindow window;
+        window.resize(20, 20);
+        window.show();
+        return waitFor([&window] { return window.isExposed(); }, 300);
+    };
+    if (!m_process.waitForStarted() || !waitFor([this] { return isThere(); }, 10000) ||
+        !waitFor(takesWindows, 10000))
         qFatal("no window manager: these tests need openbox");
+    // It says so before it looks after windows; one that comes in between is never shown.
+    QWidget first;
+    for (int tries = 0; tries < 20; ++tries) {
+        first.show();
+        if (waitFor([&] { return first.windowHandle()->isExposed(); }, 500))
+            return;
+        first.hide();
+    }
+    qFatal("the window manager shows no window");
 }
 
 Screen::WindowManager::~WindowManager()

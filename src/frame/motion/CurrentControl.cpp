@@ -12,11 +12,13 @@ CurrentControl::CurrentControl(QWidget* parent)
     new ShowsOnly(m_ui->sbActualCurrent);
     m_targetCurrent.bind(m_ui->sbTargetCurrent);
     m_actualCurrent.bind(m_ui->sbActualCurrent);
-    setUpJog(m_ui->btnJogLeft, m_ui->btnJogRight);
+    m_jogLeft.setButton(m_ui->btnJogLeft);
+    m_jogRight.setButton(m_ui->btnJogRight);
+    setUpJog(m_jogLeft, m_jogRight);
     setUpPanel(m_ui->gbCurrentControl, {&m_actualCurrent});
 }
 
-CurrentControl::~CurrentControl() { endJog(); }
+CurrentControl::~CurrentControl() = default;
 
 void CurrentControl::setTargetCurrentCommand(char type) { m_targetCurrent.setNumber(type); }
 
@@ -50,10 +52,12 @@ void CurrentControl::turn(Direction direction)
     change(m_targetCurrent, toInt(direction == Direction::Left ? -target : target));
 }
 
-void CurrentControl::halt()
+HeldButton::Stop CurrentControl::stop()
 {
-    if (m_useMSTForStop)
-        send(Instruction::MST, 0, 0);
-    else
-        change(m_targetCurrent, 0);
+    return [this, axis = MotorController(*this), number = m_targetCurrent.number()] {
+        if (m_useMSTForStop)
+            send(axis, Instruction::MST, 0, 0);
+        else
+            send(axis, Instruction::SAP, number, 0);
+    };
 }

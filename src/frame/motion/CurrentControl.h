@@ -10,8 +10,9 @@ namespace Ui
 class CurrentControl;
 }
 
-/// Turns one axis at a current, by setting the target current with a sign: left is negative.
-/// Currents are in the device's own unit (mA by caption).
+/// Turns one axis at a current, by setting the target current with a sign: left is negative. A new
+/// target reaches the axis with the next click only. Currents are in the device's own unit (mA by
+/// caption).
 class AXRGUI_EXPORT CurrentControl : public TurnPanel
 {
     Q_OBJECT
@@ -33,17 +34,20 @@ public:
     void setActualText(const QString& text);
     void setTargetText(const QString& text);
 
-    /// Whether stop sends MST rather than a target current of 0. Default false.
+    /// Whether stop sends MST rather than a target current of 0; also the stop of a jog that is
+    /// held meanwhile. Default false.
     void setUseMSTForStop(bool use);
 
 private:
     void turn(Direction direction) override;
-    void halt() override;
+    HeldButton::Stop stop() override;
 
     std::unique_ptr<Ui::CurrentControl> m_ui;
     AxisParameter m_targetCurrent;
     AxisParameter m_actualCurrent;
     bool m_useMSTForStop = false;
+    HeldButton m_jogLeft;
+    HeldButton m_jogRight;
 };
 
 #endif

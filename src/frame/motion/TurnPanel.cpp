@@ -1,66 +1,31 @@
 #include "TurnPanel.h"
 
-#include <QAbstractButton>
-#include <QCoreApplication>
-#include <QMouseEvent>
-#include <QPointer>
-
-namespace
-{
-
-/// Ends a press as a user does who leaves the button and then lets go of the mouse. setDown(false)
-/// alone would leave the button waiting for the mouse: back on the screen, the next move over it
-/// would press it again.
-void letGo(QAbstractButton* button)
-{
-    const QPointer<QAbstractButton> guard(button);
-    const QPointF outside(-1, -1);
-    const QPointF global = button->mapToGlobal(outside.toPoint());
-    QMouseEvent leave(QEvent::MouseMove, outside, global, Qt::NoButton, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(button, &leave);
-    if (guard && button->isDown()) { // was pressed by key
-        button->setDown(false);
-        emit button->released();
-    }
-    if (!guard)
-        return;
-    QMouseEvent release(QEvent::MouseButtonRelease, outside, global, Qt::LeftButton, {}, {});
-    QCoreApplication::sendEvent(button, &release);
-}
-
-} // namespace
-
 TurnPanel::TurnPanel(QWidget* parent) : AxisPanel(parent) {}
 
 TurnPanel::~TurnPanel() = default;
 
 void TurnPanel::on_btnLeft_clicked() { turn(Direction::Left); }
 void TurnPanel::on_btnRight_clicked() { turn(Direction::Right); }
-void TurnPanel::on_btnStop_clicked() { halt(); }
-void TurnPanel::on_btnJogLeft_pressed() { turn(Direction::Left); }
-void TurnPanel::on_btnJogLeft_released() { halt(); }
-void TurnPanel::on_btnJogRight_pressed() { turn(Direction::Right); }
-void TurnPanel::on_btnJogRight_released() { halt(); }
+void TurnPanel::on_btnStop_clicked() { stop()(); }
 
-void TurnPanel::setUpJog(QAbstractButton* left, QAbstractButton* right)
+void TurnPanel::on_btnJogLeft_pressed()
 {
-    m_jogButtons = {left, right};
-    for (QAbstractButton* button : qAsConst(m_jogButtons))
-        button->installEventFilter(this);
+    m_jogLeft->press(stop());
+    turn(Direction::Left);
 }
 
-void TurnPanel::endJog()
+void TurnPanel::on_btnJogLeft_released() { m_jogLeft->release(stop()); }
+
+void TurnPanel::on_btnJogRight_pressed()
 {
-    const QPointer<TurnPanel> self(this);
-    for (int i = 0; self && i < m_jogButtons.size(); ++i) {
-        if (m_jogButtons.at(i)->isDown())
-            letGo(m_jogButtons.at(i));
-    }
+    m_jogRight->press(stop());
+    turn(Direction::Right);
 }
 
-bool TurnPanel::eventFilter(QObject* watched, QEvent* event)
+void TurnPanel::on_btnJogRight_released() { m_jogRight->release(stop()); }
+
+void TurnPanel::setUpJog(HeldButton& left, HeldButton& right)
 {
-    if (event->type() == QEvent::Hide)
-        endJog();
-    return AxisPanel::eventFilter(watched, event);
+    m_jogLeft = &left;
+    m_jogRight = &right;
 }

@@ -2,22 +2,21 @@
 #define TURNPANEL_H
 
 #include "AxisPanel.h"
-
-class QAbstractButton;
+#include "HeldButton.h"
 
 /// Base of the panels with the five turn buttons: left and right run on, the jog buttons run while
 /// they are held. The press starts and the release stops, without a timer.
 ///
-/// A jog button that is hidden while it is down is let go, whatever hides it, and so is one that is
-/// down when the panel is destroyed: OUT_requestValue() then goes out from the destructor. A host
-/// whose slot belongs to a parent of the panel destroys the panel before itself.
+/// A jog ends at the release or when its press can no longer be trusted (HeldButton), at the latest
+/// when the panel is destroyed: OUT_requestValue() then goes out from the destructor. Its stop goes
+/// to the axis that was started: address, motor bank and numbers are those of the press, the kind
+/// of stop is the one set when it goes out. A slot of released() without a press before stops the
+/// axis that is set.
 class AXRGUI_EXPORT TurnPanel : public AxisPanel
 {
     Q_OBJECT
 public:
     ~TurnPanel() override;
-
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 public Q_SLOTS:
     void on_btnLeft_clicked();
@@ -33,18 +32,16 @@ protected:
 
     explicit TurnPanel(QWidget* parent);
 
-    /// To be called once the form is built.
-    void setUpJog(QAbstractButton* left, QAbstractButton* right);
+    /// To be called once the form is built, with the panel's own members.
+    void setUpJog(HeldButton& left, HeldButton& right);
 
     virtual void turn(Direction direction) = 0;
-    virtual void halt() = 0;
-
-    /// Lets go a jog button that is down. A panel calls this in its destructor, while it can still
-    /// send.
-    void endJog();
+    /// What stops the axis that is set now.
+    virtual HeldButton::Stop stop() = 0;
 
 private:
-    QVector<QAbstractButton*> m_jogButtons;
+    HeldButton* m_jogLeft = nullptr;
+    HeldButton* m_jogRight = nullptr;
 };
 
 #endif

@@ -11,11 +11,13 @@ VelocityControl::VelocityControl(QWidget* parent)
     m_ui->setupUi(this);
     new ShowsOnly(m_ui->sbActualVelocity);
     m_actualVelocity.bind(m_ui->sbActualVelocity);
-    setUpJog(m_ui->btnJogLeft, m_ui->btnJogRight);
+    m_jogLeft.setButton(m_ui->btnJogLeft);
+    m_jogRight.setButton(m_ui->btnJogRight);
+    setUpJog(m_jogLeft, m_jogRight);
     setUpPanel(m_ui->gbVelocityControl, {&m_actualVelocity});
 }
 
-VelocityControl::~VelocityControl() { endJog(); }
+VelocityControl::~VelocityControl() = default;
 
 void VelocityControl::setActualVelocityCommand(char type) { m_actualVelocity.setNumber(type); }
 
@@ -53,4 +55,7 @@ void VelocityControl::turn(Direction direction)
          m_ui->sbTargetVelocity->value());
 }
 
-void VelocityControl::halt() { send(Instruction::MST, 0, 0); }
+HeldButton::Stop VelocityControl::stop()
+{
+    return [this, axis = MotorController(*this)] { send(axis, Instruction::MST, 0, 0); };
+}

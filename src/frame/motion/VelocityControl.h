@@ -10,8 +10,10 @@ namespace Ui
 class VelocityControl;
 }
 
-/// Turns one axis at a velocity. Both directions carry the target as it stands; the direction lies
-/// in the instruction. Stops by MST. Velocities are in the device's own unit (rpm by caption).
+/// Turns one axis at a velocity. Both directions carry the target as it stands when the button is
+/// clicked or pressed; the direction lies in the instruction.
+/// A new target reaches a turning axis with the next click only. Stops by MST.
+/// Velocities are in the device's own unit (rpm by caption).
 class AXRGUI_EXPORT VelocityControl : public TurnPanel
 {
     Q_OBJECT
@@ -36,10 +38,12 @@ public:
 
 private:
     void turn(Direction direction) override;
-    void halt() override;
+    HeldButton::Stop stop() override;
 
     std::unique_ptr<Ui::VelocityControl> m_ui;
     AxisParameter m_actualVelocity;
+    HeldButton m_jogLeft;
+    HeldButton m_jogRight;
 };
 
 #endif
