@@ -103,14 +103,18 @@ void StopGuard::stopNow()
     letGo();
 }
 
-/// A release beside the button ends a press without a click. A jog hears of it, too.
+/// A release beside the button ends a press without a click. A jog hears of it, too. A button from
+/// which the pointer has strayed does not count as down but still waits for it, so every button is
+/// told while the pointer's is held; one that is not pressed takes no notice.
 void StopGuard::letGo() const
 {
+    const bool isPointerHeld = QGuiApplication::mouseButtons() != Qt::NoButton;
     QVector<QPointer<QAbstractButton>> held;
     const QWidgetList all = QApplication::allWidgets();
     for (QWidget* widget : all) {
         auto* button = qobject_cast<QAbstractButton*>(widget);
-        if (button && button->isDown() && !isStop(button))
+        if (button && (button->isDown() || (isPointerHeld && button->isVisible())) &&
+            !isStop(button))
             held << button;
     }
     for (const QPointer<QAbstractButton>& button : qAsConst(held)) {

@@ -158,6 +158,35 @@ private Q_SLOTS:
         QVERIFY(shown.stands());
     }
 
+    /// Not even a hand that still holds the button starts the axis again.
+    void aHeldJogStaysStopped_data()
+    {
+        QTest::addColumn<bool>("isStrayed");
+        QTest::newRow("on the button") << false;
+        QTest::newRow("strayed from it") << true;
+    }
+    void aHeldJogStaysStopped()
+    {
+        QFETCH(bool, isStrayed);
+        ShownBench shown("motion");
+        auto* panel = shown.bench.findChild<VelocityControl*>("VelocityControl0");
+        User::find<QSpinBox>(panel, "sbTargetVelocity")->setValue(500);
+        const auto* jog = User::find<QPushButton>(panel, "btnJogLeft");
+        const QPoint on = Screen::middle(jog);
+        const QPoint beside = on + QPoint(0, jog->height());
+        Screen::moveTo(on);
+        Screen::press();
+        QVERIFY(Screen::waitFor([&] { return shown.axis.velocity() < -400; }));
+        if (isStrayed)
+            Screen::moveTo(beside);
+        Screen::key("F12");
+        for (const QPoint& place : {beside, on, on + QPoint(1, 0), beside, on})
+            Screen::moveTo(place);
+        QVERIFY(shown.stands());
+        Screen::release();
+        QVERIFY(shown.stands());
+    }
+
     /// A drag takes every key, but not this one.
     void theKeyStopsDuringADrag()
     {
