@@ -7,6 +7,7 @@
 #include "TestCase.h"
 #include "User.h"
 #include "ValueOverTimeGraph.h"
+#include "VelocityControl.h"
 #include "Workbench.h"
 
 #include <QComboBox>
