@@ -537,6 +537,12 @@ private:
                (move && move->state() != RampMove::State::Idle);
     }
 
+    /// A held jog ends at whatever takes its button away, as a turn of the page.
+    bool isStopOfHeld(const Command& request) const
+    {
+        return (m_heldButton || !m_heldKey.isEmpty()) && request.getValue() == 0;
+    }
+
     void judge(const Command& request)
     {
         if (isRead(request) || carries(request.getCommand(), Instruction::RD) ||
@@ -548,7 +554,7 @@ private:
         if (m_isStopping)
             complain(QStringLiteral("after STOP: %1").arg(requestText(request)));
         // The command of a gesture may leave when the next one has begun.
-        else if (!m_now.maySend && !m_before.maySend && !somethingRuns())
+        else if (!m_now.maySend && !m_before.maySend && !isStopOfHeld(request) && !somethingRuns())
             complain(QStringLiteral("sent without a cause: %1").arg(requestText(request)));
     }
 
