@@ -97,10 +97,12 @@ bool StopGuard::eventFilter(QObject* watched, QEvent* event)
     return QObject::eventFilter(watched, event);
 }
 
+/// What is held is let go of first: a jog's own end, sent behind the stop, would take the axis out
+/// of its braking (a target current of 0 lets it coast). In this order the stop overtakes it.
 void StopGuard::stopNow()
 {
-    emit stop();
     letGo();
+    emit stop();
 }
 
 /// A release beside the button ends a press without a click. A jog hears of it, too. A button from
