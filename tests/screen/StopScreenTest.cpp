@@ -188,6 +188,28 @@ private Q_SLOTS:
         QVERIFY(shown.stands());
     }
 
+    /// Its own end is a target current of 0, which would let the axis coast.
+    void aHeldCurrentIsBraked()
+    {
+        ShownBench shown("motion");
+        auto* panel = shown.bench.findChild<QWidget*>("CurrentControl0");
+        User::find<QSpinBox>(panel, "sbTargetCurrent")->setValue(300);
+        Screen::moveTo(Screen::middle(User::find<QPushButton>(panel, "btnJogRight")));
+        Screen::press();
+        QVERIFY(Screen::waitFor([&] { return shown.axis.velocity() > 400; }));
+        Command last;
+        QObject::connect(&shown.bench.link(), &ModuleLink::sent, &shown.bench,
+                         [&](const Command& request) {
+                             if (!isRead(request))
+                                 last = request;
+                         });
+        Screen::key("F12");
+        QVERIFY(Screen::waitFor([&] { return shown.axis.velocity() == 0; }));
+        Screen::release();
+        QVERIFY(shown.stands());
+        QCOMPARE(int(last.getCommand()), int(Instruction::MST));
+    }
+
     /// A drag takes every key, but not this one.
     void theKeyStopsDuringADrag()
     {
