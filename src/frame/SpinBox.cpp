@@ -637,7 +637,10 @@ void SpinBox::keyPressEvent(QKeyEvent* event)
     }
     if (isReadOnly() || special || !qobject_cast<const DoubleValidator*>(edit->validator()) ||
         !(deletes || isTyped(event))) {
+        const QPointer<SpinBox> self(this);
         QDoubleSpinBox::keyPressEvent(event);
+        if (self)
+            followNumber(); // Return on no number shows the value again
         return;
     }
     confineToNumber();

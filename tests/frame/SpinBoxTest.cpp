@@ -233,6 +233,11 @@ private Q_SLOTS:
         User::type(&tracking, "66");
         QCOMPARE(listener.take().filter("int"), QStringList({"int 6", "int 66"}));
         QCOMPARE(tracking.text(), QString("66 [33.00 rpm]"));
+        tracking.setKeyboardTracking(false);
+        User::type(&tracking, "6");
+        QTest::keyClick(&tracking, Qt::Key_Backspace, Qt::ControlModifier);
+        QTest::keyClick(&tracking, Qt::Key_Return);
+        QCOMPARE(tracking.text(), QString("66 [33.00 rpm]"));
     }
 
     void replyEndsTyping()
