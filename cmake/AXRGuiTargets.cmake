@@ -24,11 +24,6 @@ function(axr_target target)
         CXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON
         POSITION_INDEPENDENT_CODE ON)
-    # Those of a build folder from before the forms had their own rules would be found first.
-    file(GLOB old_headers "${CMAKE_CURRENT_BINARY_DIR}/${target}_autogen/include/ui_*.h")
-    foreach(header IN LISTS old_headers)
-        file(REMOVE "${header}")
-    endforeach()
     target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:AXRGuiBuildFlags>)
     foreach(folder IN LISTS ARGN)
         target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${folder}>)

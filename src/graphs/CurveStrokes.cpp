@@ -200,7 +200,7 @@ void DotPicture::draw(QPainter* painter, const std::vector<QPoint>& points, int 
     const QPointF shift(device.dx() - std::floor(device.dx()),
                         device.dy() - std::floor(device.dy()));
     make(painter->pen().color(), diameter, shift, painter->renderHints());
-    const QPointF corner = shift + QPointF(radius + Margin, radius + Margin);
+    const QPointF corner = shift + QPointF(radius + Margin, radius + Margin) - m_inked.topLeft();
     for (const QPoint& point : points)
         painter->drawImage(point - corner, m_picture);
 }
@@ -222,4 +222,19 @@ void DotPicture::make(const QColor& color, int diameter, const QPointF& shift,
     painter.setPen(QPen(color, 0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.translate(shift + QPointF(Margin, Margin));
     painter.drawEllipse(0, 0, diameter, diameter);
+    painter.end();
+    crop();
+}
+
+/// To what is inked, for each row of each dot counts.
+void DotPicture::crop()
+{
+    m_inked = QRect();
+    for (int y = 0; y < m_picture.height(); ++y) {
+        for (int x = 0; x < m_picture.width(); ++x) {
+            if (qAlpha(m_picture.pixel(x, y)) > 0)
+                m_inked |= QRect(x, y, 1, 1);
+        }
+    }
+    m_picture = m_picture.copy(m_inked);
 }

@@ -77,7 +77,10 @@ public:
 private:
     void make(const QColor& color, int diameter, const QPointF& shift, QPainter::RenderHints hints);
 
+    void crop();
+
     QImage m_picture;
+    QRect m_inked; // the picture's place in all that it was drawn on
     QColor m_color;
     int m_diameter = 0;
     QPainter::RenderHints m_hints;

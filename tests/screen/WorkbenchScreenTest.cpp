@@ -60,6 +60,79 @@ private Q_SLOTS:
         QVERIFY(Screen::stands(shaft));
     }
 
+    /// What a real click opens comes to the screen, and Escape closes it. (Colour grid and dialog,
+    /// and what STOP has to get through, have tests of their own.)
+    void opensByClick_data()
+    {
+        QTest::addColumn<QString>("page");
+        QTest::addColumn<QString>("widget");
+        QTest::addColumn<bool>("isRight");
+        QTest::addColumn<QString>("keys"); // typed into what opens first
+        QTest::addColumn<QByteArray>("opened");
+        QTest::addColumn<bool>("isManaged");
+        const struct {
+            const char* page;
+            const char* widget;
+            bool isRight;
+            const char* keys;
+            const char* opened;
+        } rows[] = {{"graph", "graphicsView", true, "", "QMenu"},
+                    {"graph", "graphicsView", true, "Up Return", "GraphSelector"},
+                    {"graph", "cbLog", false, "", "QFileDialog"},
+                    {"registers", "btnOpen", false, "", "QFileDialog"},
+                    {"console", "cbCommand", false, "", "QComboBoxPrivateContainer"},
+                    {"motion", "sbTargetVelocity", true, "", "QMenu"}};
+        for (const auto& row : rows) {
+            for (bool isManaged : {false, true})
+                QTest::addRow("%s %s%s", row.page, row.opened, isManaged ? ", managed" : "")
+                    << row.page << row.widget << row.isRight << row.keys << QByteArray(row.opened)
+                    << isManaged;
+        }
+    }
+    void opensByClick()
+    {
+        QFETCH(QString, page);
+        QFETCH(QString, widget);
+        QFETCH(QString, keys);
+        QFETCH(QByteArray, opened);
+        QFETCH(bool, isManaged);
+        const Screen::WindowManager manager(isManaged);
+        ShownBench shown(page);
+        if (page == "graph")
+            Screen::click(User::find<QPushButton>(&shown.bench, "btnHideController"));
+        auto* clicked = User::find<QWidget>(User::find<QWidget>(&shown.bench, page), widget);
+        Screen::pass(500);
+        const QImage before = Screen::picture();
+        QByteArray seen;
+        bool isOnScreen = false;
+        const auto look = [&](QWidget* open) {
+            seen = open->metaObject()->className();
+            isOnScreen = Screen::waitFor([&] {
+                const QRect place(open->mapToGlobal(QPoint()), open->size());
+                return before.rect().contains(place) &&
+                       Screen::picture(place) != before.copy(place);
+            });
+            for (int i = 0; i < 5 && open->isVisible(); ++i)
+                Screen::key("Escape");
+        };
+        Screen::onceOpen([&](QWidget* open) {
+            if (keys.isEmpty()) {
+                look(open);
+                return;
+            }
+            Screen::meanwhile([&] { Screen::onceOpen([&](QWidget* next) { look(next); }); }, 500);
+            for (const QString& key : keys.split(' '))
+                Screen::key(key);
+        });
+        QFETCH(bool, isRight);
+        Screen::click(clicked, isRight ? Qt::RightButton : Qt::LeftButton);
+        QVERIFY(Screen::waitFor([&] { return isOnScreen; }, 20000));
+        QCOMPARE(seen, opened);
+        QVERIFY(Screen::waitFor([] {
+            return !QApplication::activePopupWidget() && !QApplication::activeModalWidget();
+        }));
+    }
+
     void pagesTurnByKey()
     {
         ShownBench shown("markers");

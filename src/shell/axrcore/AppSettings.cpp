@@ -61,8 +61,9 @@ QPointer<Births> births;
 
 void watchBirths()
 {
-    births = new Births(qApp);
-    qApp->installEventFilter(births);
+    QCoreApplication* application = QCoreApplication::instance(); // also one without widgets
+    births = new Births(application);
+    application->installEventFilter(births);
 }
 Q_COREAPP_STARTUP_FUNCTION(watchBirths)
 
