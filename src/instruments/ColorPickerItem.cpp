@@ -57,8 +57,9 @@ void ColorPickerItem::paintEvent(QPaintEvent*)
     if (m_color.isValid())
         painter.fillRect(4, 4, w - 4, h - 4, m_color);
     if (hasFocus()) {
-        painter.drawRect(0, 0, w - 1, h - 1);
         painter.setPen(contrastTo(palette().color(QPalette::Window))); // black may not be seen
         painter.drawRect(2, 2, w - 2, h - 2);
+        painter.setPen(Qt::black);
+        painter.drawRect(0, 0, w - 1, h - 1);
     }
 }

@@ -14,14 +14,17 @@ int iconWidth(const QStyleOptionViewItem& item)
     return qMax(0, item.icon.actualSize(item.decorationSize).width());
 }
 
-/// Beside the icon.
+/// In the width of the item; where it would not all be seen beside the icon then, in what is left.
 void layOut(QTextDocument& document, const QStyleOptionViewItem& item)
 {
     document.setDocumentMargin(0);
     document.setDefaultTextOption(QTextOption(Qt::AlignCenter));
     document.setDefaultFont(item.font);
     document.setHtml(item.text);
-    document.setTextWidth(qMax(0, item.rect.width() - iconWidth(item)));
+    const int width = item.rect.width();
+    document.setTextWidth(width);
+    if (document.idealWidth() > width - 2 * iconWidth(item)) // its right half moves by the icon
+        document.setTextWidth(qMax(0, width - iconWidth(item)));
 }
 
 void centreVertically(QTextDocument& document, int height)

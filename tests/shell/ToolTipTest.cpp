@@ -189,6 +189,8 @@ private Q_SLOTS:
         QPixmap icon(16, 16);
         icon.fill(Qt::white);
         model.setData(model.index(0, 0), icon, Qt::DecorationRole);
+        const QRect moved = inkOf(QStyle::State_Enabled).value("blue"); // there is room
+        QCOMPARE(moved.center().x(), blue.center().x() + 16);
         QVERIFY(delegate.sizeHint(option, model.index(0, 0)).width() >= hint.width() + 16);
         option.rect.setWidth(hint.width() + 16 + 8);
         const QRect beside = inkOf(QStyle::State_Enabled).value("blue");
