@@ -73,5 +73,5 @@ build() {
 
 # Runs a command under a virtual X display, whatever display there is: tests must not depend on it.
 virtual_display() {
-    xvfb-run -a -s '-screen 0 1600x1200x24 +extension GLX' "$@"
+    xvfb-run -a -s '-screen 0 1920x1200x24 +extension GLX' "$@"
 }

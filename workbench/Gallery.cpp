@@ -14,6 +14,7 @@
 namespace
 {
 
+constexpr int LiveTime = 1000; // ms
 const QColor themeBackground(0x00, 0x4D, 0xB9);
 
 /// One way in which everything is photographed.
@@ -68,17 +69,20 @@ public:
         widget->show();
         MainAppStyle::setIconsToTextColor(widget);
     }
-    QImage photograph(bool isEnabled, void (*prepare)(QWidget*))
+    QImage photograph(bool isEnabled, const GalleryWidget& what)
     {
         m_widget->setEnabled(isEnabled);
+        move(0, 0);
         show();
         QApplication::processEvents(); // sizes follow the fonts
         m_layout->invalidate();
         const QMargins margins = m_layout->contentsMargins();
         resize(m_layout->totalSizeHint().expandedTo(m_wanted.grownBy(margins)));
         QApplication::processEvents();
-        if (prepare)
-            prepare(m_widget);
+        if (what.prepare)
+            what.prepare(m_widget);
+        if (what.isLive)
+            ScreenPicture::run(LiveTime);
         return ScreenPicture::of(this);
     }
     void clear()
@@ -94,6 +98,16 @@ private:
     QWidget* m_widget = nullptr;
     QSize m_wanted;
 };
+
+/// Whether the picture is what it should be, as far as colours tell.
+bool shows(const QImage& picture, const GalleryWidget& widget)
+{
+    const QList<QColor> colours = widget.isLive ? galleryColours() : QList<QColor>();
+    return !ScreenPicture::isEmpty(picture) &&
+           std::all_of(colours.begin(), colours.end(), [&picture](const QColor& colour) {
+               return ScreenPicture::has(picture, picture.rect(), colour);
+           });
+}
 
 QString page(const QList<GalleryWidget>& widgets, int sizes)
 {
@@ -139,12 +153,11 @@ bool Gallery::write() const
                     if (look.isThemed != isThemed)
                         continue;
                     const QString file = look.fileName(QString::fromLatin1(widget.name), size);
-                    const QImage picture = stage.photograph(look.isEnabled, widget.prepare);
-                    if (ScreenPicture::isEmpty(picture) ||
-                        !picture.save(folder.filePath(file), "PNG")) {
+                    const QImage picture = stage.photograph(look.isEnabled, widget);
+                    if (!shows(picture, widget) || !picture.save(folder.filePath(file), "PNG")) {
                         QTextStream(stderr) << "axrworkbench: " << file
-                                            << " is empty, not on the screen as a whole or cannot "
-                                               "be written"
+                                            << " is empty or without its curves, not on the "
+                                               "screen as a whole, or cannot be written"
                                             << Qt::endl;
                         isFine = false;
                     }

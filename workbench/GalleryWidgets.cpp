@@ -254,6 +254,14 @@ QWidget* markers() { return new MarkersPage; }
 
 } // namespace
 
+QList<QColor> galleryColours()
+{
+    QList<QColor> colours;
+    for (const auto& curve : curves)
+        colours << QColor(curve.color);
+    return colours;
+}
+
 const QList<GalleryWidget>& galleryWidgets()
 {
     static const QList<GalleryWidget> widgets = {
@@ -270,12 +278,12 @@ const QList<GalleryWidget>& galleryWidgets()
         {"WDirectMode", plain<WDirectMode>},
         {"TraceController", plain<TraceController>},
         {"WTraceController", plain<WTraceController>},
-        {"ValueOverTimeGraph", valueOverTimeGraph, drawCurves},
+        {"ValueOverTimeGraph", valueOverTimeGraph, drawCurves, true},
         {"GraphController", plain<GraphController>},
         {"GraphSelector", graphSelector},
-        {"DrawerArea", drawer<DrawerArea>},
-        {"SimpleDrawer", drawer<SimpleDrawer>},
-        {"SimpleScaledDrawer", drawer<SimpleScaledDrawer>},
+        {"DrawerArea", drawer<DrawerArea>, nullptr, true},
+        {"SimpleDrawer", drawer<SimpleDrawer>, nullptr, true},
+        {"SimpleScaledDrawer", drawer<SimpleScaledDrawer>, nullptr, true},
         {"SimpleScaledGraphController", plain<SimpleScaledGraphController>},
         {"ChartSelector", chartSelector},
         {"WRamDebug", plain<WRamDebug>},

@@ -1,6 +1,7 @@
 #ifndef GALLERYWIDGETS_H
 #define GALLERYWIDGETS_H
 
+#include <QColor>
 #include <QList>
 
 class QWidget;
@@ -10,7 +11,11 @@ struct GalleryWidget {
     const char* name;
     QWidget* (*make)();                  ///< The caller owns it.
     void (*prepare)(QWidget*) = nullptr; ///< When it is shown in its final size.
+    bool isLive = false; ///< Draws by itself: its picture, a second later, shows galleryColours().
 };
+
+/// Those of the curves that live widgets draw.
+QList<QColor> galleryColours();
 
 /// Every widget class, in the order in which they are shown. A new class gets its line here.
 const QList<GalleryWidget>& galleryWidgets();

@@ -18,13 +18,6 @@ constexpr int ShownWithin = 5000; // ms
 constexpr int PaintTime = 60;     // ms
 constexpr int Likeness = 40;      // of each part of a colour, for what is antialiased
 
-void run(int milliseconds)
-{
-    QEventLoop loop;
-    QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);
-    loop.exec();
-}
-
 bool isAlike(QRgb a, QRgb b)
 {
     return qAbs(qRed(a) - qRed(b)) <= Likeness && qAbs(qGreen(a) - qGreen(b)) <= Likeness &&
@@ -32,6 +25,13 @@ bool isAlike(QRgb a, QRgb b)
 }
 
 } // namespace
+
+void ScreenPicture::run(int milliseconds)
+{
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    loop.exec();
+}
 
 QImage ScreenPicture::of(const QWidget* widget)
 {

@@ -10,6 +10,9 @@ class QWidget;
 namespace ScreenPicture
 {
 
+/// Lets the event loop run.
+void run(int milliseconds);
+
 /// Lets the event loop run until what was to be painted is on the screen, and photographs the
 /// widget. Null when it is not shown, or does not lie on the screen as a whole.
 QImage of(const QWidget* widget);

@@ -10,7 +10,7 @@ int FieldText::digitsIn(const QString& text)
     return static_cast<int>(std::count_if(text.begin(), text.end(), isDigit));
 }
 
-int FieldText::start() const { return prefix.size(); }
+int FieldText::start() const { return text.startsWith(prefix) ? prefix.size() : 0; }
 
 int FieldText::end() const
 {

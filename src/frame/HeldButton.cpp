@@ -1,7 +1,7 @@
 #include "HeldButton.h"
 
 #include <QAbstractButton>
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QTimerEvent>
@@ -88,11 +88,14 @@ bool HeldButton::eventFilter(QObject* watched, QEvent* event)
     return isSecondPress || !receiver;
 }
 
-/// Whether a key is, or may turn out to be, half of a repeat that the window system's plugin did
-/// not recognise because it looked for the press too early.
+/// Whether a key is, or may turn out to be, half of a repeat that the plugin for X11 did not
+/// recognise because it looked for the press before the server's second event was read. Nobody else
+/// sends such halves, and nothing public of Qt's widgets lets one look again: so a key from an X
+/// server waits, and any other counts at once.
 bool HeldButton::isRepeat(const QKeyEvent& key)
 {
-    if (key.timestamp() == 0) // not of the window system
+    static const bool isX11 = QGuiApplication::platformName() == QLatin1String("xcb");
+    if (!isX11 || key.nativeScanCode() == 0) // made by the program
         return false;
     if (key.type() == QEvent::KeyPress) {
         if (key.timestamp() != m_keyUpAt)

@@ -22,8 +22,9 @@ class QKeyEvent;
 /// button with the pointer's button down does not press it again. A pointer that only strays off
 /// the button and comes back does, as on any other button.
 ///
-/// The automatic repeat of a held key is no press. Some of them reach the program as a release and
-/// a press of the same moment, and so the release of a key counts 5 ms later.
+/// The automatic repeat of a held key is no press. From an X server some of them reach the program
+/// as a release and a press of the same moment, and so the release of a real key counts 5 ms later
+/// there. Any other release counts at once.
 ///
 /// Not a widget. The panel declares it as its last member: one that is held stops while it is
 /// destroyed, when the rest of the panel is still there to send. A host whose slot belongs to a

@@ -79,10 +79,9 @@ SpinBox::SpinBox(QWidget* parent, QFlags<SpinBox::Option> options)
     setKeyboardTracking(false);
     m_face = new FieldFace(
         this, [this] { return shown().number(); }, [this] { return entrySign(); });
-    connect(lineEdit(), &QLineEdit::textEdited, this, [this] {
-        m_touched = true;
-        followNumber();
-    });
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this] { m_touched = true; });
+    // Behind the base class, which reads the text that it is told, suffix and all.
+    connect(lineEdit(), &QLineEdit::textChanged, this, &SpinBox::followNumber);
     WheelFocus::guard(this);
     if (has(ChangedOnEnter))
         blockSignals(true);
@@ -638,7 +637,10 @@ void SpinBox::keyPressEvent(QKeyEvent* event)
     }
     if (isReadOnly() || special || !qobject_cast<const DoubleValidator*>(edit->validator()) ||
         !(deletes || isTyped(event))) {
+        const QPointer<SpinBox> self(this);
         QDoubleSpinBox::keyPressEvent(event);
+        if (self)
+            followNumber(); // Return on no number shows the value again
         return;
     }
     confineToNumber();

@@ -138,7 +138,7 @@ void DrawerArea::draw(QPainter* painter)
     painter->setFont(DrawerFrame::smallFont(painter->font()));
     const QFontMetrics metrics = painter->fontMetrics();
     const DrawerGeometry geometry(size(), metrics.height(), m_minValue, m_maxValue);
-    emit changedChartWidth(geometry.columns());
+    emit changedChartWidth(geometry.plotWidth());
 
     clipToDevice(painter);
     DrawerFrame::drawGround(painter, geometry);

@@ -83,7 +83,8 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// In dynamic scaling, at the end of a paint that found another range; the next one draws it.
     void scaleChanged(int minValue, int maxValue);
-    /// At the start of each paint: how many columns there are, not less than 0.
+    /// At the start of each paint: how many columns there are; less than 0 in an area that is too
+    /// narrow for any.
     void changedChartWidth(int width);
 
 protected:

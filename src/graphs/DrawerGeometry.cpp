@@ -27,8 +27,6 @@ DrawerGeometry::DrawerGeometry(const QSize& size, int fontHeight, int minimum, i
 {
 }
 
-int DrawerGeometry::columns() const { return qMax(0, right - 119); }
-
 double DrawerGeometry::tickValue(int tick) const
 {
     return static_cast<double>(static_cast<float>(minValue) + static_cast<float>(tick) * step);

@@ -20,8 +20,10 @@ struct DrawerGeometry {
     DrawerGeometry(const QSize& size, int fontHeight, int minimum, int maximum);
 
     bool hasPlot() const { return plotHeight > 0; }
-    /// How many samples fit beside each other; none when the widget is too narrow.
-    int columns() const;
+    /// Of the plot; less than 0 when the widget is too narrow for one.
+    int plotWidth() const { return right - 119; }
+    /// How many samples fit beside each other.
+    int columns() const { return qMax(0, plotWidth()); }
     double tickValue(int tick) const;
     int tickY(int tick) const;
     /// The tick whose label is there, or -1.

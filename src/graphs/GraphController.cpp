@@ -1,6 +1,7 @@
 #include "GraphController.h"
 
 #include "AppSettings.h"
+#include "FocusPair_p.h"
 #include "WheelFocus.h"
 #include "ui_GraphController.h"
 
@@ -140,6 +141,7 @@ void GraphController::on_sbMax_valueChanged(int value)
 
 void GraphController::showRunning(bool running)
 {
+    const FocusPair focus(m_ui->btnStart, m_ui->btnStop);
     m_ui->btnStart->setEnabled(!running);
     m_ui->btnStop->setEnabled(running);
 }

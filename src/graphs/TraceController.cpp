@@ -1,5 +1,6 @@
 #include "TraceController.h"
 
+#include "FocusPair_p.h"
 #include "TraceCommand.h"
 #include "TraceList_p.h"
 #include "WheelFocus.h"
@@ -95,6 +96,7 @@ void TraceController::requestTraceValue()
 
 void TraceController::showPolling(bool polling)
 {
+    const FocusPair focus(m_ui->btnStart, m_ui->btnStop);
     m_ui->btnStart->setEnabled(!polling);
     m_ui->btnStop->setEnabled(polling);
 }

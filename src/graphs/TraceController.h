@@ -57,8 +57,9 @@ public:
     QList<TraceCommand*>* getTraceCommands();
 
 Q_SIGNALS:
-    /// In ms. A running timer has the new interval already. It may come from within the box that
-    /// the user edits, so the controller must not be deleted in it; use deleteLater().
+    /// In ms; what is typed counts when the entry ends. A running timer has the new interval
+    /// already. It may come from within the box that the user edits, so the controller must not be
+    /// deleted in it; use deleteLater().
     void delayChanged(int delay);
     /// One for each tick; none while the list is empty. The host may change the list inside the
     /// emission, and may delete the controller.

@@ -1,5 +1,6 @@
 #include "WTraceController.h"
 
+#include "FocusPair_p.h"
 #include "TraceCommand.h"
 #include "TraceList_p.h"
 #include "WheelFocus.h"
@@ -93,6 +94,7 @@ void WTraceController::requestTraceValue()
 
 void WTraceController::showPolling(bool polling)
 {
+    const FocusPair focus(m_ui->btnStart, m_ui->btnStop);
     m_ui->btnStart->setEnabled(!polling);
     m_ui->btnStop->setEnabled(polling);
 }

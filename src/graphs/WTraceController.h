@@ -66,8 +66,9 @@ Q_SIGNALS:
     /// the list or the state, and may delete the controller.
     void start();
     void stop();
-    /// In ms. A running timer has the new interval already. It may come from within the box that
-    /// the user edits, so the controller must not be deleted in it; use deleteLater().
+    /// In ms; what is typed counts when the entry ends. A running timer has the new interval
+    /// already. It may come from within the box that the user edits, so the controller must not be
+    /// deleted in it; use deleteLater().
     void delayChanged(int delay);
     /// One for each tick; none while the list is empty.
     void requestTraceCommand(TraceCommand* traceCommand);

@@ -1,5 +1,6 @@
 #include "WDirectMode.h"
 
+#include "FieldFace_p.h"
 #include "Instruction.h"
 #include "RoomForText_p.h"
 #include "ShowsOnly_p.h"
@@ -15,6 +16,8 @@ WDirectMode::WDirectMode(QWidget* parent)
     for (QSpinBox* field : {m_ui->sbRequestAddress, m_ui->sbReplyAddress, m_ui->sbReplyCommand,
                             m_ui->sbReplyType, m_ui->sbReplyMotorBank, m_ui->sbReplyValue})
         new ShowsOnly(field);
+    for (QSpinBox* field : {m_ui->sbRequestValue, m_ui->sbReplyValue})
+        FieldFace::of(field); // narrows what has no room
     for (const InstructionName& entry : InstructionNames) {
         const int number = static_cast<int>(entry.instruction);
         m_ui->cbCommand->addItem(
@@ -64,4 +67,5 @@ void WDirectMode::showReply(char address, char command, char status, char motorB
     show(m_ui->sbReplyType, u8(status));
     show(m_ui->sbReplyMotorBank, u8(motorBank));
     show(m_ui->sbReplyValue, value);
+    FieldFace::of(m_ui->sbReplyValue)->tell(value);
 }

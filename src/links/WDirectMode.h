@@ -36,7 +36,7 @@ public Q_SLOTS:
     void on_btnSend_clicked();
 
     /// The host's direct answer: shown without any test, and the request stays pending. `type` is
-    /// not shown, its field holds the status. A value below -2147483647 shows as that.
+    /// not shown, its field holds the status. -2147483648 shows as -2147483647 behind a sign.
     void requestResult(char address, char command, char type, char status, char motorBank,
                        int value);
 

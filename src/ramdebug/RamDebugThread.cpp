@@ -341,7 +341,7 @@ void RamDebugThread::driveBack()
     if (m_now.targetMode >= NoTarget)
         return;
     send(positionCommand(m_startPosition));
-    if (m_wasSent)
+    if (m_wasSent || !m_shared->isAborted) // a host that was not there then does not get it later
         setWayBack(std::nullopt);
 }
 

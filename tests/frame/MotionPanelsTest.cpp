@@ -309,6 +309,19 @@ private Q_SLOTS:
         }
     }
 
+    void keyThatIsLetGoStopsAtOnce()
+    {
+        VelocityControl panel;
+        User::find<QPushButton>(&panel, "btnJogLeft")->setFocus();
+        panel.show();
+        CommandRecorder sent(&panel);
+        for (int i = 0; i < 3; ++i) { // within one and the same millisecond
+            QTest::keyPress(panel.windowHandle(), Qt::Key_Space);
+            QTest::keyRelease(panel.windowHandle(), Qt::Key_Space);
+            QCOMPARE(sent.takeLines(), (QStringList{"1 2 0 0 0", "1 3 0 0 0"}));
+        }
+    }
+
     void jogStopsTheAxisThatItStarted()
     {
         CurrentControl panel;

@@ -222,6 +222,22 @@ private Q_SLOTS:
             box.setValue(30);
             QCOMPARE(box.suffix(), QString(" of the host"));
         }
+
+        TextBox tracking; // lets the number out while it is typed
+        Parameter half = velocity();
+        half.factor = 0.5;
+        tracking.setUnitParameter(half, false, 10, 0);
+        tracking.setKeyboardTracking(true);
+        Listener listener(&tracking);
+        tracking.selectAll();
+        User::type(&tracking, "66");
+        QCOMPARE(listener.take().filter("int"), QStringList({"int 6", "int 66"}));
+        QCOMPARE(tracking.text(), QString("66 [33.00 rpm]"));
+        tracking.setKeyboardTracking(false);
+        User::type(&tracking, "6");
+        QTest::keyClick(&tracking, Qt::Key_Backspace, Qt::ControlModifier);
+        QTest::keyClick(&tracking, Qt::Key_Return);
+        QCOMPARE(tracking.text(), QString("66 [33.00 rpm]"));
     }
 
     void replyEndsTyping()
@@ -274,6 +290,15 @@ private Q_SLOTS:
             QTest::keyClick(&box, Qt::Key_Return);
             QCOMPARE(listener.take().value(1), QString("int 500"));
         }
+
+        TextBox prefixed;
+        prefixed.setFlags(confirm);
+        prefixed.setPrefix("~");
+        prefixed.setRange(0, 1000);
+        prefixed.setFactor(0.5);
+        QTest::keyClick(&prefixed, Qt::Key_Home, Qt::ControlModifier);
+        QTest::keyClick(&prefixed, Qt::Key_Return);
+        QCOMPARE(prefixed.edit()->text(), QString("2,000"));
     }
 
     void signsSayWhatColoursDoNot()

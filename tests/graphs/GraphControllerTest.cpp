@@ -115,6 +115,13 @@ private Q_SLOTS:
             QCOMPARE(host.take(), QString(row.emitted));
             QCOMPARE(shown(panel), QString(row.shown));
         }
+        panel.show();
+        button(panel, "btnStop")->setFocus();
+        for (const char* next : {"btnStart", "btnStop"}) {
+            QTest::keyClick(panel.focusWidget(), Qt::Key_Space);
+            QCOMPARE(panel.focusWidget(), button(panel, next));
+        }
+        host.take();
         panel.rejectLogging();
         panel.rejectLogging();
         QCOMPARE(host.take(), QString("log 0"));

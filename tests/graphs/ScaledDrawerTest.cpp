@@ -205,6 +205,8 @@ private Q_SLOTS:
         shown.area.doDynamicScaling();
         shown.area.clearValues();
         QCOMPARE(shown.paintAndTell(), QString("200 -100..100"));
+        shown.area.resize(100, 100); // no room for a column
+        QCOMPARE(shown.paintAndTell(), QString("-20"));
         shown.area.removeChart(1, 0, 6, 1);
         QCOMPARE(*shown.area.getCharts(), QList<Chart*>({&hidden}));
     }

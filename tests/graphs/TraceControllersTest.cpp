@@ -111,6 +111,26 @@ void checkTurns(const QString& besides)
     QCOMPARE(ticks(2), expected("bb"));
 }
 
+/// Space goes from one button of the pair to the other; a delay that is typed counts when it ends.
+template <class Controller>
+void checkHands()
+{
+    Controller controller;
+    Host host(controller);
+    controller.show();
+    button(controller, "btnStart")->setFocus();
+    for (const char* next : {"btnStop", "btnStart"}) {
+        QTest::keyClick(controller.focusWidget(), Qt::Key_Space);
+        QCOMPARE(controller.focusWidget(), button(controller, next));
+    }
+    host.take();
+    delay(controller)->selectAll();
+    User::type(delay(controller), "500");
+    QCOMPARE(host.take(), QString());
+    QTest::keyClick(delay(controller), Qt::Key_Return);
+    QCOMPARE(host.take(), QString("delay 500"));
+}
+
 } // namespace
 
 class TraceControllersTest : public TestCase
@@ -121,6 +141,12 @@ private Q_SLOTS:
     {
         checkTurns<TraceController>(QString());
         checkTurns<WTraceController>("pdo");
+    }
+
+    void hands()
+    {
+        checkHands<TraceController>();
+        checkHands<WTraceController>();
     }
 
     void looks()

@@ -1,4 +1,5 @@
 #include "Bytes.h"
+#include "FieldFace_p.h"
 #include "TestCase.h"
 #include "User.h"
 #include "WDirectMode.h"
@@ -78,6 +79,13 @@ private Q_SLOTS:
         // a direct result is shown without having been asked for
         console.requestResult(toByte(250), toByte(142), toByte(17), toByte(129), toByte(3), -5);
         QCOMPARE(shown(console), QString("250 142 129 3 -5"));
+
+        // the one value that the field cannot show has a sign in front, the next one has none
+        const FieldFace* face = FieldFace::in(User::find<QSpinBox>(&console, "sbReplyValue"));
+        for (const int below : {1, 0}) {
+            console.requestResult(1, 6, 0, 100, 0, -2147483647 - below);
+            QCOMPARE(face->sign(), below ? FieldSign::Less : FieldSign::None);
+        }
     }
 
     void oneReplyToTheLastRequest()

@@ -101,6 +101,7 @@ private Q_SLOTS:
         QVERIFY(panel.isMeasuring());
         panel.abort();
         QVERIFY(Screen::waitFor([&] { return !panel.isMeasuring() && !hasSign(); }));
+        QVERIFY(start->hasFocus());
     }
 };
 

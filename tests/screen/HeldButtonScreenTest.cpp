@@ -139,6 +139,7 @@ private Q_SLOTS:
         Screen::moveTo(jog.button);
         jog.button->setFocus();
         jog.press();
+        Screen::waitFor([&] { return !jog.sent.commands().isEmpty(); });
         QCOMPARE(jog.sent.takeLines(), started);
         rows[row].gesture(jog);
         QVERIFY(Screen::waitFor([&] { return !jog.sent.commands().isEmpty(); }));

@@ -10,6 +10,7 @@
 #include "Global.h"
 #include "Instruction.h"
 #include "RampMove.h"
+#include "StopGuard.h"
 #include "Workbench.h"
 #include "XHands.h"
 
@@ -130,6 +131,8 @@ public:
         , m_isVerbose(isVerbose)
     {
         connect(&bench.link(), &ModuleLink::sent, this, &RandomHands::judge);
+        connect(bench.findChild<StopGuard*>(), &StopGuard::stop, this,
+                [this] { m_isStopHeard = m_isStopping; });
         connect(&m_beat, &QTimer::timeout, this, &RandomHands::step);
         beginRound();
         m_beat.setTimerType(Qt::PreciseTimer);
@@ -462,6 +465,9 @@ private:
 
     void checkStanding()
     {
+        if (!m_isStopHeard)
+            complain(QStringLiteral("STOP was not heard"));
+        m_isStopHeard = false;
         m_isStopping = false;
         SimulatedModule& module = m_bench.link().module();
         for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
@@ -537,6 +543,12 @@ private:
                (move && move->state() != RampMove::State::Idle);
     }
 
+    /// A held jog ends at whatever takes its button away, as a turn of the page.
+    bool isStopOfHeld(const Command& request) const
+    {
+        return (m_heldButton || !m_heldKey.isEmpty()) && request.getValue() == 0;
+    }
+
     void judge(const Command& request)
     {
         if (isRead(request) || carries(request.getCommand(), Instruction::RD) ||
@@ -545,10 +557,13 @@ private:
         ++m_commands;
         if (m_isVerbose)
             QTextStream(stderr) << "    " << requestText(request) << Qt::endl;
-        if (m_isStopping)
+        if (m_isStopHeard)
             complain(QStringLiteral("after STOP: %1").arg(requestText(request)));
+        // Until then the release that went before STOP does its work.
+        else if (m_isStopping)
+            return;
         // The command of a gesture may leave when the next one has begun.
-        else if (!m_now.maySend && !m_before.maySend && !somethingRuns())
+        else if (!m_now.maySend && !m_before.maySend && !isStopOfHeld(request) && !somethingRuns())
             complain(QStringLiteral("sent without a cause: %1").arg(requestText(request)));
     }
 
@@ -575,6 +590,7 @@ private:
     unsigned m_heldButton = 0;
     QByteArray m_heldKey;
     bool m_isStopping = false;
+    bool m_isStopHeard = false;
     bool m_hasRested = false;
     int m_gestures = 0;
     int m_commands = 0;

@@ -274,25 +274,22 @@ Screen::WindowManager::WindowManager(bool isWanted)
 {
     if (!isWanted)
         return;
-    m_process.start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
-    const auto takesWindows = [] { // which it does only some time after it tells that it is there
-        QWindow window;
-        window.resize(20, 20);
-        window.show();
-        return waitFor([&window] { return window.isExposed(); }, 300);
-    };
-    if (!m_process.waitForStarted() || !waitFor([this] { return isThere(); }, 10000) ||
-        !waitFor(takesWindows, 10000))
-        qFatal("no window manager: these tests need openbox");
-    // It says so before it looks after windows; one that comes in between is never shown.
-    QWidget first;
-    for (int tries = 0; tries < 20; ++tries) {
-        first.show();
-        if (waitFor([&] { return first.windowHandle()->isExposed(); }, 500))
-            return;
+    // ends also with a test that crashes
+    m_process.start(QStringLiteral("setpriv"),
+                    {QStringLiteral("--pdeathsig"), QStringLiteral("TERM"),
+                     QStringLiteral("openbox"), QStringLiteral("--sm-disable")});
+    // It tells that it is there before it looks after windows; one shown in between might never
+    // come.
+    QWindow first;
+    first.resize(20, 20);
+    const auto takesWindows = [&first] {
         first.hide();
-    }
-    qFatal("the window manager shows no window");
+        first.show();
+        return waitFor([&first] { return XHands::isManaged(first.winId()); }, 300);
+    };
+    if (!m_process.waitForStarted() || !waitFor([this] { return isThere(); }, 20000) ||
+        !waitFor(takesWindows, 20000))
+        qFatal("no window manager: these tests need openbox");
 }
 
 Screen::WindowManager::~WindowManager()

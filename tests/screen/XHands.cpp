@@ -1,7 +1,6 @@
 #include "XHands.h"
 
 #include <X11/XKBlib.h>
-#include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/extensions/XTest.h>
 
@@ -52,15 +51,19 @@ void XHands::sync() { XSync(display(), False); }
 
 bool XHands::hasWindowManager()
 {
+    return XGetSelectionOwner(display(), XInternAtom(display(), "WM_S0", False)) != None;
+}
+
+bool XHands::isManaged(unsigned long window)
+{
     Atom type = 0;
     int format = 0;
     unsigned long count = 0, rest = 0;
     unsigned char* data = nullptr;
-    const Atom check = XInternAtom(display(), "_NET_SUPPORTING_WM_CHECK", False);
-    const bool isFound =
-        XGetWindowProperty(display(), DefaultRootWindow(display()), check, 0, 1, False, XA_WINDOW,
-                           &type, &format, &count, &rest, &data) == Success &&
-        count == 1;
+    const Atom state = XInternAtom(display(), "WM_STATE", False);
+    const bool isFound = XGetWindowProperty(display(), window, state, 0, 1, False, AnyPropertyType,
+                                            &type, &format, &count, &rest, &data) == Success &&
+                         count == 1;
     if (data)
         XFree(data);
     return isFound;

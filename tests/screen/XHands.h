@@ -20,6 +20,8 @@ unsigned codeOf(char character, bool* isShifted);
 /// Waits until the display has taken what was sent.
 void sync();
 bool hasWindowManager();
+/// Whether the window manager has taken this window into its care.
+bool isManaged(unsigned long window);
 
 } // namespace XHands
 
