@@ -122,8 +122,10 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
+        if (event->type() == QEvent::Show || event->type() == QEvent::StyleChange)
+            QTimer::singleShot(0, m_panel, [this] { foldIfTooWide(); }); // once all in it has heard
         if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Resize)
-            fold(widthOfOneRow() > m_panel->contentsRect().width());
+            foldIfTooWide();
         return QObject::eventFilter(watched, event);
     }
 
@@ -148,6 +150,8 @@ private:
         m_panel->layout()->getContentsMargins(&left, nullptr, &right, nullptr);
         return width + left + right;
     }
+
+    void foldIfTooWide() { fold(widthOfOneRow() > m_panel->contentsRect().width()); }
 
     void fold(bool on)
     {

@@ -4,6 +4,7 @@
 #include "RoomForText_p.h"
 
 #include <QFontMetrics>
+#include <QTimer>
 #include <QVector>
 
 #include <functional>
@@ -25,6 +26,8 @@ public:
                                   caption->fontMetrics().horizontalAdvance(caption->text());
                 return frame + wide.horizontalAdvance(caption->text()) > room;
             };
+        m_later.setSingleShot(true);
+        connect(&m_later, &QTimer::timeout, this, &CondensedText::condense);
         panel->installEventFilter(this);
     }
 
@@ -32,8 +35,12 @@ public:
     {
         const auto follow = {QEvent::LayoutRequest, QEvent::FontChange, QEvent::StyleChange,
                              QEvent::Polish};
-        if (std::find(follow.begin(), follow.end(), event->type()) != follow.end())
-            condense();
+        if (std::find(follow.begin(), follow.end(), event->type()) != follow.end()) {
+            if (m_panel->window() == windowBetweenLooks())
+                m_later.start();
+            else
+                condense();
+        }
         return QObject::eventFilter(watched, event);
     }
 
@@ -57,6 +64,7 @@ private:
             each->setFont(font);
     }
 
+    QTimer m_later;
     QWidget* m_panel;
     QWidgetList m_contents;
     bool m_isCondensed = false;

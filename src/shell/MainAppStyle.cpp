@@ -292,18 +292,26 @@ QString MainAppStyle::setMainStyle(bool on, const QString& extraSheet, const QCo
 
     const QPointer<MainAppStyle> self(this); // a host may end it in any of what follows
     const QColor before = QApplication::palette().color(QPalette::Text);
-    const QString result = setMainStyleSheet(target());
+    // With a sheet on the window, a new base style would polish all that is in it once for each
+    // widget in it.
+    windowBetweenLooks() = target()->window();
+    target()->setStyleSheet(QString());
     if (!self)
-        return result; // its end gave the application its own look back
+        return QString(); // its end cleared it too, and gave the application its own look back
     if (on) {
         SetAppStyle(extraSheet, background);
     } else {
-        qApp->setStyleSheet(offSheet + extraSheet);
+        qApp->setStyleSheet(QString());
         QApplication::setPalette(offPalette);
         setBaseStyle(offStyle);
-        if (self)
-            target()->setStyleSheet(windowFontSheet());
+        qApp->setStyleSheet(offSheet + extraSheet);
     }
+    QString result;
+    if (self)
+        result = setMainStyleSheet(target());
+    if (self && !on)
+        target()->setStyleSheet(windowFontSheet());
+    windowBetweenLooks() = nullptr;
     const QColor now = QApplication::palette().color(QPalette::Text);
     if (self)
         followPalette(target());
@@ -342,6 +350,7 @@ void MainAppStyle::SetAppStyle(const QString& extraSheet, const QColor& backgrou
                                Qt::WindowFlags flags)
 {
     Q_UNUSED(flags)
+    qApp->setStyleSheet(QString()); // or all is polished once more, under the old rules
     setBaseStyle(QStringLiteral("cleanlooks"));
     const QPalette palette = mainPalette(background);
     QApplication::setPalette(palette);
