@@ -30,6 +30,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -275,7 +276,8 @@ void Workbench::fitToFont(const QString& sizeSheet)
 
 void Workbench::restoreWindow(const QString& page)
 {
-    resize(1290, 760);
+    constexpr QSize frame(16, 48); // of a window manager
+    resize(QSize(1290, 760).boundedTo(QGuiApplication::primaryScreen()->availableSize() - frame));
     QString wanted = page;
     if (!m_unattended) {
         AppSettings settings;

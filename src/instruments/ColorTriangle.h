@@ -17,7 +17,8 @@ struct ColorTriangleGeometry;
 ///
 /// Keys: Left and Right change the hue by 1, Up and Down the value by 5, with Shift the saturation
 /// by 5. Hues go from 0 to 359, and the step over the seam skips one of them: Left leads from 0 to
-/// 358, Right from 359 to 1. What is chosen is opaque. The default colour is hue 76, saturation 184, value 206. Too small a widget shows nothing.
+/// 358, Right from 359 to 1. What is chosen is opaque. The default colour is hue 76, saturation
+/// 184, value 206. Too small a widget shows nothing.
 class AXRGUI_EXPORT ColorTriangle : public QWidget
 {
     Q_OBJECT

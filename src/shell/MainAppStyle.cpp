@@ -19,6 +19,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QSignalBlocker>
 #include <QStyle>
 #include <QTabWidget>
@@ -292,12 +293,19 @@ QString MainAppStyle::setMainStyle(bool on, const QString& extraSheet, const QCo
 
     const QPointer<MainAppStyle> self(this); // a host may end it in any of what follows
     const QColor before = QApplication::palette().color(QPalette::Text);
+    const QString result = setMainStyleSheet(target());
     // With a sheet on the window, a new base style would polish all that is in it once for each
-    // widget in it.
-    windowBetweenLooks() = target()->window();
-    target()->setStyleSheet(QString());
+    // widget in it; so the sheet is off meanwhile.
+    QString sheet = windowFontSheet();
+    if (self) {
+        if (on)
+            sheet = target()->styleSheet();
+        windowBetweenLooks() = target()->window();
+        target()->setStyleSheet(QString());
+    }
+    const auto isDressed = qScopeGuard([] { windowBetweenLooks() = nullptr; });
     if (!self)
-        return QString(); // its end cleared it too, and gave the application its own look back
+        return result; // its end gave the application its own look back
     if (on) {
         SetAppStyle(extraSheet, background);
     } else {
@@ -306,12 +314,9 @@ QString MainAppStyle::setMainStyle(bool on, const QString& extraSheet, const QCo
         setBaseStyle(offStyle);
         qApp->setStyleSheet(offSheet + extraSheet);
     }
-    QString result;
     if (self)
-        result = setMainStyleSheet(target());
-    if (self && !on)
-        target()->setStyleSheet(windowFontSheet());
-    windowBetweenLooks() = nullptr;
+        target()->setStyleSheet(sheet);
+    windowBetweenLooks() = nullptr; // before a host hears of the end
     const QColor now = QApplication::palette().color(QPalette::Text);
     if (self)
         followPalette(target());

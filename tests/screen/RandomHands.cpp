@@ -9,6 +9,7 @@
 #include "Connection.h"
 #include "Global.h"
 #include "Instruction.h"
+#include "Page.h"
 #include "RampMove.h"
 #include "StopGuard.h"
 #include "Workbench.h"
@@ -130,7 +131,9 @@ public:
         , m_duration(seconds * 1000)
         , m_isVerbose(isVerbose)
     {
-        connect(&bench.link(), &ModuleLink::sent, this, &RandomHands::judge);
+        connect(&bench.link(), &ModuleLink::sent, this, &RandomHands::judgeSent);
+        for (const Page* page : bench.findChildren<Page*>())
+            connect(page, &Page::command, this, &RandomHands::judgeWanted);
         connect(bench.findChild<StopGuard*>(), &StopGuard::stop, this,
                 [this] { m_isStopHeard = m_isStopping; });
         connect(&m_beat, &QTimer::timeout, this, &RandomHands::step);
@@ -549,21 +552,31 @@ private:
         return (m_heldButton || !m_heldKey.isEmpty()) && request.getValue() == 0;
     }
 
-    void judge(const Command& request)
+    static bool moves(const Command& request)
     {
-        if (isRead(request) || carries(request.getCommand(), Instruction::RD) ||
-            carries(request.getCommand(), Instruction::MST))
+        return !isRead(request) && !carries(request.getCommand(), Instruction::RD) &&
+               !carries(request.getCommand(), Instruction::MST);
+    }
+
+    /// What leaves for the module.
+    void judgeSent(const Command& request)
+    {
+        if (!moves(request))
             return;
         ++m_commands;
         if (m_isVerbose)
             QTextStream(stderr) << "    " << requestText(request) << Qt::endl;
         if (m_isStopHeard)
             complain(QStringLiteral("after STOP: %1").arg(requestText(request)));
-        // Until then the release that went before STOP does its work.
-        else if (m_isStopping)
-            return;
-        // The command of a gesture may leave when the next one has begun.
-        else if (!m_now.maySend && !m_before.maySend && !isStopOfHeld(request) && !somethingRuns())
+    }
+
+    /// What a page wants to be sent; it may wait for its turn until the next gestures.
+    void judgeWanted(const Command& request)
+    {
+        // The release that goes before STOP does its work. What a gesture brings about may come
+        // when the next one has begun.
+        if (moves(request) && !m_isStopping && !m_now.maySend && !m_before.maySend &&
+            !isStopOfHeld(request) && !somethingRuns())
             complain(QStringLiteral("sent without a cause: %1").arg(requestText(request)));
     }
 
