@@ -7,6 +7,7 @@
 #include "ParameterTable.h"
 #include "WRamDebug.h"
 
+#include <QGridLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -29,7 +30,10 @@ CapturePage::CapturePage(ModuleLink& link)
     , m_start(m_panel->findChild<QPushButton*>(QStringLiteral("btnStart")))
 {
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(Fitting::scrolled(m_panel), 1); // the row of fields is wide
+    layout->addWidget(Fitting::scrolled(m_panel), 1);
+    constexpr int Trigger = 4; // column of the row of fields, which is wide
+    Fitting::foldRow(m_panel, m_panel->findChild<QGridLayout*>(QStringLiteral("gridLayout")),
+                     Trigger);
     m_panel->setTargetTorqueType(toByte(Number::TargetCurrent));
     m_panel->setTargetVelocityType(toByte(Number::TargetVelocity));
     m_panel->setRampTargetVelocityType(toByte(Number::RampVelocity));

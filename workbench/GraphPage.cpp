@@ -66,10 +66,10 @@ GraphPage::GraphPage(const ModuleLink& link)
     auto* row = new QHBoxLayout;
     row->addWidget(m_controller);
     row->addWidget(m_rate);
-    row->addStretch();
     auto* hint = new QLabel(tr("Right click: select values, look. Arrow at the edge: scale, save, "
                                "log.\nPause or run: Ctrl+Space. Forget samples: Ctrl+Del."));
-    row->addWidget(hint);
+    hint->setWordWrap(true);
+    row->addWidget(hint, 1);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(row);
     layout->addWidget(m_graph, 1);

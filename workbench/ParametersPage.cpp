@@ -71,6 +71,10 @@ ParametersPage::ParametersPage()
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
     m_table->verticalHeader()->hide();
     m_table->horizontalHeader()->setStretchLastSection(true);
+    QPalette colours; // the red of the delegate's selected texts cannot be read on each desktop's
+    colours.setColor(QPalette::Highlight, QStringLiteral("#000f24"));
+    colours.setColor(QPalette::HighlightedText, Qt::white);
+    m_table->setPalette(colours);
     m_value->setFlags(SpinBox::ChangedOnEnter | SpinBox::ResetOnEscape);
     m_value->setObjectName(QStringLiteral("sbParameter"));
     fill();

@@ -1,6 +1,7 @@
 #include "RegistersPage.h"
 
 #include "AppSettings.h"
+#include "Fitting.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -114,6 +115,7 @@ RegistersPage::RegistersPage()
         {tr("Register"), tr("Raw"), tr("Physical"), tr("Bits"), tr("Access"), tr("Meaning")});
     m_tree->setItemDelegate(new ValueDelegate(m_tree));
     m_tree->setAlternatingRowColors(true);
+    Fitting::fitColumns(m_tree);
     m_tree->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
 
     const auto button = [this](const char* name, const QString& text, const QString& tip,
@@ -204,8 +206,6 @@ void RegistersPage::fill()
     }
     m_tree->expandAll();
     showAll();
-    for (int column = TitleColumn; column <= AccessColumn; ++column)
-        m_tree->resizeColumnToContents(column);
 }
 
 void RegistersPage::addRow(QTreeWidgetItem* item, Register* field)
@@ -234,7 +234,7 @@ void RegistersPage::show(QTreeWidgetItem* item)
     item->setText(BitsColumn, bitText(raw, field->getWidth()));
     item->setText(PhysicalColumn,
                   set ? QString() : numberText(static_cast<double>(*field), *field));
-    QFont font = m_tree->font();
+    QFont font; // all but the weight comes from the tree
     font.setBold(!set && field->wasWritten());
     for (Column column : {RawColumn, PhysicalColumn, BitsColumn})
         item->setFont(column, font);

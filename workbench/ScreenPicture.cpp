@@ -64,12 +64,11 @@ bool ScreenPicture::isEmpty(const QImage& picture)
     return colours.size() < FewColours;
 }
 
-bool ScreenPicture::hasNear(const QImage& picture, QPoint place, const QColor& colour, int reach)
+bool ScreenPicture::has(const QImage& picture, const QRect& place, const QColor& colour)
 {
-    const QRect around = QRect(place.x() - reach, place.y() - reach, 2 * reach + 1, 2 * reach + 1)
-                             .intersected(picture.rect());
-    for (int y = around.top(); y <= around.bottom(); ++y) {
-        for (int x = around.left(); x <= around.right(); ++x) {
+    const QRect seen = place.intersected(picture.rect());
+    for (int y = seen.top(); y <= seen.bottom(); ++y) {
+        for (int x = seen.left(); x <= seen.right(); ++x) {
             if (isAlike(picture.pixel(x, y), colour.rgb()))
                 return true;
         }
@@ -79,13 +78,10 @@ bool ScreenPicture::hasNear(const QImage& picture, QPoint place, const QColor& c
 
 int ScreenPicture::columnsWith(const QImage& picture, const QColor& colour)
 {
+    const QRect all = extent(picture, colour);
     int columns = 0;
-    for (int x = 0; x < picture.width(); ++x) {
-        bool isSeen = false;
-        for (int y = 0; y < picture.height() && !isSeen; ++y)
-            isSeen = isAlike(picture.pixel(x, y), colour.rgb());
-        columns += isSeen;
-    }
+    for (int x = all.left(); x <= all.right(); ++x)
+        columns += has(picture, QRect(x, 0, 1, picture.height()), colour);
     return columns;
 }
 

@@ -17,8 +17,8 @@ QImage of(const QWidget* widget);
 /// True when next to nothing is on it: fewer than three colours.
 bool isEmpty(const QImage& picture);
 
-/// Whether a pixel of about this colour lies within `reach` pixels of the place.
-bool hasNear(const QImage& picture, QPoint place, const QColor& colour, int reach);
+/// Whether a pixel of about this colour lies in the place.
+bool has(const QImage& picture, const QRect& place, const QColor& colour);
 
 /// In how many pixel columns about this colour can be seen.
 int columnsWith(const QImage& picture, const QColor& colour);

@@ -144,7 +144,7 @@ void Tour::watchCurves()
 /// Each curve has its colour where its samples of the last second belong.
 void Tour::expectCurvesAt(ValueOverTimeGraph* graph)
 {
-    constexpr int AgeStep = 100;     // ms
+    constexpr int AgeStep = 50;      // ms
     constexpr int OldestAge = 1000;  // ms
     constexpr double PixelTime = 10; // ms
     constexpr int Reach = 4;         // px, for what came between picture and probe
@@ -174,18 +174,21 @@ void Tour::expectCurvesAt(ValueOverTimeGraph* graph)
         int probes = 0;
         int hits = 0;
         for (int age = AgeStep; isFine && age <= OldestAge; age += AgeStep) {
-            const QList<TValue> values = curve->getValues();
-            const auto sample =
-                std::find_if(values.rbegin(), values.rend(),
-                             [now, age](const TValue& value) { return value.time <= now - age; });
-            if (sample == values.rend())
+            QRectF place; // of the samples about that age
+            for (const TValue& sample : curve->getValues()) {
+                if (qAbs(now - age - sample.time) <= AgeStep)
+                    place |= QRectF(area.right() - (now - sample.time) / PixelTime,
+                                    area.bottom() - (sample.value - bottomValue) /
+                                                        (topValue - bottomValue) * area.height(),
+                                    1, 1);
+            }
+            if (place.isEmpty())
                 continue;
-            const QPointF place(area.right() - (now - sample->time) / PixelTime,
-                                area.bottom() - (sample->value - bottomValue) /
-                                                    (topValue - bottomValue) * area.height());
             ++probes;
-            hits += ScreenPicture::hasNear(picture, view->mapFromScene(place), curve->getColor(),
-                                           Reach);
+            hits += ScreenPicture::has(
+                picture,
+                view->mapFromScene(place.adjusted(-Reach, -Reach, Reach, Reach)).boundingRect(),
+                curve->getColor());
         }
         seen << QStringLiteral("%1 of %2").arg(hits).arg(probes);
         isFine = isFine && probes > 0 && 2 * hits >= probes; // another curve may cover it

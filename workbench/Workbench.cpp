@@ -22,12 +22,14 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QDateTime>
+#include <QFile>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -49,6 +51,22 @@ constexpr int MessageTime = 8000;  // ms
 const QString geometryKey = QStringLiteral("Workbench/Geometry");
 const QString themeKey = QStringLiteral("Workbench/Theme");
 const QString pageKey = QStringLiteral("Workbench/Page");
+
+/// What the workbench adds to a look. Its lengths in em become pixels here, for of the parts of a
+/// widget, such as an arrow, Qt takes them by the application's font, not the widget's.
+QString extraSheet(bool isDark, int em)
+{
+    QFile file(isDark ? QStringLiteral(":/Workbench/DarkBlue")
+                      : QStringLiteral(":/Workbench/Plain"));
+    if (!file.open(QIODevice::ReadOnly))
+        return QString();
+    QString sheet = QString::fromUtf8(file.readAll());
+    static const QRegularExpression length(QStringLiteral("([0-9.]+)em"));
+    for (auto match = length.match(sheet); match.hasMatch(); match = length.match(sheet))
+        sheet.replace(match.capturedStart(), match.capturedLength(),
+                      QStringLiteral("%1px").arg(qRound(match.captured(1).toDouble() * em)));
+    return sheet;
+}
 
 } // namespace
 
@@ -155,20 +173,28 @@ void Workbench::makePages()
                new ColoursPage,
                new MarkersPage,
                new RampPage(m_link)};
+    const auto addKey = [this](const QKeySequence& key, const auto& action) {
+        connect(new QShortcut(key, this), &QShortcut::activated, this, action);
+    };
     for (Page* page : qAsConst(m_pages)) {
         m_list->addItem(page->title());
         const int row = m_list->count() - 1;
         if (row < NumberKeys) {
             const QKeySequence key(Qt::CTRL + (row + 1 < NumberKeys ? Qt::Key_1 + row : Qt::Key_0));
             m_list->item(row)->setToolTip(key.toString(QKeySequence::NativeText));
-            connect(new QShortcut(key, this), &QShortcut::activated, this,
-                    [this, row] { m_list->setCurrentRow(row); });
+            addKey(key, [this, row] { m_list->setCurrentRow(row); });
         }
         m_stack->addWidget(page);
         connect(page, &Page::command, &m_link, &ModuleLink::command);
         connect(page, &Page::read, this, &Workbench::ask);
         connect(page, &Page::message, this, &Workbench::tell);
         connect(page, &Page::progressed, this, &Workbench::showProgress);
+    }
+    m_list->setToolTip(tr("Ctrl+PgUp and Ctrl+PgDown turn the pages"));
+    for (const int step : {-1, 1}) {
+        addKey(Qt::CTRL + (step < 0 ? Qt::Key_PageUp : Qt::Key_PageDown), [this, step] {
+            m_list->setCurrentRow(qBound(0, m_list->currentRow() + step, m_list->count() - 1));
+        });
     }
     m_list->setCurrentRow(0);
     connect(m_connection, &ConnectionPage::opened, this, &Workbench::takeOpened);
@@ -197,7 +223,7 @@ void Workbench::makeLook(const WorkbenchOptions& options)
 {
     m_theme->setObjectName(QStringLiteral("cbTheme"));
     m_theme->setToolTip(tr("Switches between the dark blue look and the desktop's own"));
-    connect(m_style.get(), &MainAppStyle::fontSizeChanged, this, &Workbench::fitList);
+    connect(m_style.get(), &MainAppStyle::fontSizeChanged, this, &Workbench::fitToFont);
     const bool on = options.theme.value_or(AppSettings().value(themeKey, false).toBool());
     m_theme->setChecked(on);
     applyTheme(on);
@@ -224,11 +250,25 @@ void Workbench::applyTheme(bool on)
     // The symbol of a checked button has to stand out from the windows of its look.
     AppSettings().setValue(QLatin1String(ColorMapCheckedButtonKey),
                            QString::fromLatin1(on ? "#c7d441" : "#008080"));
-    m_style->setMainStyle(on);
+    m_extraSheet = extraSheet(on, m_em);
+    m_style->setMainStyle(on, m_extraSheet);
 }
 
-void Workbench::fitList()
+/// The size is in the sheet that the window has got.
+void Workbench::fitToFont(const QString& sizeSheet)
 {
+    static const QRegularExpression size(QStringLiteral("font-size: ([0-9]+)px"));
+    const QRegularExpressionMatch match = size.match(sizeSheet);
+    if (!match.hasMatch())
+        return;
+    m_em = match.captured(1).toInt();
+    const QString extra = extraSheet(m_theme->isChecked(), m_em);
+    if (extra != m_extraSheet) {
+        QString sheet = qApp->styleSheet(); // of which it is the end
+        sheet.chop(m_extraSheet.size());
+        m_extraSheet = extra;
+        qApp->setStyleSheet(sheet + extra);
+    }
     m_list->ensurePolished();
     m_list->setFixedWidth(m_list->sizeHintForColumn(0) + 2 * m_list->frameWidth() + ListMargin);
 }
@@ -407,6 +447,8 @@ void Workbench::showLinkState()
         page->setEnabled(m_link.isOpen() || page->worksAlone());
     if (!m_link.isOpen())
         m_connect->setText(tr("&Connect (%1)").arg(m_connection->lastLink()));
+    else if (m_connect->hasFocus())
+        m_list->setFocus(); // where the next Space does nothing
     m_connect->setVisible(!m_link.isOpen());
     m_notice->setText(tr("\"%1\" needs a link to a module.\n\nConnect above (Alt+C), or choose a "
                          "link on the first page (Ctrl+1).")

@@ -65,7 +65,7 @@ private:
     QWidget* makeStrip();
     void makeLook(const WorkbenchOptions& options);
     void applyTheme(bool on);
-    void fitList();
+    void fitToFont(const QString& sizeSheet);
     void restoreWindow(const QString& page);
     Page* currentPage() const;
     void ask(const Command& request);
@@ -102,6 +102,8 @@ private:
     int m_untilRate = 0;
     int m_answersBefore = 0;
     QCheckBox* m_theme;
+    QString m_extraSheet; // of the look, for the font size
+    int m_em = 12;        // px
     std::unique_ptr<MainAppStyle> m_style;
     QVector<Command> m_withheld; // reads of values that are being edited
     StopGuard m_guard;

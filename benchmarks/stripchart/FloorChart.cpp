@@ -36,6 +36,7 @@ public:
         for (int i = 0; i < 60; ++i)
             m_seconds.push_back(label(QStringLiteral("%1 s").arg(i)));
         m_values.resize(Ticks + 1);
+        show();
     }
 
     void take(const Sample& sample) override
@@ -68,6 +69,7 @@ public:
         }
         mark(&m_least, m_range.lowest(), "Min");
         mark(&m_greatest, m_range.highest(), "Max");
+        QWidget::update();
     }
 
     QWidget* canvas() override { return this; }

@@ -1,8 +1,14 @@
 #include "Measuring.h"
 
+#include <QCoreApplication>
+#include <QEvent>
+#include <QEventLoop>
+#include <QTimer>
+
 #include <algorithm>
 #include <atomic>
 #include <cmath>
+#include <utility>
 
 namespace
 {
@@ -80,14 +86,21 @@ double Signal::value(int curve, qint64 time) const
 }
 
 Run::Run(std::unique_ptr<StripChart> chart, const Load& load)
-    : m_chart(std::move(chart)), m_signal(load), m_image(CanvasSize, QImage::Format_RGB32)
+    : m_chart(std::move(chart)), m_signal(load)
 {
+    m_chart->canvas()->installEventFilter(this);
     for (int i = 0; i < load.history / FrameInterval; ++i) {
         for (const Sample& sample : next())
             m_chart->take(sample);
     }
     for (int i = 0; i < WarmUp; ++i)
         frame();
+}
+
+void Run::toFront()
+{
+    m_chart->canvas()->window()->raise();
+    QCoreApplication::processEvents();
 }
 
 const std::vector<Sample>& Run::next()
@@ -99,17 +112,31 @@ const std::vector<Sample>& Run::next()
 double Run::frame()
 {
     const std::vector<Sample>& samples = next();
+    m_isPainted = false;
     const double start = cpuNanoseconds();
-    for (const Sample& sample : samples)
-        m_chart->take(sample);
-    m_chart->update(m_now);
-    paint();
+    QTimer::singleShot(0, this, [&] {
+        for (const Sample& sample : samples)
+            m_chart->take(sample);
+        m_chart->update(m_now);
+    });
+    untilPainted();
     return (cpuNanoseconds() - start) / 1e6;
 }
 
-/// Everyone is rendered into the same kind of image, as the window's backing store is one: what the
-/// display does with it is the same for all, and left out.
-void Run::paint() { m_chart->canvas()->render(&m_image); }
+void Run::untilPainted()
+{
+    // The painting is part of an event that also brings it to the screen.
+    while (!std::exchange(m_isPainted, false))
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    QCoreApplication::processEvents();
+    m_isPainted = false;
+}
+
+bool Run::eventFilter(QObject* watched, QEvent* event)
+{
+    m_isPainted = m_isPainted || event->type() == QEvent::Paint;
+    return QObject::eventFilter(watched, event);
+}
 
 std::vector<double> frameTimes(const std::vector<Contender>& contenders, const Load& load,
                                int frames)
@@ -120,6 +147,7 @@ std::vector<double> frameTimes(const std::vector<Contender>& contenders, const L
     std::vector<std::vector<double>> times(runs.size());
     for (int done = 0; done < frames; done += Turn) {
         for (std::size_t i = 0; i < runs.size(); ++i) {
+            runs[i]->toFront();
             for (int frame = done; frame < qMin(frames, done + Turn); ++frame)
                 times[i].push_back(runs[i]->frame());
         }

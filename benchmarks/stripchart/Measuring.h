@@ -3,7 +3,7 @@
 
 #include "StripChart.h"
 
-#include <QImage>
+#include <QObject>
 
 #include <ctime>
 #include <functional>
@@ -38,26 +38,32 @@ private:
     std::vector<Sample> m_samples;
 };
 
-/// A contender under a load, with its history full.
-class Run
+/// A contender under a load in a window on the screen, with its history full.
+class Run : public QObject
 {
 public:
     Run(std::unique_ptr<StripChart> chart, const Load& load);
 
-    /// Milliseconds of the next frame: its samples taken, update and whole painting.
+    /// Puts its window above the others.
+    void toFront();
+    /// Milliseconds of the next frame as it really runs: a timer fires in the event loop, samples
+    /// are taken, the chart is updated, and the loop runs until the window's painting is on the
+    /// screen.
     double frame();
     /// The next frame's samples, for those who measure a part of a frame by themselves.
     const std::vector<Sample>& next();
+    /// Runs the event loop until the canvas was painted, which must be on its way.
+    void untilPainted();
     qint64 now() const { return m_now; }
     StripChart& chart() { return *m_chart; }
-    void paint();
-    const QImage& picture() const { return m_image; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     std::unique_ptr<StripChart> m_chart;
     Signal m_signal;
     qint64 m_now = Epoch;
-    QImage m_image;
+    bool m_isPainted = false;
 };
 
 struct Contender {

@@ -16,10 +16,8 @@ public:
     void update(qint64 now) override;
     QWidget* canvas() override;
 
-    /// The two halves of update(): the graph's own, and what the scene has posted to itself, which
-    /// in a program runs before the painting.
-    void updateGraph(qint64 now);
-    void updateView();
+    /// Goes by the time of the samples from here on, without a frame.
+    void setTime(qint64 now) { m_now = now; }
 
     ValueOverTimeGraph& graph() { return m_graph; }
 

@@ -5,7 +5,14 @@
 #include "Measuring.h"
 #include "OwnChart.h"
 
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QGraphicsItem>
+#include <QGraphicsScene>
 #include <QMetaMethod>
+#include <QPainter>
+#include <QStyleOptionGraphicsItem>
+#include <QTimer>
 
 #include <cstdio>
 
@@ -90,7 +97,14 @@ void printAllocations(int frames)
 {
     Run run(makeOurs(Busy), Busy);
     OwnChart& chart = ours(run);
-    std::vector<double> inSamples, inUpdate, inView, inPaint;
+    const QGraphicsScene* scene = chart.graph().findChild<QGraphicsScene*>();
+    const QList<QGraphicsItem*> items = scene->items(Qt::AscendingOrder);
+    QImage image(CanvasSize, QImage::Format_RGB32);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setClipRect(image.rect());
+    const QStyleOptionGraphicsItem option;
+    std::vector<double> inSamples, inUpdate, inEvents, inPaint;
     for (int i = 0; i < frames; ++i) {
         const std::vector<Sample>& samples = run.next();
         long count = allocations();
@@ -101,16 +115,76 @@ void printAllocations(int frames)
         for (const Sample& sample : samples)
             chart.take(sample);
         addTo(inSamples);
-        chart.updateGraph(run.now());
+        chart.setTime(run.now());
+        chart.graph().updateScene();
         addTo(inUpdate);
-        chart.updateView();
-        addTo(inView);
-        run.paint();
+        chart.update(run.now());
+        run.untilPainted();
+        addTo(inEvents);
+        painter.resetTransform();
+        count = allocations();
+        for (QGraphicsItem* item : items) {
+            painter.setTransform(item->sceneTransform());
+            if (item->isVisible())
+                item->paint(&painter, &option, nullptr);
+        }
         addTo(inPaint);
     }
     std::printf("allocations in a frame, curves full: samples %.0f, updateScene %.0f, "
-                "the scene's own events %.0f, painting %.0f\n",
-                median(inSamples), median(inUpdate), median(inView), median(inPaint));
+                "the items' painting %.0f, all events to the screen %.0f\n",
+                median(inSamples), median(inUpdate), median(inPaint), median(inEvents));
+}
+
+/// Percent of a processor that the whole process takes, over some seconds of the real clock.
+double load(int milliseconds)
+{
+    QElapsedTimer clock;
+    clock.start();
+    const double start = cpuNanoseconds();
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+    return (cpuNanoseconds() - start) / static_cast<double>(clock.nsecsElapsed()) * 100;
+}
+
+/// Four curves of 200 samples a second in a running program: the graph's own timer and clock, each
+/// sample a reply.
+void printRunningProgram(int frames)
+{
+    const int milliseconds = frames * 40;
+    const Load usual{4, 200};
+    Run run(makeOurs(usual), usual);
+    ValueOverTimeGraph& graph = ours(run).graph();
+    graph.setClock({});
+    graph.clearValues(); // also starts the timer
+    Signal signal(usual);
+    qint64 now = Epoch;
+    QTimer source;
+    source.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&source, &QTimer::timeout, &graph, [&] {
+        for (const Sample& sample : signal.samples(now, now + source.interval())) {
+            Command reply = replyFor(sample, 6);
+            graph.IN_replyValue(&reply);
+        }
+        now += source.interval();
+    });
+    source.start(1000 / usual.rate);
+    const QPoint place = graph.pos();
+    load(qMin(milliseconds, 12000)); // fills the plot
+    const double busy = load(milliseconds);
+    graph.hide();
+    const double hidden = load(milliseconds);
+    source.stop();
+    const double idle = load(milliseconds);
+    graph.move(place);
+    graph.show();
+    graph.stopDrawing();
+    load(200);
+    std::printf("whole process, 4 curves x 200 a second   %8.1f ms a second on the screen\n"
+                "  the samples alone, window hidden       %8.1f ms a second\n"
+                "  window shown, time stopped, no samples %8.1f ms a second\n"
+                "  window hidden, no samples              %8.1f ms a second\n",
+                busy * 10, hidden * 10, load(milliseconds) * 10, idle * 10);
 }
 
 void printHiddenTick(int frames)
@@ -136,4 +210,5 @@ void printOwnFigures(int frames)
     printSamples(frames);
     printAllocations(frames);
     printHiddenTick(frames);
+    printRunningProgram(frames);
 }

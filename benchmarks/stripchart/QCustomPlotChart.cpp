@@ -13,7 +13,6 @@ class QCustomPlotChart : public StripChart
 public:
     explicit QCustomPlotChart(const Load& load) : m_range(load.rangeSpan)
     {
-        m_plot.setAttribute(Qt::WA_DontShowOnScreen);
         m_plot.resize(CanvasSize);
         m_plot.setPlottingHints(QCP::phCacheLabels);
         m_plot.setNotAntialiasedElements(QCP::AntialiasedElements(QCP::aeAll) & ~QCP::aePlottables);

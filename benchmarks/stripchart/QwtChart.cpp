@@ -87,7 +87,6 @@ class QwtChart : public StripChart
 public:
     QwtChart(const Load& load, bool pairs) : m_range(load.rangeSpan), m_pairs(pairs)
     {
-        m_plot.setAttribute(Qt::WA_DontShowOnScreen);
         m_plot.resize(CanvasSize);
         m_plot.setAutoReplot(false);
         QwtPainter::setPolylineSplitting(false); // a little faster so

@@ -41,9 +41,9 @@ class StripChart
 public:
     virtual ~StripChart() = default;
     virtual void take(const Sample& sample) = 0;
-    /// All that a frame needs before it is painted.
+    /// All that a frame needs before it is painted, and the request to paint it.
     virtual void update(qint64 now) = 0;
-    /// What is painted; of CanvasSize.
+    /// What is painted, in a window on the screen; of CanvasSize.
     virtual QWidget* canvas() = 0;
 };
 

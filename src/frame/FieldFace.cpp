@@ -175,7 +175,7 @@ void FieldFace::refit()
 
 bool FieldFace::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched != m_edit || event->type() != QEvent::Paint)
+    if (event->type() != QEvent::Paint || watched != m_edit)
         return false;
     // Text, width or font may have changed without a word, so the last look is here; what it
     // changes repaints the field, which must not happen inside a paint event.

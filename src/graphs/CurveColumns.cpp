@@ -33,11 +33,11 @@ void CurveColumns::add(double value, qint64 time)
         return;
     }
     const qint64 slot = slotOf(time);
-    m_change = qMin(m_change, slot);
+    noteChange(slot);
     if (m_columns.isEmpty() || m_columns.back().slot != slot) {
         if (!m_columns.isEmpty()) { // a line from the column before leads to this one
             const qint64 before = m_columns.back().slot;
-            m_change = qMin(m_change, before);
+            noteChange(before);
             m_descents += before > slot;
         }
         m_columns.append({slot, time, value, value, value, value});
@@ -52,13 +52,19 @@ void CurveColumns::add(double value, qint64 time)
 void CurveColumns::clear()
 {
     if (!m_columns.isEmpty())
-        m_change = qMin(m_change, m_columns.front().slot);
+        noteChange(m_columns.front().slot);
     m_columns.clear();
     m_descents = 0;
     m_incomplete = false;
 }
 
-qint64 CurveColumns::takeChange() { return std::exchange(m_change, Nothing); }
+void CurveColumns::noteChange(qint64 slot)
+{
+    for (qint64& change : m_changes)
+        change = qMin(change, slot);
+}
+
+qint64 CurveColumns::takeChange(Reader reader) { return std::exchange(m_changes[reader], Nothing); }
 
 std::size_t CurveColumns::find(qint64 slot) const
 {

@@ -5,6 +5,7 @@
 
 #include <QtGlobal>
 
+#include <array>
 #include <limits>
 
 /// What of a curve can be seen, kept as the samples arrive: successive ones of one pixel column, 10
@@ -55,20 +56,22 @@ public:
     std::size_t findAfter(qint64 time) const;
 
     static constexpr qint64 Nothing = std::numeric_limits<qint64>::max();
-    /// The first slot at which the curve looks different since the last call, or Nothing. What was
-    /// only dropped at the front does not count.
-    qint64 takeChange();
+    enum Reader { Lines, Dots, ReaderCount };
+    /// The first slot at which the curve looks different since this reader's last call, or Nothing.
+    /// What was only dropped at the front does not count.
+    qint64 takeChange(Reader reader);
 
 private:
     static constexpr std::size_t MostUnordered = 50000;
 
     void removeFirst();
+    void noteChange(qint64 slot);
 
     Ring<Column> m_columns;
     std::size_t m_descents = 0; // columns before the one that came before them
     qint64 m_frozenUntil = std::numeric_limits<qint64>::min();
     bool m_incomplete = false;
-    qint64 m_change = Nothing;
+    std::array<qint64, ReaderCount> m_changes{Nothing, Nothing};
     qint64 m_timeOutSlot = std::numeric_limits<qint64>::min();
 };
 

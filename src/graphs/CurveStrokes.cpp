@@ -7,12 +7,13 @@
 #include <QTransform>
 
 #include <cmath>
+#include <utility>
 
 namespace
 {
 
 constexpr double BoldDistance = 20.0; // px of way from dot to dot
-constexpr int Margin = 2;             // px from a dot's picture to the circle
+constexpr int Margin = 1;             // px from a dot's picture to the circle
 
 /// The leftmost pixels start no line.
 bool startsLine(const CurveColumns::Column& column, const CurveGeometry& geometry)
@@ -101,14 +102,19 @@ qint64 CurveStrokes::firstLine(const CurveColumns& columns, const CurveGeometry&
     return CurveColumns::Nothing;
 }
 
-const std::vector<QPoint>& CurveStrokes::dots(const CurveColumns& columns,
-                                              const CurveGeometry& geometry, Dots dots,
-                                              const QTransform& scene)
+const std::vector<QPoint>& CurveStrokes::dots(CurveColumns& columns, const CurveGeometry& geometry,
+                                              Dots dots, const QTransform& scene)
 {
+    const qint64 changed = columns.takeChange(CurveColumns::Dots);
+    const CurveGeometry before = std::exchange(m_dotsGeometry, geometry);
+    m_dotsBefore.swap(m_dots);
     m_dots.clear();
+    const bool isShifted = scene.type() <= QTransform::TxTranslate;
+    const bool isWalk = dots == ThinnedDots && isShifted && columns.isAscending();
+    const bool wasWalk = std::exchange(m_dotsAreWalk, isWalk);
     if (dots == NoDots)
         return m_dots;
-    const bool isShifted = scene.type() <= QTransform::TxTranslate;
+    const qint64 origin = geometry.origin();
     QPoint lastBold(-1, -1);
     const auto mark = [&](const QPoint& point) {
         if (dots == ThinnedDots) {
@@ -121,7 +127,6 @@ const std::vector<QPoint>& CurveStrokes::dots(const CurveColumns& columns,
         }
         m_dots.push_back(point);
     };
-    const qint64 origin = geometry.origin();
     const auto markColumn = [&](const CurveColumns::Column& column) {
         const auto x = static_cast<int>(column.slot - origin);
         const QPoint first(x, geometry.y(column.first));
@@ -138,7 +143,39 @@ const std::vector<QPoint>& CurveStrokes::dots(const CurveColumns& columns,
         if (last != first && last != highest && last != lowest)
             mark(last);
     };
-    forEachInSight(columns, geometry, origin, CurveColumns::Nothing, markColumn);
+    if (!isWalk) {
+        forEachInSight(columns, geometry, origin, CurveColumns::Nothing, markColumn);
+        return m_dots;
+    }
+
+    // Which point gets the next dot depends on the dot before alone. So where this frame and the
+    // one before set the same dot, they agree from there on, up to the first column that changed.
+    bool compares = wasWalk && before.height == geometry.height &&
+                    before.minValue == geometry.minValue && before.maxValue == geometry.maxValue &&
+                    before.actualTime <= geometry.actualTime;
+    const std::size_t unseen = compares ? columns.findAfter(before.actualTime) : 0;
+    const qint64 same =
+        qMin(changed, unseen < columns.size() ? columns[unseen].slot : CurveColumns::Nothing);
+    const QPoint shift(static_cast<int>(origin - before.origin()), 0);
+    auto old = m_dotsBefore.cbegin();
+    for (std::size_t i = columns.find(origin); i < columns.size(); ++i) {
+        const CurveColumns::Column& column = columns[i];
+        if (column.time > geometry.actualTime)
+            break;
+        const std::size_t count = m_dots.size();
+        markColumn(column);
+        if (!compares || m_dots.size() == count || column.slot >= same)
+            continue;
+        while (old != m_dotsBefore.cend() && old->x() - shift.x() <= lastBold.x())
+            ++old;
+        if (old == m_dotsBefore.cbegin() || *(old - 1) - shift != lastBold)
+            continue;
+        for (; old != m_dotsBefore.cend() && old->x() - shift.x() + origin < same; ++old)
+            m_dots.push_back(*old - shift);
+        lastBold = m_dots.back();
+        i = columns.find(same) - 1;
+        compares = false;
+    }
     return m_dots;
 }
 

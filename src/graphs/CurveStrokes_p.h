@@ -47,8 +47,8 @@ public:
 
     /// The points to be marked, in the item's coordinates.
     /// \param scene the item's transformation to its scene, in which the way between dots is long
-    const std::vector<QPoint>& dots(const CurveColumns& columns, const CurveGeometry& geometry,
-                                    Dots dots, const QTransform& scene);
+    const std::vector<QPoint>& dots(CurveColumns& columns, const CurveGeometry& geometry, Dots dots,
+                                    const QTransform& scene);
 
     /// The first slot from which a line starts; behind the end when there is none. Of ascending
     /// columns.
@@ -57,6 +57,9 @@ public:
 private:
     std::vector<QLineF> m_lines;
     std::vector<QPoint> m_dots;
+    std::vector<QPoint> m_dotsBefore; // of the last frame
+    CurveGeometry m_dotsGeometry{};   // of m_dots
+    bool m_dotsAreWalk = false;       // whether each depends on the one before
 };
 
 /// Clips to the whole area that is painted on, unless there is a clip: with one the engine draws

@@ -75,10 +75,15 @@ void GraphController::rejectLogging() { m_ui->cbLog->setChecked(false); }
 
 void GraphController::handleScaleChanged(int minValue, int maxValue)
 {
+    // Mostly the same, 25 times a second; a box that takes its value again sets its text anew, too.
+    const auto show = [](QSpinBox* box, int value) {
+        if (value != box->value() || box->isEnabled())
+            box->setValue(value);
+    };
     const QPointer<GraphController> self(this);
-    m_ui->sbMin->setValue(minValue);
+    show(m_ui->sbMin, minValue);
     if (self)
-        m_ui->sbMax->setValue(maxValue);
+        show(m_ui->sbMax, maxValue);
 }
 
 void GraphController::on_btnStart_clicked()

@@ -1,5 +1,7 @@
 #include "GraphView_p.h"
 
+#include "CurveLayer_p.h"
+
 #include <QGraphicsItem>
 #include <QPainter>
 #include <QStyleOptionGraphicsItem>
@@ -9,7 +11,7 @@
 void GraphView::show(QGraphicsScene* scene)
 {
     setScene(scene);
-    connect(scene, &QGraphicsScene::changed, this, &QGraphicsView::updateScene);
+    connect(scene, &QGraphicsScene::changed, this, [this] { viewport()->update(); });
 }
 
 void GraphView::paintEvent(QPaintEvent*)
@@ -18,14 +20,22 @@ void GraphView::paintEvent(QPaintEvent*)
         return;
     QPainter painter(viewport());
     painter.setRenderHints(renderHints());
-    painter.fillRect(viewport()->rect(), backgroundBrush());
     painter.setClipRect(viewport()->rect());
-    const QStyleOptionGraphicsItem option;
     const QTransform view = viewportTransform();
     const QList<QGraphicsItem*> items = scene()->items(); // in any order, as there is no index
     m_items.assign(items.begin(), items.end());
-    std::stable_sort(m_items.begin(), m_items.end(),
-                     [](const auto* a, const auto* b) { return a->zValue() < b->zValue(); });
+    const auto isBelow = [](const auto* a, const auto* b) { return a->zValue() < b->zValue(); };
+    for (auto i = m_items.begin(); i != m_items.end(); ++i) // in place, in their order if alike
+        std::rotate(std::upper_bound(m_items.begin(), i, *i, isBelow), i, i + 1);
+    const auto layer = std::find_if(m_items.begin(), m_items.end(), [](const auto* item) {
+        return item->type() == CurveLayer::Type;
+    });
+    if (layer != m_items.end())
+        static_cast<CurveLayer*>(*layer)->paintGround(&painter, viewport()->rect(),
+                                                      backgroundBrush());
+    else
+        painter.fillRect(viewport()->rect(), backgroundBrush());
+    const QStyleOptionGraphicsItem option;
     for (QGraphicsItem* item : m_items) {
         if (!item->isVisible())
             continue;

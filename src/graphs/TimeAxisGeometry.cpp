@@ -107,6 +107,16 @@ QPoint TimeAxisGeometry::valueLabel(const ValueTick& tick, int textWidth) const
 
 int TimeAxisGeometry::timeSpan() const { return toInt(m_width * 10.0); }
 
+TimeAxisGeometry::Rows TimeAxisGeometry::timeRows() const
+{
+    constexpr int Margin = 2; // px of a smooth line
+    const int zero = toInt(m_zeroLine);
+    const int baseline = timeLabel({}, 0).y(); // a text's height allows for both of its sides
+    const int top = m_zone == Zone::NearTop ? baseline - m_fontHeight : zero - MajorLength;
+    const int bottom = m_zone == Zone::NearTop ? zero + MajorLength : baseline + m_fontHeight;
+    return {top - Margin, bottom + Margin};
+}
+
 QLine TimeAxisGeometry::timeTickLine(const TimeTick& tick) const
 {
     const int length = tick.isMajor ? MajorLength : MinorLength;

@@ -62,6 +62,15 @@ public:
                            time % MajorTick == 0});
         }
     }
+    /// Rows that the X axis with its ticks and labels may touch: the first, and the one behind.
+    struct Rows {
+        int top;
+        int bottom;
+    };
+    Rows timeRows() const;
+    /// Baseline of the value axis' caption, and the row below all of it.
+    int captionBaseline() const { return int(0.5 * m_fontHeight + m_top); }
+    int captionBottom() const { return captionBaseline() + m_fontHeight; }
     QLine timeTickLine(const TimeTick& tick) const;
     /// Baseline of a label; its x is negative when there is no room for it.
     QPoint timeLabel(const TimeTick& tick, int textWidth) const;

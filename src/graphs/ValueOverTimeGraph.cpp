@@ -218,7 +218,7 @@ void ValueOverTimeGraph::initializeScene()
     m_scene->addItem(m_captionItem);
     m_captionItem->setZValue(CaptionDepth);
 
-    auto* layer = new CurveLayer;
+    auto* layer = new CurveLayer(m_timeAxis);
     layer->setZValue(LayerDepth);
     m_scene->addItem(layer);
     for (Graph* graph : qAsConst(m_graphs)) {
@@ -290,9 +290,9 @@ void ValueOverTimeGraph::advance(qint64 now)
         m_actualTime = now;
     limitAge(now); // a curve that holds the others must not let them grow without end
     if (!m_graphs.isEmpty()) {
-        m_minMarker->hide();
-        m_maxMarker->hide();
-        if (m_dynamicScaling && !scaleToData())
+        if (!m_dynamicScaling)
+            showMarkers(false, false);
+        else if (!scaleToData())
             return;
     }
     if (m_minValue == m_maxValue) {
@@ -310,6 +310,10 @@ void ValueOverTimeGraph::layOut()
 {
     const QSize view = m_ui->graphicsView->viewport()->size();
     const QFontMetrics metrics = fontMetrics();
+    if (m_captionGap < 0 || m_gapFont != font()) {
+        m_gapFont = font();
+        m_captionGap = metrics.horizontalAdvance(QStringLiteral("XXX"));
+    }
     const double sceneWidth = view.width() - 2 * metrics.horizontalAdvance(QLatin1Char('X'));
     const double sceneHeight = view.height() - 2 * metrics.height();
     m_timeAxis->setActualTime(m_actualTime);
@@ -322,9 +326,8 @@ void ValueOverTimeGraph::layOut()
     const double plotWidth = m_timeAxis->plotWidth();
     m_visibleSpan = qMax(0, toInt((plotWidth > 0 ? plotWidth : sceneWidth) * MillisecondsPerPixel));
     const double captionWidth = m_captionItem->getWidth();
-    const double captionGap = metrics.horizontalAdvance(QStringLiteral("XXX"));
-    m_captionItem->setVisible(plotWidth >= captionWidth + captionGap);
-    m_captionItem->setPos(sceneWidth - captionWidth - captionGap,
+    m_captionItem->setVisible(plotWidth >= captionWidth + m_captionGap);
+    m_captionItem->setPos(sceneWidth - captionWidth - m_captionGap,
                           (sceneHeight - m_captionItem->getHeight()) / 3.0);
 }
 
@@ -348,15 +351,20 @@ bool ValueOverTimeGraph::scaleToData()
     double maximum = LowestMaximum;
     bool hasData = false;
     for (const Graph* graph : qAsConst(m_graphs)) {
-        if (graph->valueCount() < 2)
+        if (graph->valueCount() < 2) {
+            showMarkers(false, false);
             return false;
+        }
         double lowest = minimum;
         double highest = maximum;
         hasData = graph->valueRange(&lowest, &highest) || hasData;
         minimum = qMin(minimum, lowest);
         maximum = qMax(maximum, highest);
     }
-    if (maximum > minimum && m_xyMaxValue != m_xyMinValue) {
+    const bool hasPlace = maximum > minimum && m_xyMaxValue != m_xyMinValue;
+    showMarkers(hasPlace && m_showMinMaxMarker && minimum != 0,
+                hasPlace && m_showMinMaxMarker && maximum != 0);
+    if (hasPlace) {
         const double scale = (m_yAreaMax - m_yAreaMin) / (m_xyMaxValue - m_xyMinValue);
         placeMarker(m_maxMarker, maximum, m_yAreaMin + (m_xyMaxValue - maximum) * scale);
         placeMarker(m_minMarker, minimum, m_yAreaMax - (minimum - m_xyMinValue) * scale);
@@ -383,8 +391,12 @@ void ValueOverTimeGraph::placeMarker(MarkerItem* marker, double value, double y)
 {
     marker->setValue(toInt(value), QPointF(m_timeAxis->plotLeft(), 0));
     marker->setPos(0, y);
-    if (m_showMinMaxMarker && value != 0)
-        marker->show();
+}
+
+void ValueOverTimeGraph::showMarkers(bool minimum, bool maximum)
+{
+    m_minMarker->setVisible(minimum);
+    m_maxMarker->setVisible(maximum);
 }
 
 void ValueOverTimeGraph::setTimeOut(qint64 time)

@@ -3,6 +3,7 @@
 
 #include "AXRGuiExport.h"
 
+#include <QFont>
 #include <QList>
 #include <QString>
 #include <QWidget>
@@ -138,6 +139,7 @@ private:
     void setDrawing(bool drawing);
     bool scaleToData();
     void placeMarker(MarkerItem* marker, double value, double y);
+    void showMarkers(bool minimum, bool maximum);
     void setTimeOut(qint64 time);
     /// As of the picture's time, or of now when the clock was set back while the picture stands.
     void limitAge(qint64 now);
@@ -179,6 +181,8 @@ private:
     QList<Graph*> m_graphs;
     QList<GraphItem*> m_graphItems;
     int m_visibleSpan = 60000; // ms; generous until the first frame knows the width
+    QFont m_gapFont;           // of the gap beside the captions, kept, for measuring takes memory
+    int m_captionGap = -1;
     bool m_inFrame = false;
     bool m_nested = false;  // a frame within a frame
     QPair<int, int> m_told; // range of the last scaleChanged()

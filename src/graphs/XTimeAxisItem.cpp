@@ -3,6 +3,7 @@
 #include "BasicTools.h"
 #include "CurveStrokes_p.h"
 #include "Numbers.h"
+#include "StraightLine_p.h"
 #include "TimeAxisGeometry_p.h"
 
 #include <QFontMetrics>
@@ -13,7 +14,8 @@
 #include <array>
 #include <vector>
 
-/// The texts at the ticks, laid out once: a frame mostly draws those of the one before.
+/// What an axis keeps from frame to frame: the texts at the ticks, laid out once, of which a frame
+/// mostly draws those of the one before, and the memory of the time ticks.
 class AxisLabels
 {
 public:
@@ -23,6 +25,8 @@ public:
         double value = 0;
     };
 
+    std::vector<QLine> ticks;
+
     void setFont(const QFont& font)
     {
         if (font == m_font)
@@ -30,6 +34,7 @@ public:
         m_font = font;
         m_values = {};
         m_seconds = {};
+        m_caption = {};
     }
 
     const Label& value(int tick, double value)
@@ -40,6 +45,13 @@ public:
             lay(&label, BasicTools::intInsertDot(value, 1));
         }
         return label;
+    }
+
+    const Label& caption(const QString& text)
+    {
+        if (m_caption.width < 0 || m_caption.text.text() != text)
+            lay(&m_caption, text);
+        return m_caption;
     }
 
     const Label& second(int second)
@@ -67,6 +79,7 @@ private:
     QFont m_font;
     std::array<Label, TimeAxisGeometry::MaximumValueTicks> m_values;
     std::array<Label, 60> m_seconds;
+    Label m_caption;
 };
 
 XTimeAxisItem::XTimeAxisItem()
@@ -79,17 +92,21 @@ XTimeAxisItem::~XTimeAxisItem() = default;
 
 QRectF XTimeAxisItem::boundingRect() const { return scene() ? scene()->sceneRect() : QRectF(); }
 
-void XTimeAxisItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
+TimeAxisGeometry XTimeAxisItem::geometry(int fontHeight)
 {
     if (m_minValue == m_maxValue) {
         m_maxValue = toInt(qint64(m_maxValue) + 1);
         m_minValue = toInt(qint64(m_minValue) - 1);
     }
+    return {m_width, m_height, m_minValue, m_maxValue, double(m_maxTextWidth), fontHeight};
+}
+
+void XTimeAxisItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
+{
     const int fontHeight = painter->fontMetrics().height();
+    const TimeAxisGeometry geometry = this->geometry(fontHeight);
     m_leftMargin = m_maxTextWidth;
     m_topMargin = m_bottomMargin = 1.5 * fontHeight;
-    const TimeAxisGeometry geometry(m_width, m_height, m_minValue, m_maxValue, m_leftMargin,
-                                    fontHeight);
     m_labels->setFont(painter->font());
     painter->setPen(m_pen);
     clipToDevice(painter);
@@ -104,32 +121,32 @@ void XTimeAxisItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QW
 
 int XTimeAxisItem::drawValueAxis(QPainter* painter, const TimeAxisGeometry& geometry)
 {
-    std::array<QLine, TimeAxisGeometry::MaximumValueTicks + 1> lines;
+    std::array<QLine, TimeAxisGeometry::MaximumValueTicks> lines;
     int count = 0;
     const int x = toInt(m_leftMargin);
-    lines[0] = {x, toInt(geometry.top()), x, toInt(geometry.bottom())};
+    drawStraightLine(painter, QLine(x, toInt(geometry.top()), x, toInt(geometry.bottom())));
     int widest = 0;
     for (const auto& tick : geometry) {
         const AxisLabels::Label& label = m_labels->value(count, tick.value);
-        lines[static_cast<std::size_t>(++count)] = geometry.valueTickLine(tick);
+        lines[static_cast<std::size_t>(count++)] = geometry.valueTickLine(tick);
         if (tick.hasLabel())
             m_labels->draw(painter, geometry.valueLabel(tick, label.width), label);
         widest = qMax(widest, label.width);
     }
-    painter->drawLines(lines.data(), count + 1);
+    painter->drawLines(lines.data(), count);
     if (!m_yCaption.isEmpty())
-        painter->drawText(toInt(m_leftMargin + 30.0),
-                          toInt(0.5 * painter->fontMetrics().height() + geometry.top()),
-                          m_yCaption);
+        m_labels->draw(painter, QPoint(toInt(m_leftMargin + 30.0), geometry.captionBaseline()),
+                       m_labels->caption(m_yCaption));
     return widest;
 }
 
 void XTimeAxisItem::drawTimeAxis(QPainter* painter, const TimeAxisGeometry& geometry)
 {
     const int zero = toInt(geometry.zeroLine());
-    painter->drawLine(toInt(m_leftMargin + 1.0), zero, toInt(m_width), zero);
+    drawStraightLine(painter, QLine(toInt(m_leftMargin + 1.0), zero, toInt(m_width), zero));
+    m_labels->ticks.clear();
     geometry.forEachTimeTick(m_actualTime, [&](const TimeAxisGeometry::TimeTick& tick) {
-        painter->drawLine(geometry.timeTickLine(tick));
+        m_labels->ticks.push_back(geometry.timeTickLine(tick));
         if (!tick.isMajor)
             return;
         const AxisLabels::Label& label = m_labels->second(tick.second);
@@ -137,6 +154,7 @@ void XTimeAxisItem::drawTimeAxis(QPainter* painter, const TimeAxisGeometry& geom
         if (baseline.x() >= 0)
             m_labels->draw(painter, baseline, label);
     });
+    painter->drawLines(m_labels->ticks.data(), static_cast<int>(m_labels->ticks.size()));
 }
 
 void XTimeAxisItem::setSize(qreal width, qreal height)

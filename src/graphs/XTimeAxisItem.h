@@ -57,6 +57,10 @@ Q_SIGNALS:
 
 private:
     Q_DISABLE_COPY(XTimeAxisItem)
+    friend class CurveLayer;
+
+    /// Moves equal ends of the range apart.
+    TimeAxisGeometry geometry(int fontHeight);
 
     int drawValueAxis(QPainter* painter, const TimeAxisGeometry& geometry);
     void drawTimeAxis(QPainter* painter, const TimeAxisGeometry& geometry);

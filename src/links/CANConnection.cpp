@@ -10,7 +10,7 @@ CANConnection::CANConnection(QWidget* parent)
 {
     m_ui->setupUi(this);
     WheelFocus::guard(this);
-    new RoomForText(this);
+    RoomForText::giveTo(this);
 }
 
 CANConnection::~CANConnection() = default;

@@ -15,9 +15,8 @@ EthernetConnection::EthernetConnection(QWidget* parent)
     m_ui->setupUi(this);
     AddressByte::join({m_ui->sbIPByte3, m_ui->sbIPByte2, m_ui->sbIPByte1, m_ui->sbIPByte0});
     WheelFocus::guard(this);
-    new RoomForText(this);
-    for (QPushButton* button : {m_ui->btnConnect, m_ui->btnDisconnect})
-        condenseText(button);
+    RoomForText::giveTo(this);
+    new CondensedText(this, {m_ui->btnConnect, m_ui->btnDisconnect});
 }
 
 EthernetConnection::~EthernetConnection() = default;

@@ -54,7 +54,6 @@ void SerialConnection::init()
 {
     m_ui->setupUi(this);
     WheelFocus::guard(this);
-    new RoomForText(this);
-    for (QLabel* label : {m_ui->lblPort, m_ui->lblBaudrate, m_ui->lblAddress})
-        condenseText(label);
+    RoomForText::giveTo(this);
+    new CondensedText(this, {m_ui->lblPort, m_ui->lblBaudrate, m_ui->lblAddress});
 }

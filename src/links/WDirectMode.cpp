@@ -2,6 +2,7 @@
 
 #include "Instruction.h"
 #include "RoomForText_p.h"
+#include "ShowsOnly_p.h"
 #include "WheelFocus.h"
 #include "ui_WDirectMode.h"
 
@@ -10,8 +11,10 @@ WDirectMode::WDirectMode(QWidget* parent)
 {
     m_ui->setupUi(this);
     WheelFocus::guard(this);
-    new RoomForText(this);
-    new RoomForText(m_ui->btnSend);
+    RoomForText::giveTo(this);
+    for (QSpinBox* field : {m_ui->sbRequestAddress, m_ui->sbReplyAddress, m_ui->sbReplyCommand,
+                            m_ui->sbReplyType, m_ui->sbReplyMotorBank, m_ui->sbReplyValue})
+        new ShowsOnly(field);
     for (const InstructionName& entry : InstructionNames) {
         const int number = static_cast<int>(entry.instruction);
         m_ui->cbCommand->addItem(

@@ -2,6 +2,7 @@
 
 #include "Bytes.h"
 #include "RoomForText_p.h"
+#include "ShowsOnly_p.h"
 #include "WheelFocus.h"
 #include "ui_ZigBeeNode.h"
 
@@ -22,7 +23,8 @@ ZigBeeNode::ZigBeeNode() : m_ui(std::make_unique<Ui::ZigBeeNode>())
 {
     m_ui->setupUi(this);
     WheelFocus::guard(this);
-    new RoomForText(this);
+    RoomForText::giveTo(this);
+    new ShowsOnly(m_ui->lblMACinHEX);
 }
 
 ZigBeeNode::ZigBeeNode(const char* bytes) : ZigBeeNode()

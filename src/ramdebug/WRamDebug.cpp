@@ -10,6 +10,8 @@
 #include "MethodName.h"
 #include "Numbers.h"
 #include "RamDebugThread_p.h"
+#include "RoomForText_p.h"
+#include "ShowsOnly_p.h"
 #include "SimpleScaledDrawer.h"
 #include "WheelFocus.h"
 #include "ui_WRamDebug.h"
@@ -67,7 +69,9 @@ WRamDebug::WRamDebug(QWidget* parent)
 {
     m_ui->setupUi(this);
     WheelFocus::guard(this);
+    new ShowsOnly(m_ui->sbDuration);
     fitBoxes();
+    RoomForText::giveTo(this);
     m_ui->btnStop->setEnabled(false);
     m_ui->sbTriggerValue->setEnabled(false);
     addTorqueMeasureMode();

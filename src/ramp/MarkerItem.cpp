@@ -2,9 +2,12 @@
 
 #include "BasicTools.h"
 #include "MarkerParts_p.h"
+#include "StraightLine_p.h"
 
 #include <QFontMetrics>
 #include <QPointer>
+
+#include <cmath>
 
 namespace
 {
@@ -20,6 +23,14 @@ int valueAlignment(const QString& text)
     if (text.endsWith(LineFeed))
         return Qt::AlignBottom;
     return text.startsWith(LineFeed) ? Qt::AlignTop : 0;
+}
+
+/// A text that is laid out once, for frames that only draw it.
+void prepare(QStaticText* laidOut, const QString& text, const QFont& font)
+{
+    laidOut->setTextFormat(Qt::PlainText);
+    laidOut->setText(text);
+    laidOut->prepare(QTransform(), font);
 }
 
 } // namespace
@@ -55,6 +66,8 @@ void MarkerItem::adjust(QFont font)
         m_rect.adjust(0, -LineFeedMargin, 0, LineFeedMargin);
     m_font = font;
     m_measured = true;
+    layOutCaption();
+    layOutValue();
     updateBounds();
     update();
 }
@@ -66,8 +79,34 @@ void MarkerItem::setValue(int value, QPointF point)
     m_value = value;
     m_valueText = BasicTools::intInsertDot(value, 0);
     m_point = point;
+    layOutValue();
     updateBounds();
     update();
+}
+
+void MarkerItem::layOutCaption()
+{
+    m_captionLines.clear();
+    if (m_vertical)
+        return;
+    const QFontMetricsF metrics(m_font);
+    const QStringList lines = m_text.split(LineFeed);
+    double bottom = m_rect.bottom();
+    for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
+        CaptionLine one;
+        prepare(&one.text, *line, m_font);
+        one.place = QPointF(m_rect.right() - metrics.horizontalAdvance(*line),
+                            bottom - std::ceil(metrics.height()));
+        bottom = one.place.y() - metrics.leading();
+        if (!line->isEmpty())
+            m_captionLines.push_back(one);
+    }
+}
+
+void MarkerItem::layOutValue()
+{
+    if (m_measured && m_valueAlignment)
+        prepare(&m_laidOutValue, m_valueText, m_font);
 }
 
 /// The line's start and the value may stand outside of the rectangle of caption and line.
@@ -118,14 +157,16 @@ void MarkerItem::drawVertical(QPainter* painter) const
 
 void MarkerItem::drawHorizontal(QPainter* painter) const
 {
-    painter->drawText(m_rect, Qt::AlignRight | Qt::AlignBottom | Qt::TextDontClip, m_text);
+    for (const CaptionLine& line : m_captionLines)
+        painter->drawStaticText(line.place, line.text);
     const double middle = m_rect.center().y();
-    painter->drawLine(QPointF(m_point.x(), m_point.y() + middle), QPointF(m_size.width(), middle));
+    drawStraightLine(painter, QLineF(m_point.x(), m_point.y() + middle, m_size.width(), middle));
     if (!m_valueAlignment)
         return;
-    QRectF place = m_rect;
-    place.moveLeft(m_point.x() + ValueIndent);
-    painter->drawText(place, m_valueAlignment | Qt::TextDontClip, m_valueText);
+    const double y = m_valueAlignment == Qt::AlignTop
+                         ? m_rect.top()
+                         : m_rect.bottom() - m_laidOutValue.size().height();
+    painter->drawStaticText(QPointF(m_point.x() + ValueIndent, y), m_laidOutValue);
 }
 
 QVariant MarkerItem::itemChange(GraphicsItemChange change, const QVariant& value)

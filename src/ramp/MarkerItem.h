@@ -6,6 +6,9 @@
 #include <QFont>
 #include <QGraphicsObject>
 #include <QPen>
+#include <QStaticText>
+
+#include <vector>
 
 /// A line with a caption that marks a place on a drawing: a vertical one with its caption turned
 /// above it, or a horizontal one with its caption at its right end. The place is the item's x or
@@ -52,6 +55,13 @@ protected:
     void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;
 
 private:
+    struct CaptionLine {
+        QStaticText text;
+        QPointF place; // of its upper left corner
+    };
+
+    void layOutCaption();
+    void layOutValue();
     void updateBounds();
     void drawVertical(QPainter* painter) const;
     void drawHorizontal(QPainter* painter) const;
@@ -65,8 +75,10 @@ private:
     QFont m_font;
     int m_value = 0;
     QPointF m_point;
-    QString m_valueText;  // kept, so that a frame does not make it anew
-    int m_valueAlignment; // 0: no value is shown
+    QString m_valueText;                     // kept, so that a frame does not make it anew
+    int m_valueAlignment;                    // 0: no value is shown
+    std::vector<CaptionLine> m_captionLines; // of a horizontal marker
+    QStaticText m_laidOutValue;
     QRectF m_bounds;
     bool m_measured = false; // a new marker has the default font without being measured in it
 };

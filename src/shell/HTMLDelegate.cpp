@@ -9,12 +9,19 @@
 namespace
 {
 
+int iconWidth(const QStyleOptionViewItem& item)
+{
+    return qMax(0, item.icon.actualSize(item.decorationSize).width());
+}
+
+/// Beside the icon.
 void layOut(QTextDocument& document, const QStyleOptionViewItem& item)
 {
+    document.setDocumentMargin(0);
     document.setDefaultTextOption(QTextOption(Qt::AlignCenter));
     document.setDefaultFont(item.font);
     document.setHtml(item.text);
-    document.setTextWidth(item.rect.width());
+    document.setTextWidth(qMax(0, item.rect.width() - iconWidth(item)));
 }
 
 void centreVertically(QTextDocument& document, int height)
@@ -23,6 +30,15 @@ void centreVertically(QTextDocument& document, int height)
     QTextFrameFormat format = document.rootFrame()->frameFormat();
     format.setTopMargin(qMax(0, static_cast<int>((height - text) / 2)));
     document.rootFrame()->setFrameFormat(format);
+}
+
+QColor textColour(const QStyleOptionViewItem& item)
+{
+    if (!(item.state & QStyle::State_Enabled))
+        return item.palette.color(QPalette::Disabled, QPalette::Text);
+    if (item.state & QStyle::State_Selected)
+        return QStringLiteral("red");
+    return item.palette.color(QPalette::Active, QPalette::Text);
 }
 
 } // namespace
@@ -44,15 +60,11 @@ void HTMLDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     const QStyle* style = item.widget ? item.widget->style() : QApplication::style();
     style->drawControl(QStyle::CE_ItemViewItem, &item, painter, item.widget);
 
-    const int iconWidth = qMax(0, item.icon.actualSize(item.rect.size()).width());
-    painter->translate(item.rect.left() + iconWidth, item.rect.top());
-    painter->setClipRect(QRect(0, 0, item.rect.width() + iconWidth, item.rect.height()));
+    painter->translate(item.rect.left() + iconWidth(item), item.rect.top());
+    painter->setClipRect(QRectF(0, 0, document.textWidth(), item.rect.height()));
 
     QAbstractTextDocumentLayout::PaintContext context;
-    const bool selected = item.state & QStyle::State_Selected;
-    context.palette.setColor(QPalette::Text,
-                             selected ? QColor(QStringLiteral("red"))
-                                      : option.palette.color(QPalette::Active, QPalette::Text));
+    context.palette.setColor(QPalette::Text, textColour(item));
     context.cursorPosition = -1;
     document.documentLayout()->draw(painter, context);
     painter->restore();
@@ -63,8 +75,12 @@ QSize HTMLDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInd
     QStyleOptionViewItem item(option);
     initStyleOption(&item, index);
     QTextDocument document;
-    document.setDocumentMargin(0);
     layOut(document, item);
-    return QSize(static_cast<int>(document.idealWidth()),
-                 static_cast<int>(document.size().height()));
+    QSize hint(static_cast<int>(document.idealWidth()), static_cast<int>(document.size().height()));
+    if (!item.icon.isNull()) {
+        const QStyle* style = item.widget ? item.widget->style() : QApplication::style();
+        const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, &item, item.widget) + 1;
+        hint.rwidth() += iconWidth(item) + 2 * margin; // the style's, round the icon
+    }
+    return hint;
 }

@@ -5,7 +5,10 @@
 
 #include <QStyledItemDelegate>
 
-/// Draws the text of an item as HTML, centred in both directions; a selected item's text is red.
+/// Draws the text of an item as HTML, centred in both directions beside its icon, in the colour of
+/// Qt::ForegroundRole or else the view's; a selected item's text is red, a disabled one's as the
+/// view draws disabled texts. All text is read as HTML: "<rpm>" is a tag and shows nothing, a bare
+/// "<" or "&" may swallow what follows. A text from elsewhere takes QString::toHtmlEscaped().
 class AXRGUI_EXPORT HTMLDelegate : public QStyledItemDelegate
 {
     Q_OBJECT

@@ -68,11 +68,23 @@ public:
 
     /// Builds the row of four font-size buttons and applies the stored size. To be called at most
     /// once: a second row would take over from the first one.
+    ///
+    /// Each size change names the buttons of the target's tool bars "iconBtn", or "noIconBtn" where
+    /// there is neither icon nor name, whatever an icon's button was called before; only names with
+    /// "qt_" stay. Find such a button by its action, not by its name. The size last laid on and the
+    /// tool bars' icon size before it are kept once for the process: use this in one window at a
+    /// time.
     /// \return the row, owned by `parent`; the host places it
     QWidget* setFontSize(QWidget* parent);
 
-    /// Repaints all icons and pixmaps below `widget` in the palette's text colour, and fits the
-    /// icons of buttons to the height of its font, but for those with "dpIgnIcon". Null is ignored.
+    /// Replaces all icons and pixmaps below `widget` by pictures in the application palette's text
+    /// colour, as it is now, and fits the icons of buttons to the height of the widget's font, but
+    /// for those with "dpIgnIcon". Checked buttons take the colour of `ColorMap/CheckedButton`, an
+    /// action's icon one colour for all states. Own colours of an icon are lost for good, and what
+    /// is added later waits for the next call; so do the items below those of a tree's top level.
+    /// Icons that scale become pictures of 128 x 128 (buttons, see
+    /// BasicTools::setButtonIconsColor()), 200 x 200 (actions), 20 x 20 pixels (trees, tabs).
+    /// Null is ignored.
     static void setIconsToTextColor(QWidget* widget);
 
 Q_SIGNALS:

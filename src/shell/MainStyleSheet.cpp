@@ -1,5 +1,6 @@
 #include "MainStyleSheet_p.h"
 
+#include <QApplication>
 #include <QColor>
 
 // The families of the sheet, in its order. Blanks and spellings are kept as hosts know them: some
@@ -32,13 +33,13 @@ constexpr char downButton[] =
 
 constexpr char spinBoxes[] =
     R"(QAbstractSpinBox:enabled {padding-left: 4px; border: 2px solid palette(window-text); background: palette(window)}
-QAbstractSpinBox:disabled {padding-left: 4px; border: 2px solid palette(shadow); background: palette(highlighted-text); color: palette(window)}
+QAbstractSpinBox:disabled {padding-left: 4px; border: 2px solid palette(shadow); background: palette(base); color: palette(highlighted-text)}
 QAbstractSpinBox::up-button:disabled, QAbstractSpinBox::down-button:disabled {border-color: palette(shadow)}
 )";
 
 constexpr char lineEdits[] =
     R"(QLineEdit {lineedit-password-character: 8226; border: 2px solid white; background:  palette(base); padding: 1px 18px 1px 3px}
-QLineEdit:disabled {border-color: palette(shadow); background: palette(highlighted-text); color: palette(window)}
+QLineEdit:disabled {border-color: palette(shadow); background: palette(base); color: palette(highlighted-text)}
 )";
 
 constexpr char comboBoxes[] =
@@ -287,6 +288,8 @@ QString scrollBarSheet(const QColor& track, const QColor& handle, bool hideArrow
             text(hideArrows ? hiddenArrows : shownArrows) + text(scrollBarPages))
         .arg(handle.name(), track.name());
 }
+
+bool isMainStyleOn() { return qApp->styleSheet().startsWith(text(spinBoxes)); }
 
 QString windowSheet()
 {

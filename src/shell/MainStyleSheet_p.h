@@ -10,6 +10,9 @@ class QColor;
 /// \param scrollBars the rules of scroll bars, which have their place among the others
 QString mainStyleSheet(const QString& scrollBars);
 
+/// Whether the application's sheet is that of the dark blue look.
+bool isMainStyleOn();
+
 /// The rules of scroll bars. Only the arrows of vertical bars can be hidden.
 QString scrollBarSheet(const QColor& track, const QColor& handle, bool hideArrows);
 

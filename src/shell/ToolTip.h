@@ -9,6 +9,9 @@
 /// Builds one HTML table for a rich tool tip. Call the add operations in order, then getToolTip()
 /// once.
 ///
+/// All texts go in as HTML: of a label "velocity <rpm>" the tool tip shows "velocity", for "<rpm>"
+/// is read as a tag. A text that may hold "<" or "&" takes QString::toHtmlEscaped() first.
+///
 /// A cell text may begin with "<td attributes</td>" to give its cell attributes, as in
 /// "<td align=\"right\"</td>42"; the match reaches up to the last "</td>" of the text.
 class AXRGUI_EXPORT ToolTip

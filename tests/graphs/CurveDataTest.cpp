@@ -200,7 +200,7 @@ private Q_SLOTS:
                 const double value =
                     random() % 30 == 0 ? NaN : static_cast<int>(random() % 100) - 50;
                 const Columns before = all(columns);
-                columns.takeChange();
+                columns.takeChange(CurveColumns::Lines);
                 columns.append(value, time);
                 arrivals.push_back({value, time, timeOut});
 
@@ -209,8 +209,8 @@ private Q_SLOTS:
                 QCOMPARE(columns.isAscending(), isAscending(expected));
                 if (!isAscending(before) || !isAscending(expected))
                     continue;
-                verifyChange(strokes(before), strokes(expected), columns.takeChange(),
-                             slotOf(timeOut));
+                verifyChange(strokes(before), strokes(expected),
+                             columns.takeChange(CurveColumns::Lines), slotOf(timeOut));
             }
         }
     }
@@ -218,7 +218,7 @@ private Q_SLOTS:
     void changes()
     {
         CurveColumns columns;
-        QCOMPARE(columns.takeChange(), CurveColumns::Nothing);
+        QCOMPARE(columns.takeChange(CurveColumns::Lines), CurveColumns::Nothing);
         const struct {
             double value;
             qint64 time;
@@ -234,15 +234,16 @@ private Q_SLOTS:
         };
         for (const auto& row : rows) {
             columns.append(row.value, row.time);
-            QCOMPARE(columns.takeChange(), row.change);
-            QCOMPARE(columns.takeChange(), CurveColumns::Nothing);
+            QCOMPARE(columns.takeChange(CurveColumns::Lines), row.change);
+            QCOMPARE(columns.takeChange(CurveColumns::Lines), CurveColumns::Nothing);
         }
         columns.setTimeOutTime(125);
         columns.append(NaN, 0);
         QCOMPARE(columns.size(), std::size_t(3));
-        QCOMPARE(columns.takeChange(), CurveColumns::Nothing); // out of date, out of sight
+        QCOMPARE(columns.takeChange(CurveColumns::Lines),
+                 CurveColumns::Nothing); // out of date, out of sight
         columns.clear();
-        QCOMPARE(columns.takeChange(), qint64(15));
+        QCOMPARE(columns.takeChange(CurveColumns::Lines), qint64(15));
         QVERIFY(columns.isAscending());
         for (int i = 0; i < 200000; ++i) // from two sources, of which one lags behind for good
             columns.append(i, 1000 + 10 * i - i % 2 * 500);

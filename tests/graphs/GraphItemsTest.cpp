@@ -234,10 +234,16 @@ private Q_SLOTS:
         constexpr int Curves = 6;
         QGraphicsScene scenes[2];
         std::vector<GraphItem*> items[2];
-        auto* layer = new CurveLayer;
+        XTimeAxisItem* axes[2] = {new XTimeAxisItem, new XTimeAxisItem};
+        auto* layer = new CurveLayer(axes[1]);
+        layer->setZValue(-0.5);
         scenes[1].addItem(layer);
         for (int k = 0; k < 2; ++k) {
             scenes[k].setSceneRect(0, 0, Width + 40, 140);
+            axes[k]->setSize(Width + 40, 140);
+            axes[k]->setYCaption("caption");
+            axes[k]->setZValue(-1);
+            scenes[k].addItem(axes[k]);
             for (int i = 0; i < Curves; ++i) {
                 auto* item = new Curve(Width);
                 item->setPos(40, 20.5);
@@ -266,6 +272,9 @@ private Q_SLOTS:
             }
             QImage images[2];
             for (int k = 0; k < 2; ++k) {
+                axes[k]->setActualTime(now);
+                axes[k]->setMinValue(frame < 70 ? -100 : frame < 100 ? 0 : -10000); // zones
+                axes[k]->setMaxValue(frame < 100 ? 100 : 0);
                 for (GraphItem* item : items[k]) {
                     item->setActualTime(now);
                     item->setMaxValue(frame < 150 ? 100 : 130);
@@ -274,6 +283,8 @@ private Q_SLOTS:
                 images[k].fill(Qt::white);
                 QPainter painter(&images[k]);
                 painter.setRenderHint(QPainter::Antialiasing);
+                if (k == 1)
+                    layer->paintGround(&painter, images[k].rect(), Qt::white);
                 scenes[k].render(&painter);
             }
             for (int y = frame % 4; y < images[0].height(); y += 4) {

@@ -24,6 +24,8 @@
 namespace
 {
 
+constexpr int SettleTime = 15; // ms
+
 /// Answers for a module, on the GUI thread, and notes what was asked for.
 class Host : public QObject
 {
@@ -107,8 +109,7 @@ class RamDebugTest : public TestCase
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase() { RamDebugThread::Shared::settleTime = 30; }
-    void cleanup() { RamDebugThread::Shared::settleTime = 30; }
+    void initTestCase() { RamDebugThread::Shared::settleTime = SettleTime; }
 
     void commandsOfARun_data()
     {
@@ -296,7 +297,8 @@ private Q_SLOTS:
     /// A thread without a panel, given up before and while it asks.
     void threadGivenUp()
     {
-        RamDebugThread thread(nullptr);
+        const auto owner = std::make_unique<RamDebugThread>(nullptr);
+        RamDebugThread& thread = *owner;
         int asked = 0;
         connect(
             &thread, &RamDebugThread::doDirectRequest, this,
@@ -380,7 +382,9 @@ private Q_SLOTS:
         QFETCH(QString, at);
         QFETCH(QString, end);
         QFETCH(QString, back);
-        RamDebugThread::Shared::settleTime = at == "5 2 0 0" ? 5000 : 1;
+        if (at == "5 2 0 0") // which the axis must not have left yet
+            RamDebugThread::Shared::settleTime = 5000;
+        const auto restore = qScopeGuard([] { RamDebugThread::Shared::settleTime = SettleTime; });
         auto panel = std::make_unique<WRamDebug>();
         Host host(*panel);
         panel->setAllowDefinedMode(true);
@@ -402,12 +406,17 @@ private Q_SLOTS:
                     button(*panel, "btnStop")->click();
                 if (end == "abort")
                     panel->abort();
+                const auto destroy = [&] {
+                    host.onRequest = nullptr;
+                    host.lines.clear();
+                    panel.reset();
+                };
                 if (end == "insideOther") {
-                    host.onRequest = [&](const QString&) { panel.reset(); };
+                    host.onRequest = [&](const QString&) { destroy(); };
                     panel->updateValues();
+                } else {
+                    destroy();
                 }
-                host.lines.clear();
-                panel.reset();
                 isHere = true;
             });
         };

@@ -112,17 +112,22 @@ void Screen::show(QWidget* window, QPoint place)
         qFatal("these tests need an X display with XTEST, such as that of xvfb-run");
     window->move(place);
     window->show();
-    if (!waitFor([&] { return window->windowHandle() && window->windowHandle()->isExposed(); }))
+    if (!waitFor([&] { return window->windowHandle() && window->windowHandle()->isExposed(); },
+                 20000))
         qFatal("the window does not come to the screen");
     activate(window);
 }
 
 void Screen::activate(QWidget* window)
 {
-    window->raise();
-    window->activateWindow();
-    if (!waitFor([&] { return window->isActiveWindow(); }))
-        qFatal("the window does not become active");
+    // Asked for again and again, for a request may be lost when the window was not mapped yet.
+    for (int tries = 0; tries < 10; ++tries) {
+        window->raise();
+        window->activateWindow();
+        if (waitFor([&] { return window->isActiveWindow(); }, 2000))
+            return;
+    }
+    qFatal("the window does not become active");
 }
 
 QPoint Screen::middle(const QWidget* widget)
@@ -279,6 +284,15 @@ Screen::WindowManager::WindowManager(bool isWanted)
     if (!m_process.waitForStarted() || !waitFor([this] { return isThere(); }, 10000) ||
         !waitFor(takesWindows, 10000))
         qFatal("no window manager: these tests need openbox");
+    // It says so before it looks after windows; one that comes in between is never shown.
+    QWidget first;
+    for (int tries = 0; tries < 20; ++tries) {
+        first.show();
+        if (waitFor([&] { return first.windowHandle()->isExposed(); }, 500))
+            return;
+        first.hide();
+    }
+    qFatal("the window manager shows no window");
 }
 
 Screen::WindowManager::~WindowManager()

@@ -158,6 +158,33 @@ private Q_SLOTS:
         QVERIFY(shown.stands());
     }
 
+    /// A drag takes every key, but not this one.
+    void theKeyStopsDuringADrag()
+    {
+        ShownBench shown("ramp");
+        auto* text = shown.find<QLabel>("lblPlan");
+        shown.turn();
+        const QPoint word(20, 8);
+        Screen::click(text, word);
+        Screen::click(text, word); // selects it
+        QVERIFY(text->hasSelectedText());
+        Screen::pass(600);
+        Screen::moveTo(text, word);
+        Screen::press();
+        bool isStopped = false;
+        Screen::meanwhile(
+            [&] {
+                Screen::moveTo(text, word + QPoint(60, 0));
+                Screen::key("F12");
+                isStopped = Screen::waitFor([&] { return shown.axis.velocity() == 0; }, 2000);
+                Screen::release();
+            },
+            300);
+        Screen::moveTo(text, word + QPoint(30, 0));
+        Screen::pass(500);
+        QVERIFY(Screen::waitFor([&] { return isStopped; }));
+    }
+
     /// The button cannot be taken away, pushed out or covered.
     void theButtonStays_data()
     {

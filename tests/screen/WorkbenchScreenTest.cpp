@@ -7,6 +7,7 @@
 #include "Workbench.h"
 
 #include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
 #include <QSpinBox>
 
@@ -57,6 +58,17 @@ private Q_SLOTS:
         QVERIFY(Screen::waitFor(
             [&] { return qFuzzyIsNull(shown.bench.link().module().axis(0).velocity()); }));
         QVERIFY(Screen::stands(shaft));
+    }
+
+    void pagesTurnByKey()
+    {
+        ShownBench shown("markers");
+        const auto* list = User::find<QListWidget>(&shown.bench, "lwPages");
+        for (const auto& [key, row] :
+             {std::pair("ctrl+Next", 10), {"ctrl+Next", 10}, {"ctrl+Prior", 9}, {"ctrl+1", 0}}) {
+            Screen::key(key);
+            QCOMPARE(list->currentRow(), row);
+        }
     }
 
     void theStripTellsOfSilence()

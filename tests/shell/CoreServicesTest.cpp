@@ -114,6 +114,12 @@ private Q_SLOTS:
         QCOMPARE(colour(QIcon::Normal, QIcon::On), QColor(Qt::green));
         QCOMPARE(colour(QIcon::Disabled, QIcon::Off), QColor(Qt::gray));
 
+        // A symbol that scales stays sharp when the button's icons grow.
+        button.setIcon(QIcon(":/MainButtons1/Up"));
+        button.setIconSize({8, 8});
+        BasicTools::setButtonIconsColor(&button, Qt::red, Qt::gray, Qt::green);
+        QCOMPARE(button.icon().actualSize({64, 64}), QSize(64, 64));
+
         QPushButton bare;
         BasicTools::setButtonIconsColor(&bare, Qt::red, Qt::gray, Qt::green);
         BasicTools::setButtonIconsColor(nullptr, Qt::red, Qt::gray, Qt::green);

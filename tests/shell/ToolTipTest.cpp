@@ -154,7 +154,7 @@ private Q_SLOTS:
             QImage image(101, 81, QImage::Format_RGB32);
             image.fill(Qt::white);
             QPainter painter(&image);
-            option.state = QStyle::State_Enabled | state;
+            option.state = state;
             option.palette.setColor(QPalette::Highlight, Qt::white);
             delegate.paint(&painter, option, model.index(0, 0));
             QMap<QString, QRect> ink;
@@ -163,19 +163,37 @@ private Q_SLOTS:
                     const QColor c = image.pixelColor(x, y);
                     const QString name = c == QColor(Qt::red)    ? "red"
                                          : c == QColor(Qt::blue) ? "blue"
+                                         : c == QColor(Qt::cyan) ? "cyan"
                                                                  : "";
                     ink[name] |= QRect(x, y, 1, 1);
                 }
             }
             return ink;
         };
-        const QRect blue = inkOf(QStyle::State_None).value("blue");
+        const QRect blue = inkOf(QStyle::State_Enabled).value("blue");
         QVERIFY(!blue.isEmpty());
         QVERIFY2(qAbs(blue.center().x() - 50) <= 3, "not centred across");
         QVERIFY2(qAbs(blue.center().y() - 40) <= 8, "not centred down");
-        QVERIFY(!inkOf(QStyle::State_Selected).value("red").isEmpty());
+        const QStyle::State selected = QStyle::State_Enabled | QStyle::State_Selected;
+        QVERIFY(!inkOf(selected).value("red").isEmpty());
+        option.palette.setColor(QPalette::Disabled, QPalette::Text, Qt::cyan);
+        QVERIFY(!inkOf(QStyle::State_None).value("cyan").isEmpty());
+        model.setData(model.index(0, 0), QColor(Qt::cyan), Qt::ForegroundRole);
+        option.palette.setColor(QPalette::Disabled, QPalette::Text, Qt::black);
+        QVERIFY(!inkOf(QStyle::State_Enabled).value("cyan").isEmpty());
+        model.setData(model.index(0, 0), QVariant(), Qt::ForegroundRole);
         const QSize hint = delegate.sizeHint(option, model.index(0, 0));
         QVERIFY(hint.width() > 0 && hint.width() < 101 && hint.height() < 81);
+
+        // Beside an icon all of it stays in the cell.
+        QPixmap icon(16, 16);
+        icon.fill(Qt::white);
+        model.setData(model.index(0, 0), icon, Qt::DecorationRole);
+        QVERIFY(delegate.sizeHint(option, model.index(0, 0)).width() >= hint.width() + 16);
+        option.rect.setWidth(hint.width() + 16 + 8);
+        const QRect beside = inkOf(QStyle::State_Enabled).value("blue");
+        QCOMPARE(beside.height(), blue.height());
+        QVERIFY(beside.left() >= 16 && beside.right() <= option.rect.right());
     }
 };
 

@@ -40,9 +40,12 @@ void TestCase::init()
     const QDir folder(m_settingsFolder.path());
     for (const QString& entry : folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
         QDir(folder.filePath(entry)).removeRecursively();
-    debugMessages.clear();
-    unexpected.clear();
-    expected.clear();
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        debugMessages.clear();
+        unexpected.clear();
+        expected.clear();
+    }
     qtTestHandler = qInstallMessageHandler(&TestCase::handle);
 }
 

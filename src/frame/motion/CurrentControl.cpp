@@ -2,12 +2,14 @@
 
 #include "LabelText_p.h"
 #include "Numbers.h"
+#include "ShowsOnly_p.h"
 #include "ui_CurrentControl.h"
 
 CurrentControl::CurrentControl(QWidget* parent)
     : TurnPanel(parent), m_ui(std::make_unique<Ui::CurrentControl>())
 {
     m_ui->setupUi(this);
+    new ShowsOnly(m_ui->sbActualCurrent);
     m_targetCurrent.bind(m_ui->sbTargetCurrent);
     m_actualCurrent.bind(m_ui->sbActualCurrent);
     m_jogLeft.setButton(m_ui->btnJogLeft);

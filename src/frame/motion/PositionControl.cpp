@@ -2,6 +2,7 @@
 
 #include "Numbers.h"
 #include "ParameterToolTip.h"
+#include "ShowsOnly_p.h"
 #include "ui_PositionControl.h"
 
 namespace
@@ -16,6 +17,7 @@ PositionControl::PositionControl(QWidget* parent)
     , m_targetPositionText(QStringLiteral("target position"))
 {
     m_ui->setupUi(this);
+    new ShowsOnly(m_ui->sbActualPosition);
     m_ui->cmbRelativeTo->addItems({m_actualPositionText, m_targetPositionText});
     m_actualPosition.bind(m_ui->sbActualPosition);
     m_targetPosition.bind(m_ui->sbTargetPosition);

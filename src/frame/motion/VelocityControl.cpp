@@ -2,12 +2,14 @@
 
 #include "LabelText_p.h"
 #include "ParameterToolTip.h"
+#include "ShowsOnly_p.h"
 #include "ui_VelocityControl.h"
 
 VelocityControl::VelocityControl(QWidget* parent)
     : TurnPanel(parent), m_ui(std::make_unique<Ui::VelocityControl>())
 {
     m_ui->setupUi(this);
+    new ShowsOnly(m_ui->sbActualVelocity);
     m_actualVelocity.bind(m_ui->sbActualVelocity);
     m_jogLeft.setButton(m_ui->btnJogLeft);
     m_jogRight.setButton(m_ui->btnJogRight);

@@ -13,6 +13,8 @@
 namespace
 {
 
+constexpr int ScalableSymbol = 128; // px, above any font's height
+
 qint64 floorDiv(qint64 value, qint64 step)
 {
     return value >= 0 ? value / step : -((-value + step - 1) / step);
@@ -119,8 +121,8 @@ void BasicTools::setButtonIconsColor(QAbstractButton* button, QColor text, QColo
         if (!sizes.contains(size))
             sizes << size;
     }
-    if (sizes.isEmpty())
-        sizes << button->iconSize();
+    if (sizes.isEmpty()) // drawn at any size, which a picture cannot be again
+        sizes << button->iconSize().expandedTo(QSize(ScalableSymbol, ScalableSymbol));
     QIcon icon;
     for (const QSize& size : qAsConst(sizes)) {
         const QPixmap off = old.pixmap(size, QIcon::Normal, QIcon::Off);

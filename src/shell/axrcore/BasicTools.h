@@ -34,8 +34,11 @@ public:
     /// background is painted behind. A null pixmap or an invalid colour: unchanged.
     static void setSymbolColor(QPixmap* pixmap, QColor colour, bool keepShape, QColor background);
 
-    /// Recolours all sizes of a button's icon: unchecked in `text`, disabled in `dark`, checked in
-    /// `checked`. A button without an icon stays as it is.
+    /// Replaces a button's icon by pictures of all its sizes: unchecked in `text`, disabled in
+    /// `dark`, checked in `checked`. An icon without sizes of its own, as one from an SVG file,
+    /// becomes a picture of 128 x 128 pixels, or of the button's icon size where that is larger,
+    /// which is scaled down to any size; its own engine is gone then. Colours of the symbol are
+    /// lost, its transparency stays. A button without an icon, or null, stays as it is.
     static void setButtonIconsColor(QAbstractButton* button, QColor text, QColor dark,
                                     QColor checked);
 };
