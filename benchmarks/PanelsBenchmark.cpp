@@ -52,30 +52,32 @@ void replyToPanels(benchmark::State& state)
 }
 BENCHMARK(replyToPanels)->Arg(1)->Arg(40)->ArgName("panels");
 
-/// A reply in the console, of which only the value differs from the one before,
-/// beside its five fields set one by one, the plain way.
+/// A reply in the console of which so many fields differ from the one before, beside its five
+/// fields set one by one, the plain way.
 template <bool IsConsole>
 void replyToConsole(benchmark::State& state)
 {
     WDirectMode console;
     std::vector<QSpinBox*> fields;
-    for (const char* name : {"Address", "Command", "Type", "MotorBank", "Value"})
+    for (const char* name : {"Value", "Address", "Command", "Type", "MotorBank"})
         fields.push_back(console.findChild<QSpinBox*>(QStringLiteral("sbReply") + name));
-    int value = 0;
+    const auto changing = static_cast<int>(state.range(0));
+    int number = 0;
     for (auto _ : state) {
-        ++value;
+        number = (number + 1) & 127;
+        const auto of = [&](int field) { return field < changing ? number : 1; };
         if constexpr (IsConsole) {
-            console.requestResult(1, 6, 3, 100, 0, value & 1023);
+            console.requestResult(static_cast<char>(of(1)), static_cast<char>(of(2)), 0,
+                                  static_cast<char>(of(3)), static_cast<char>(of(4)), of(0));
         } else {
-            const int numbers[] = {1, 6, 100, 0, value & 1023};
-            for (size_t i = 0; i < fields.size(); ++i)
-                fields[i]->setValue(numbers[i]);
+            for (int i = 0; i < 5; ++i)
+                fields[static_cast<size_t>(i)]->setValue(of(i));
         }
     }
     state.SetItemsProcessed(state.iterations());
 }
-BENCHMARK_TEMPLATE(replyToConsole, true)->Name("reply to console/what changed");
-BENCHMARK_TEMPLATE(replyToConsole, false)->Name("reply to console/all fields");
+BENCHMARK_TEMPLATE(replyToConsole, true)->Name("reply to console")->Arg(0)->Arg(1)->Arg(5);
+BENCHMARK_TEMPLATE(replyToConsole, false)->Name("all its fields set")->Arg(0)->Arg(1)->Arg(5);
 
 struct SheetCounter : QObject {
     int changes = 0;
