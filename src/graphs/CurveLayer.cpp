@@ -26,6 +26,27 @@ qint64 floorMod(qint64 value, qint64 divisor)
     return rest < 0 ? rest + divisor : rest;
 }
 
+/// The end of a line, or where it is cut that goes on beyond the edge: in a whole row or column,
+/// for the engine would cut it between two and draw the rest up to a pixel beside its place.
+QPointF cut(const QPointF& end, const QPointF& other, double edge)
+{
+    const double slope = (other.y() - end.y()) / (other.x() - end.x());
+    const double y = end.y() + slope * (edge - end.x());
+    if (qAbs(slope) <= 1)
+        return {edge, y};
+    const double row = other.y() > y ? std::ceil(y) : std::floor(y);
+    return {end.x() + (row - end.y()) / slope, row};
+}
+
+/// The line, without what of it lies beyond a picture of this width.
+QLineF cut(const QLineF& line, int width)
+{
+    const QPointF left =
+        line.x1() < -1 && line.x2() > -1 ? cut(line.p1(), line.p2(), -1) : line.p1();
+    const double right = width + 1;
+    return {left, line.x2() > right && left.x() < right ? cut(line.p2(), left, right) : line.p2()};
+}
+
 bool isWhole(double value) { return value == std::floor(value); }
 
 } // namespace
@@ -34,11 +55,7 @@ CurveLayer::CurveLayer(XTimeAxisItem* axis) : m_axis(axis) {}
 
 CurveLayer::~CurveLayer() = default;
 
-void CurveLayer::add(GraphItem* item)
-{
-    item->m_hasLayer = true;
-    m_curves.push_back({item, CurveColumns::Nothing});
-}
+void CurveLayer::add(GraphItem* item) { m_curves.push_back({item, CurveColumns::Nothing}); }
 
 bool CurveLayer::Look::operator!=(const Look& other) const
 {
@@ -81,8 +98,10 @@ void CurveLayer::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidg
 {
     if (!isDrawn())
         return;
-    for (const Curve& curve : m_curves)
+    for (const Curve& curve : m_curves) {
         curve.item->separateRange();
+        curve.item->m_hasLines = true;
+    }
     if (!std::exchange(m_isLaid, false)) {
         drawDirectly(painter, toInt(boundingRect().width()));
         return;
@@ -256,8 +275,10 @@ void CurveLayer::redrawPart(qint64 base, qint64 from, qint64 to)
     for (const Curve& curve : m_curves) {
         const GraphItem& item = *curve.item;
         painter.setPen(item.m_pen);
-        const std::vector<QLineF>& lines = m_strokes.lines(*item.m_columns, item.geometry(),
-                                                           from - LineReach, to + LineReach, base);
+        std::vector<QLineF>& lines = m_strokes.lines(*item.m_columns, item.geometry(),
+                                                     from - LineReach, to + LineReach, base);
+        for (QLineF& line : lines)
+            line = cut(line, m_look.size.width());
         painter.drawLines(lines.data(), static_cast<int>(lines.size()));
     }
 }

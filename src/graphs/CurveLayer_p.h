@@ -31,6 +31,9 @@ class XTimeAxisItem;
 ///                +-----------------+
 ///     ___________|___|____|____|___|  transparent
 ///
+/// The curves take their lines as drawn in their next painting; one that is painted alone draws its
+/// own.
+///
 /// It lies at the scene's origin, and expects items of one size and place, as their graph keeps
 /// them.
 class CurveLayer : public QGraphicsItem

@@ -2,6 +2,7 @@
 
 #include "CurveColumns_p.h"
 #include "Numbers.h"
+#include "StraightLine_p.h"
 
 #include <QPainter>
 #include <QTransform>
@@ -65,9 +66,8 @@ int CurveGeometry::y(double value) const
     return toInt(qBound(-Far, (maxValue - value) * height / range, Far));
 }
 
-const std::vector<QLineF>& CurveStrokes::lines(const CurveColumns& columns,
-                                               const CurveGeometry& geometry, qint64 from,
-                                               qint64 to, qint64 origin)
+std::vector<QLineF>& CurveStrokes::lines(const CurveColumns& columns, const CurveGeometry& geometry,
+                                         qint64 from, qint64 to, qint64 origin)
 {
     m_lines.clear();
     bool connects = false;
@@ -181,7 +181,7 @@ const std::vector<QPoint>& CurveStrokes::dots(CurveColumns& columns, const Curve
 
 void clipToDevice(QPainter* painter)
 {
-    if (!painter->hasClipping())
+    if (paintsPixels(painter) && !painter->hasClipping() && !painter->viewTransformEnabled())
         painter->setClipRect(
             painter->worldTransform().inverted().mapRect(QRectF(painter->viewport())));
 }
@@ -192,7 +192,7 @@ void DotPicture::draw(QPainter* painter, const std::vector<QPoint>& points, int 
         return;
     const int radius = diameter / 2;
     const QTransform& device = painter->deviceTransform();
-    if (device.type() > QTransform::TxTranslate) {
+    if (device.type() > QTransform::TxTranslate || !paintsPixels(painter)) {
         for (const QPoint& point : points)
             painter->drawEllipse(point.x() - radius, point.y() - radius, diameter, diameter);
         return;

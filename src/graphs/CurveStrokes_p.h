@@ -39,8 +39,8 @@ public:
 
     /// The curve's lines as far as they are between two slots, and perhaps beyond.
     /// \param origin the slot at x = 0
-    const std::vector<QLineF>& lines(const CurveColumns& columns, const CurveGeometry& geometry,
-                                     qint64 from, qint64 to, qint64 origin);
+    std::vector<QLineF>& lines(const CurveColumns& columns, const CurveGeometry& geometry,
+                               qint64 from, qint64 to, qint64 origin);
 
     /// All lines, in the item's coordinates and the painter's pen.
     void drawLines(QPainter* painter, const CurveColumns& columns, const CurveGeometry& geometry);

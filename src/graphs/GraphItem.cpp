@@ -7,6 +7,8 @@
 #include <QDateTime>
 #include <QPainter>
 
+#include <utility>
+
 namespace
 {
 
@@ -37,11 +39,12 @@ QRectF GraphItem::boundingRect() const { return {0, 0, m_width, m_height}; }
 void GraphItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
 {
     separateRange();
+    const bool hasLines = std::exchange(m_hasLines, false);
     const CurveGeometry area = geometry();
     if (area.isEmpty())
         return;
     painter->setPen(m_pen);
-    if (m_useConnectedDataPoints && !m_hasLayer)
+    if (m_useConnectedDataPoints && !hasLines)
         m_drawing->strokes.drawLines(painter, *m_columns, area);
     CurveStrokes::Dots dots = CurveStrokes::NoDots;
     if (m_dataPointsEnabled)

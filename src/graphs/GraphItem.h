@@ -98,7 +98,7 @@ private:
     bool m_useConnectedDataPoints = false;
     bool m_useBoldDataPoints = true;
     bool m_dataPointsEnabled = true;
-    bool m_hasLayer = false; // which draws the lines
+    bool m_hasLines = false; // its layer drew them for the next painting
     std::unique_ptr<CurveDrawing> m_drawing;
 };
 

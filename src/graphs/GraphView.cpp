@@ -30,7 +30,7 @@ void GraphView::paintEvent(QPaintEvent*)
     const auto layer = std::find_if(m_items.begin(), m_items.end(), [](const auto* item) {
         return item->type() == CurveLayer::Type;
     });
-    if (layer != m_items.end())
+    if (layer != m_items.end() && view.isIdentity())
         static_cast<CurveLayer*>(*layer)->paintGround(&painter, viewport()->rect(),
                                                       backgroundBrush());
     else

@@ -90,7 +90,8 @@ void MarkerItem::layOutCaption()
     if (m_vertical)
         return;
     const QFontMetricsF metrics(m_font);
-    const QStringList lines = m_text.split(LineFeed);
+    const QStringList lines =
+        QString(m_text).replace(QLatin1Char('\t'), QLatin1Char(' ')).split(LineFeed);
     double bottom = m_rect.bottom();
     for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
         CaptionLine one;

@@ -7,6 +7,7 @@
 
 #include <QFontMetrics>
 #include <QGraphicsScene>
+#include <QPicture>
 
 #include <climits>
 #include <random>
@@ -87,6 +88,43 @@ private Q_SLOTS:
         painter.end();
         QVERIFY(drawnColumns(image).startsWith(QString::number(10 - Margin)));
         QVERIFY(drawnColumns(image).endsWith(QString("-%1").arg(49 - Margin)));
+    }
+
+    /// Into a recording, and onto a painter that has its own window.
+    void drawsElsewhere()
+    {
+        Curve curve(101);
+        curve.setUseConnectedDataPoints(true);
+        curve.setDataPointsEnabled(true);
+        for (int x = 10; x < 100; ++x)
+            curve.add(x, x);
+        XTimeAxisItem axis;
+        axis.setSize(160, 120);
+        for (QGraphicsItem* item :
+             {static_cast<QGraphicsItem*>(&curve), static_cast<QGraphicsItem*>(&axis)}) {
+            QImage images[3];
+            for (int k = 0; k < 3; ++k) {
+                images[k] = QImage(200, 200, QImage::Format_RGB32);
+                images[k].fill(Qt::white);
+                QPainter painter(&images[k]);
+                QPicture recording;
+                if (k == 1) {
+                    QPainter recorder(&recording);
+                    item->paint(&recorder, nullptr, nullptr);
+                    recorder.end();
+                    recording.play(&painter);
+                    continue;
+                }
+                if (k == 2) { // a tenth of it is a pixel
+                    painter.setWindow(0, 0, 2000, 2000);
+                    painter.scale(10, 10);
+                }
+                item->paint(&painter, nullptr, nullptr);
+            }
+            QVERIFY(drawnColumns(images[0]).size() > 4);
+            QCOMPARE(drawnColumns(images[1]), drawnColumns(images[0]));
+            QCOMPARE(drawnColumns(images[2]), drawnColumns(images[0]));
+        }
     }
 
     void dots()

@@ -37,6 +37,28 @@ void onMenu(std::function<void(QMenu*)> action)
     });
 }
 
+/// As a host has it painted, without the view.
+QImage rendered(const ShownGraph& chart)
+{
+    QImage image(chart.view()->viewport()->size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setRenderHints(chart.view()->renderHints());
+    chart.view()->scene()->render(&painter);
+    return image;
+}
+
+int greatestDifference(const QImage& a, const QImage& b)
+{
+    const auto byte = [](const QImage& image, int x, int y) { return image.constScanLine(y)[x]; };
+    int greatest = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < 4 * a.width(); ++x) // bytes
+            greatest = qMax(greatest, qAbs(byte(a, x, y) - byte(b, x, y)));
+    }
+    return greatest;
+}
+
 } // namespace
 
 class ValueOverTimeGraphTest : public TestCase
@@ -467,7 +489,7 @@ private Q_SLOTS:
             chart.addCurves(4);
             chart.graph->startDrawing();
         }
-        const int pauses[] = {4, 9, 40, 1200}; // ms
+        const int pauses[] = {4, 9, 40, 600}; // ms
         qint64 next[4] = {Start, Start, Start, Start};
         int values[4] = {};
         qint64 now = Start;
@@ -484,21 +506,22 @@ private Q_SLOTS:
         inBoth([now](ShownGraph& chart) { chart.frame(now); });
         for (int frame = 0; frame < 1000; ++frame) {
             now += 37 + dice(7);
-            if (frame == 300 || frame == 500) {
-                const qint64 jump = frame == 300 ? -Hour : Hour;
+            if (frame == 600 || frame == 800) {
+                const qint64 jump = frame == 600 ? -Hour : Hour;
                 now += jump;
                 for (qint64& time : next)
                     time += jump;
             }
-            if (frame == 420)
+            if (frame == 720)
                 now -= 300; // the youngest samples are to come once more
             for (int curve = 0; curve < 4; ++curve) {
                 for (; next[curve] <= now; next[curve] += 1 + dice(2 * pauses[curve])) {
-                    values[curve] = qBound(-400, values[curve] + dice(41) - 20, 400);
+                    const int step = curve < 3 ? 20 : 800; // the last one has long, steep lines
+                    values[curve] = qBound(-400, values[curve] + dice(2 * step + 1) - step, 400);
                     take(curve, values[curve], next[curve]);
                 }
             }
-            if (frame % 97 == 50)
+            if (frame > 600 && frame % 97 == 50)           // and with it no picture
                 take(dice(4), dice(800) - 400, now - 120); // late
             if (frame % 150 == 100)
                 inBoth([](ShownGraph& chart) { chart.graph->stopDrawing(); });
@@ -528,6 +551,38 @@ private Q_SLOTS:
                 }
             }
             QVERIFY2(pictures[0] == pictures[1], qPrintable(QString("frame %1").arg(frame)));
+            const int difference = greatestDifference(pictures[0], rendered(charts[0]));
+            QVERIFY2(difference < 10,
+                     qPrintable(QString("frame %1: %2").arg(frame).arg(difference)));
+        }
+    }
+
+    /// Its curves' lines are a picture of their graph, but not when one is painted alone.
+    void itemsPaintedAlone()
+    {
+        ShownGraph chart({420, 260});
+        chart.addCurves(2);
+        chart.graph->startDrawing();
+        chart.graph->setDataPointsEnabled(false);
+        for (int i = 0; i < 2000; i += 4) {
+            chart.take(1, i % 100, Start + i);
+            chart.take(2, 50, Start + i);
+        }
+        QGraphicsView second(chart.view()->scene());
+        for (int i = 0; i < 3; ++i) {
+            chart.frame(chart.time);
+            if (i == 2)
+                second.grab();
+            for (GraphItem* item : chart.items<GraphItem>()) {
+                QImage image(chart.view()->viewport()->size(), QImage::Format_RGB32);
+                image.fill(Qt::white);
+                const QImage empty = image.copy();
+                QPainter painter(&image);
+                painter.translate(item->pos());
+                item->paint(&painter, nullptr, nullptr);
+                QVERIFY(image != empty);
+            }
+            QCOMPARE(chart.paint(), chart.paint());
         }
     }
 
