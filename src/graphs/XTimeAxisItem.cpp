@@ -27,11 +27,13 @@ public:
 
     std::vector<QLine> ticks;
 
-    void setFont(const QFont& font)
+    /// \param height of the font on its device; fonts of two resolutions are equal
+    void setFont(const QFont& font, int height)
     {
-        if (font == m_font)
+        if (font == m_font && height == m_height)
             return;
         m_font = font;
+        m_height = height;
         m_values = {};
         m_seconds = {};
         m_caption = {};
@@ -77,6 +79,7 @@ private:
     }
 
     QFont m_font;
+    int m_height = 0;
     std::array<Label, TimeAxisGeometry::MaximumValueTicks> m_values;
     std::array<Label, 60> m_seconds;
     Label m_caption;
@@ -107,7 +110,7 @@ void XTimeAxisItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QW
     const TimeAxisGeometry geometry = this->geometry(fontHeight);
     m_leftMargin = m_maxTextWidth;
     m_topMargin = m_bottomMargin = 1.5 * fontHeight;
-    m_labels->setFont(painter->font());
+    m_labels->setFont(painter->font(), fontHeight);
     painter->setPen(m_pen);
     clipToDevice(painter);
     const int widest = drawValueAxis(painter, geometry);

@@ -395,6 +395,28 @@ private Q_SLOTS:
         }
     }
 
+    void axisOnDevices()
+    {
+        XTimeAxisItem axes[2];
+        QList<qreal> widths[2];
+        for (int k = 0; k < 2; ++k) {
+            axes[k].setSize(900, 600);
+            connect(&axes[k], &XTimeAxisItem::updateMaxTextWidth,
+                    [&widths, k](qreal width) { widths[k] << width; });
+        }
+        for (int dots : {96, 300}) { // per inch
+            QImage image(900, 600, QImage::Format_RGB32);
+            image.setDotsPerMeterX(qRound(dots / 0.0254));
+            image.setDotsPerMeterY(image.dotsPerMeterX());
+            QPainter painter(&image);
+            axes[0].paint(&painter, nullptr);
+            if (dots == 300) // by itself
+                axes[1].paint(&painter, nullptr);
+        }
+        QVERIFY(widths[0].at(1) > widths[0].at(0));
+        QCOMPARE(widths[0].at(1), widths[1].at(0));
+    }
+
     void captions()
     {
         GraphCaptionItem item;
