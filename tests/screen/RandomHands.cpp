@@ -200,7 +200,11 @@ private:
             closeAll();
             QApplication::exit(isFine() ? EXIT_SUCCESS : EXIT_FAILURE);
         } else if (m_gestures % GesturesARound == GesturesARound - 1) {
-            stop();
+            // What a release opens is open before STOP is looked for.
+            if (m_heldButton || !m_heldKey.isEmpty())
+                letGo();
+            else
+                stop();
         } else {
             gesture();
         }
