@@ -1,6 +1,5 @@
 #include "CapturePage.h"
 
-#include "Entries.h"
 #include "Fitting.h"
 #include "Instruction.h"
 #include "ModuleLink.h"
@@ -45,7 +44,6 @@ CapturePage::CapturePage(ModuleLink& link)
     m_panel->setMaxTargetTorque(axisParameter(Number::TargetCurrent).maximum);
     m_panel->setMaxTargetVelocity(axisParameter(Number::TargetVelocity).maximum);
     m_panel->updateTargetBounds();
-    Entries::actAtTheirEnd(m_panel, {QStringLiteral("sbMin"), QStringLiteral("sbMax")});
     connect(m_panel, &WRamDebug::measurementStarted, this, &CapturePage::begin);
     connect(m_panel, &WRamDebug::doDirectRequest, this, &CapturePage::answer);
     connect(m_panel->findChild<QPushButton*>(QStringLiteral("btnStop")), &QPushButton::clicked,

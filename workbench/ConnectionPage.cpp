@@ -4,7 +4,6 @@
 #include "Bytes.h"
 #include "CANConnection.h"
 #include "Connection.h"
-#include "Entries.h"
 #include "EthernetConnection.h"
 #include "ModuleLink.h"
 #include "SerialConnection.h"
@@ -150,7 +149,8 @@ QWidget* ConnectionPage::makeWeather()
     layout->addLayout(form);
     layout->addSpacing(30);
     layout->addWidget(m_counters, 1);
-    Entries::actAtTheirEnd(box, {loss->objectName(), delay->objectName()});
+    for (QSpinBox* weather : {loss, delay})
+        weather->setKeyboardTracking(false); // the "1" of a 1000 is a delay of its own
     return box;
 }
 

@@ -3,7 +3,6 @@
 #include "AppSettings.h"
 #include "Bytes.h"
 #include "Command.h"
-#include "Entries.h"
 #include "Graph.h"
 #include "Instruction.h"
 #include "ModuleLink.h"
@@ -79,8 +78,6 @@ GraphPage::GraphPage(const ModuleLink& link)
     m_graph->setYAxisCaption(tr("device units"));
     m_graph->setChartSelectorEnabled(true);
     m_graph->setAppSettingKey(settingsKey);
-    Entries::actAtTheirEnd(
-        this, {QStringLiteral("sbDelay"), QStringLiteral("sbMin"), QStringLiteral("sbMax")});
     m_controller->setMinimum(link.answerTime());
     m_graph->startDrawing(); // its panel says so from the start
 

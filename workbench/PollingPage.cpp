@@ -1,7 +1,6 @@
 #include "PollingPage.h"
 
 #include "Command.h"
-#include "Entries.h"
 #include "Fitting.h"
 #include "Instruction.h"
 #include "ModuleLink.h"
@@ -81,7 +80,6 @@ PollingPage::PollingPage(const ModuleLink& link)
 
     connect(m_firstAxis, &WTraceController::requestTraceCommand, this, &PollingPage::request);
     connect(m_secondAxis, &TraceController::requestTraceCommand, this, &PollingPage::request);
-    Entries::actAtTheirEnd(this, {QStringLiteral("sbDelay")});
     limitDelays();
     setAddress(1);
 }

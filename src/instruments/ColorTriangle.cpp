@@ -63,7 +63,7 @@ void ColorTriangle::setColor(const QColor& color)
     const int hue = color.hsvHue();
     // Dark colours of one RGB value differ in hue and saturation, which the keys step through.
     const bool isOtherHsv =
-        color.spec() == QColor::Hsv &&
+        color == color.toHsv() && // given as such
         ((hue != -1 && hue != m_curHue) || color.hsvSaturation() != m_curColor.hsvSaturation() ||
          color.value() != m_curColor.value());
     if (!color.isValid() || (isSameColor(color, m_curColor) && !isOtherHsv))
