@@ -30,38 +30,62 @@ function(axr_target target)
     endforeach()
 endfunction()
 
-# axr_library(<name> [HEADERS ...] [SOURCES ...] [FOLDERS ...]): a library that hosts link, with
-# export header, version and alias. HEADERS is also the list of what is installed.
+# All public headers of the build tree, flat as they are installed; a host that adds the tree sees
+# this folder and no other.
+set(AXR_PUBLIC_FOLDER "${PROJECT_BINARY_DIR}/include/AXRGui")
+
+# axr_library(<name>): a library that hosts link, with export header, version and alias, and without
+# sources yet; the rooms that follow in this folder and below it fill it.
 function(axr_library name)
-    cmake_parse_arguments(arg "" "" "HEADERS;SOURCES;FOLDERS" ${ARGN})
-    add_library(${name} ${arg_SOURCES} ${arg_HEADERS})
+    add_library(${name})
     add_library(AXRGui::${name} ALIAS ${name})
-    axr_target(${name} ${arg_FOLDERS})
-    axr_public(${name} ${name} ${arg_HEADERS})
+    axr_target(${name})
+    axr_public(${name})
+    set(AXR_LIBRARY ${name} PARENT_SCOPE)
+    set(AXR_COMPILED ${name} PARENT_SCOPE)
 endfunction()
 
-# axr_public(<library> <compiled> <header>...): export header and install data of <library>, whose
-# sources are compiled in the target <compiled>.
-function(axr_public library compiled)
+# axr_public(<library>...): the export header and the install data of the first; it and the others,
+# which compile its sources, see the public headers.
+function(axr_public library)
     string(TOUPPER ${library} upper)
-    generate_export_header(${library}
-        BASE_NAME ${library} EXPORT_FILE_NAME "${PROJECT_BINARY_DIR}/include/${library}Export.h")
-    foreach(target IN ITEMS ${library} ${compiled})
+    set(export_header "${AXR_PUBLIC_FOLDER}/${library}Export.h")
+    generate_export_header(${library} BASE_NAME ${library} EXPORT_FILE_NAME "${export_header}")
+    foreach(target IN LISTS library ARGN)
         target_include_directories(${target} PUBLIC
-            $<BUILD_INTERFACE:${PROJECT_BINARY_DIR}/include>
+            $<BUILD_INTERFACE:${AXR_PUBLIC_FOLDER}>
             $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/AXRGui>)
         if(NOT BUILD_SHARED_LIBS)
             target_compile_definitions(${target} PUBLIC ${upper}_STATIC_DEFINE)
         endif()
     endforeach()
-    set(headers "${PROJECT_BINARY_DIR}/include/${library}Export.h")
-    foreach(header IN LISTS ARGN)
-        cmake_path(ABSOLUTE_PATH header)
-        list(APPEND headers "${header}")
-    endforeach()
     set_target_properties(${library} PROPERTIES
         VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
         INSTALL_RPATH "$ORIGIN" # the libraries are installed side by side
-        AXR_HEADERS "${headers}")
+        AXR_HEADERS "${export_header}")
     set_property(GLOBAL APPEND PROPERTY AXR_LIBRARIES ${library})
+endfunction()
+
+# axr_room([PUBLIC <class>...] [PRIVATE <class>...] [FORMS <form>...]): the classes of the calling
+# folder, each with those of <class>.h, <class>_p.h and <class>.cpp that exist, become part of the
+# library of the folder above. <class>.h of a public one is installed. The forms stand in
+# src/forms/<name of the calling folder>.
+function(axr_room)
+    cmake_parse_arguments(arg "" "" "PUBLIC;PRIVATE;FORMS" ${ARGN})
+    foreach(class IN LISTS arg_PUBLIC arg_PRIVATE)
+        file(GLOB files ${class}.h ${class}_p.h ${class}.cpp)
+        if(NOT files)
+            message(FATAL_ERROR "no class ${class} in ${CMAKE_CURRENT_SOURCE_DIR}")
+        endif()
+        target_sources(${AXR_COMPILED} PRIVATE ${files})
+    endforeach()
+    target_include_directories(${AXR_COMPILED} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
+    cmake_path(GET CMAKE_CURRENT_SOURCE_DIR FILENAME room)
+    list(TRANSFORM arg_FORMS REPLACE "(.+)" "${PROJECT_SOURCE_DIR}/src/forms/${room}/\\1.ui")
+    set_property(TARGET ${AXR_COMPILED} APPEND PROPERTY AXR_FORMS ${arg_FORMS})
+    foreach(class IN LISTS arg_PUBLIC)
+        set(header "${CMAKE_CURRENT_SOURCE_DIR}/${class}.h")
+        set_property(TARGET ${AXR_LIBRARY} APPEND PROPERTY AXR_HEADERS "${header}")
+        file(CREATE_LINK "${header}" "${AXR_PUBLIC_FOLDER}/${class}.h" COPY_ON_ERROR SYMBOLIC)
+    endforeach()
 endfunction()

@@ -110,10 +110,12 @@ private Q_SLOTS:
         QStringList shown;
         for (const GalleryWidget& widget : galleryWidgets())
             shown << widget.name;
-        const QStringList forms = QDir(AXR_FORMS).entryList({"*.ui"});
-        QVERIFY(!forms.isEmpty());
-        for (const QString& form : forms)
-            QVERIFY2(shown.contains(QFileInfo(form).baseName()), qPrintable(form));
+        QDirIterator forms(AXR_FORMS, {"*.ui"}, QDir::Files, QDirIterator::Subdirectories);
+        QVERIFY(forms.hasNext());
+        while (forms.hasNext()) {
+            const QString name = QFileInfo(forms.next()).baseName();
+            QVERIFY2(shown.contains(name), qPrintable(name));
+        }
     }
 
     void panels_data()
