@@ -3,6 +3,7 @@
 
 #include "AXRGuiExport.h"
 #include "MotorController.h"
+#include "TValue.h"
 
 #include <QColor>
 #include <QList>
@@ -12,12 +13,6 @@
 
 class CurveColumns;
 class SampleHistory;
-
-/// One sample of a curve.
-struct TValue {
-    double value = 0;
-    qint64 time = 0; ///< ms since the epoch, when the host got it
-};
 
 /// The stored samples of one curve of a ValueOverTimeGraph, which is told by its address, motor
 /// bank, command and type. It is the truth: what is drawn is made from it.

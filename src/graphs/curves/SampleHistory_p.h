@@ -1,8 +1,8 @@
 #ifndef SAMPLEHISTORY_P_H
 #define SAMPLEHISTORY_P_H
 
-#include "Graph.h"
 #include "Ring_p.h"
+#include "TValue.h"
 
 /// The samples of a curve in the order of their arrival. The extremes of all that are stored are
 /// known at any time without a walk: for each of them a queue holds the samples that are, or will

@@ -2,6 +2,7 @@
 
 #include "AppSettings.h"
 #include "BasicTools.h"
+#include "CurrentLook_p.h"
 #include "Logging.h"
 #include "MainStyleSheet_p.h"
 #include "MethodName.h"
@@ -300,10 +301,10 @@ QString MainAppStyle::setMainStyle(bool on, const QString& extraSheet, const QCo
     if (self) {
         if (on)
             sheet = target()->styleSheet();
-        windowBetweenLooks() = target()->window();
+        currentLook().windowBetweenLooks = target()->window();
         target()->setStyleSheet(QString());
     }
-    const auto isDressed = qScopeGuard([] { windowBetweenLooks() = nullptr; });
+    const auto isDressed = qScopeGuard([] { currentLook().windowBetweenLooks = nullptr; });
     if (!self)
         return result; // its end gave the application its own look back
     if (on) {
@@ -316,7 +317,7 @@ QString MainAppStyle::setMainStyle(bool on, const QString& extraSheet, const QCo
     }
     if (self)
         target()->setStyleSheet(sheet);
-    windowBetweenLooks() = nullptr; // before a host hears of the end
+    currentLook().windowBetweenLooks = nullptr; // before a host hears of the end
     const QColor now = QApplication::palette().color(QPalette::Text);
     if (self)
         followPalette(target());
@@ -359,7 +360,8 @@ void MainAppStyle::SetAppStyle(const QString& extraSheet, const QColor& backgrou
     setBaseStyle(QStringLiteral("cleanlooks"));
     const QPalette palette = mainPalette(background);
     QApplication::setPalette(palette);
-    qApp->setStyleSheet(mainStyleSheet(scrollBarStyleSheet(palette, false)) + extraSheet);
+    currentLook().darkBlueSheet = mainStyleSheet(scrollBarStyleSheet(palette, false));
+    qApp->setStyleSheet(currentLook().darkBlueSheet + extraSheet);
 }
 
 QString MainAppStyle::scrollBarStyleSheet(const QPalette& palette, bool hideArrows)

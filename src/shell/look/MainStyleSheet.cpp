@@ -289,14 +289,6 @@ QString scrollBarSheet(const QColor& track, const QColor& handle, bool hideArrow
         .arg(handle.name(), track.name());
 }
 
-bool isMainStyleOn() { return qApp->styleSheet().startsWith(text(spinBoxes)); }
-
-const QWidget*& windowBetweenLooks()
-{
-    static const QWidget* window = nullptr;
-    return window;
-}
-
 QString windowSheet()
 {
     return QStringLiteral(" QWidget{border-width: 2px; border-radius: 9px} \n QToolBar, QMenuBar, "

@@ -4,20 +4,11 @@
 #include <QString>
 
 class QColor;
-class QWidget;
 
 /// The application sheet of the dark blue look. Its order counts: of rules of one weight the later
 /// wins.
 /// \param scrollBars the rules of scroll bars, which have their place among the others
 QString mainStyleSheet(const QString& scrollBars);
-
-/// Whether the application's sheet is that of the dark blue look.
-bool isMainStyleOn();
-
-/// The window whose sheet is off for a moment while the look is switched, null otherwise. A font
-/// that is set now below it would be lost when the sheet comes back, for a sheet keeps what was set
-/// under it.
-const QWidget*& windowBetweenLooks();
 
 /// The rules of scroll bars. Only the arrows of vertical bars can be hidden.
 QString scrollBarSheet(const QColor& track, const QColor& handle, bool hideArrows);

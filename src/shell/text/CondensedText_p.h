@@ -36,7 +36,7 @@ public:
         const auto follow = {QEvent::LayoutRequest, QEvent::FontChange, QEvent::StyleChange,
                              QEvent::Polish};
         if (std::find(follow.begin(), follow.end(), event->type()) != follow.end()) {
-            if (m_panel->window() == windowBetweenLooks())
+            if (m_panel->window() == currentLook().windowBetweenLooks)
                 m_later.start();
             else
                 condense();

@@ -1,7 +1,7 @@
 #ifndef ROOMFORTEXT_P_H
 #define ROOMFORTEXT_P_H
 
-#include "MainStyleSheet_p.h"
+#include "CurrentLook_p.h"
 
 #include <QEvent>
 #include <QRegularExpression>
@@ -32,7 +32,7 @@ public:
     /// Whether sizes of a form hold for the widget as it is shown now.
     static bool formSizesHold(const QWidget* widget)
     {
-        return widget->font().pixelSize() <= FormFont && !isMainStyleOn(); // -1: in points
+        return widget->font().pixelSize() <= FormFont && !currentLook().isDarkBlue(); // -1: in points
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override

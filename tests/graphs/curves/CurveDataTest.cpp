@@ -1,4 +1,5 @@
 #include "CurveColumns_p.h"
+#include "Graph.h"
 #include "SampleHistory_p.h"
 #include "TestCase.h"
 
