@@ -16,6 +16,7 @@
 #include "RampPage.h"
 #include "RegistersPage.h"
 #include "SharedConstants.h"
+#include "ValueKey.h"
 #include "WheelFocus.h"
 
 #include <QApplication>
@@ -335,7 +336,7 @@ void Workbench::ask(const Command& request)
     });
     const auto isWaiting = [this, &request] {
         return std::any_of(m_withheld.begin(), m_withheld.end(),
-                           [&request](const Command& each) { return isSame(each, request); });
+                           [&request](const Command& each) { return isSameValue(each, request); });
     };
     if (!isEdited)
         m_link.read(request);

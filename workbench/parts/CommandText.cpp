@@ -70,14 +70,6 @@ bool isRead(const Command& request)
            (is(Instruction::RD) && recorderOperation(request.getType()).isRead);
 }
 
-bool isSame(const Command& one, const Command& other)
-{
-    return u8(one.getAddress()) == u8(other.getAddress()) &&
-           u8(one.getCommand()) == u8(other.getCommand()) &&
-           u8(one.getType()) == u8(other.getType()) &&
-           u8(one.getMotorBank()) == u8(other.getMotorBank());
-}
-
 QString requestText(const Command& request)
 {
     const char* bank = carries(request.getCommand(), Instruction::RD)

@@ -8,9 +8,6 @@ class Command;
 /// Whether the request only asks.
 bool isRead(const Command& request);
 
-/// Whether two requests, or a reply and a request, are about the same: all but the value.
-bool isSame(const Command& one, const Command& other);
-
 /// A request as an engineer writes it: "SAP 4 = 250, axis 0".
 QString requestText(const Command& request);
 

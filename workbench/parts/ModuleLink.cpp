@@ -3,6 +3,7 @@
 #include "CommandText.h"
 #include "Instruction.h"
 #include "ParameterTable.h"
+#include "ValueKey.h"
 
 #include <QPointer>
 
@@ -86,7 +87,7 @@ bool ModuleLink::isStop(const Command& request) const
 
 void ModuleLink::stop(const Command& request)
 {
-    if (!isOnItsWay(Lane::Stop) || !isSame(request, m_onItsWay->entry.request))
+    if (!isOnItsWay(Lane::Stop) || !isSameValue(request, m_onItsWay->entry.request))
         addOnce(Lane::Stop, request);
     tellOvertaken(
         takeCommands([&request](const Command& waiting) { return isMotion(waiting, request); }));
@@ -100,7 +101,9 @@ void ModuleLink::read(const Command& request)
 
 void ModuleLink::addOnce(Lane where, const Command& request)
 {
-    const auto same = [&request](const Entry& entry) { return isSame(entry.request, request); };
+    const auto same = [&request](const Entry& entry) {
+        return isSameValue(entry.request, request);
+    };
     auto& waiting = lane(where);
     if (std::none_of(waiting.begin(), waiting.end(), same))
         waiting.push_back({request});
@@ -177,10 +180,12 @@ void ModuleLink::doDirectRequest(Command* request, Command* reply)
         return;
     bool done = false;
     const QObject context;
-    const auto finish = [&](const Command& finished) { done = done || isSame(finished, direct); };
+    const auto finish = [&](const Command& finished) {
+        done = done || isSameValue(finished, direct);
+    };
     connect(this, &ModuleLink::answered, &context,
             [&](const Command& finished, const Command& answer) {
-                if (!done && isSame(finished, direct))
+                if (!done && isSameValue(finished, direct))
                     *reply = answer;
                 finish(finished);
             });
@@ -255,7 +260,7 @@ void ModuleLink::take(const Command& reply)
 {
     // What nobody waits for is foreign, late or a duplicate. A late answer cannot be told from the
     // wanted one when the same value was asked for again; it is then at most some time-outs old.
-    if (!isOpen() || !m_onItsWay || !isSame(reply, m_onItsWay->entry.request))
+    if (!isOpen() || !m_onItsWay || !isSameValue(reply, m_onItsWay->entry.request))
         return;
     const Entry entry = m_onItsWay->entry;
     if (m_onItsWay->lane == Lane::Stop && u8(reply.getStatus()) != StatusOk)

@@ -10,6 +10,7 @@
 #include "ScreenPicture.h"
 #include "Tour.h"
 #include "TourInput.h"
+#include "ValueKey.h"
 #include "ValueOverTimeGraph.h"
 #include "VelocityControl.h"
 #include "WTraceController.h"
@@ -45,19 +46,13 @@ struct Answer {
     Command reply;
 };
 
-bool belongs(const Graph& graph, const Command& reply)
-{
-    return graph.getCommand() == reply.getCommand() && graph.getType() == reply.getType() &&
-           graph.getMotorBank() == reply.getMotorBank() && graph.getAddress() == reply.getAddress();
-}
-
 /// The last `samples` of the graph against those of the answers that belong to it.
 bool isAsAnswered(const Graph& graph, const QVector<Answer>& answers, int* samples)
 {
     const QList<TValue> values = graph.getValues();
     QVector<Answer> own;
     std::copy_if(answers.begin(), answers.end(), std::back_inserter(own),
-                 [&graph](const Answer& answer) { return belongs(graph, answer.reply); });
+                 [&graph](const Answer& answer) { return isSameValue(graph, answer.reply); });
     *samples += own.size();
     return own.size() <= values.size() && !own.isEmpty() &&
            std::equal(own.begin(), own.end(), values.end() - own.size(),
@@ -263,7 +258,7 @@ void Tour::logCurves(ValueOverTimeGraph* graph)
                row.at(0).toLongLong() - rows.at(1).at(0).toLongLong() ==
                    answers.at(i - 1).time - answers.first().time;
         for (int column = 1; same && column < row.size(); ++column)
-            same = row.at(column) == (belongs(*curves.at(column - 1), reply)
+            same = row.at(column) == (isSameValue(*curves.at(column - 1), reply)
                                           ? QByteArray::number(reply.getValue())
                                           : QByteArray());
     }

@@ -4,6 +4,7 @@
 #include "CurveStrokes_p.h"
 #include "DrawerFrame_p.h"
 #include "ShortLock_p.h"
+#include "ValueKey.h"
 
 #include <QHelpEvent>
 #include <QPainter>
@@ -13,12 +14,6 @@
 
 namespace
 {
-
-bool isOf(const Chart& chart, char address, char motorBank, char command, char type)
-{
-    return chart.getAddress() == address && chart.getMotorBank() == motorBank &&
-           chart.getCommand() == command && chart.getType() == type;
-}
 
 int widestLabel(const QList<Chart*>& charts, const QFontMetrics& metrics)
 {
@@ -66,9 +61,8 @@ void DrawerArea::addChart(Chart* chart)
 void DrawerArea::removeChart(char address, char motorBank, char command, char type)
 {
     const auto lock = shortLock(m_chartsMutex);
-    const auto isWanted = [=](const Chart* chart) {
-        return isOf(*chart, address, motorBank, command, type);
-    };
+    const ValueKey key{address, command, type, motorBank};
+    const auto isWanted = [key](const Chart* chart) { return ValueKey::of(*chart) == key; };
     m_charts.erase(std::remove_if(m_charts.begin(), m_charts.end(), isWanted), m_charts.end());
 }
 
@@ -80,9 +74,10 @@ void DrawerArea::removeAllCharts()
 
 void DrawerArea::addTraceValue(char address, char motorBank, char command, char type, int value)
 {
+    const ValueKey key{address, command, type, motorBank};
     const auto lock = shortLock(m_chartsMutex);
     for (Chart* chart : qAsConst(m_charts)) {
-        if (isOf(*chart, address, motorBank, command, type))
+        if (ValueKey::of(*chart) == key)
             chart->addValue(value);
     }
 }

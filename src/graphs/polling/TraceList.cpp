@@ -1,19 +1,9 @@
 #include "TraceList_p.h"
 
 #include "TraceCommand.h"
+#include "ValueKey.h"
 
 #include <algorithm>
-
-namespace
-{
-
-bool isSameValue(const TraceCommand& a, const TraceCommand& b)
-{
-    return a.getAddress() == b.getAddress() && a.getCommand() == b.getCommand() &&
-           a.getType() == b.getType() && a.getMotorBank() == b.getMotorBank();
-}
-
-} // namespace
 
 TraceCommand* TraceList::find(const TraceCommand& wanted) const
 {

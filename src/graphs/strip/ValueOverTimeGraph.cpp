@@ -16,6 +16,7 @@
 #include "MethodName.h"
 #include "Numbers.h"
 #include "SelectionTable_p.h"
+#include "ValueKey.h"
 #include "XTimeAxisItem.h"
 #include "ui_ValueOverTimeGraph.h"
 
@@ -52,14 +53,6 @@ constexpr auto HighQualityAntialiasing = static_cast<QPainter::RenderHint>(0x08)
 // Beyond these, the extremes of the data do not count.
 constexpr double HighestMinimum = 214783647.0;
 constexpr double LowestMaximum = -214783648.0;
-
-/// Whether a Graph or GraphItem belongs to the value that the reply is for.
-template <class Curve>
-bool takes(const Curve& curve, const Command& reply)
-{
-    return curve.getAddress() == reply.getAddress() && curve.getCommand() == reply.getCommand() &&
-           curve.getMotorBank() == reply.getMotorBank() && curve.getType() == reply.getType();
-}
 
 CsvLine headerLine(const QList<Graph*>& graphs)
 {
@@ -431,7 +424,7 @@ void ValueOverTimeGraph::takeReply(const Command& reply, qint64 now)
     const double value = reply.getValue();
     for (int i = 0; i < m_graphs.size(); ++i) {
         Graph* graph = m_graphs.at(i);
-        if (!takes(*graph, reply))
+        if (!isSameValue(*graph, reply))
             continue;
         graph->store(value, now);
         if (!m_log)
@@ -441,7 +434,7 @@ void ValueOverTimeGraph::takeReply(const Command& reply, qint64 now)
         qCDebug(axrGraphs) << AXR_METHOD.constData() << "Logging:" << elapsed;
     }
     for (GraphItem* item : qAsConst(m_graphItems)) {
-        if (takes(*item, reply))
+        if (isSameValue(*item, reply))
             item->addValue(value, now);
     }
 }

@@ -32,7 +32,8 @@ public:
     /// Whether sizes of a form hold for the widget as it is shown now.
     static bool formSizesHold(const QWidget* widget)
     {
-        return widget->font().pixelSize() <= FormFont && !currentLook().isDarkBlue(); // -1: in points
+        return widget->font().pixelSize() <= FormFont &&
+               !currentLook().isDarkBlue(); // -1: in points
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override

@@ -7,6 +7,7 @@
 #include "Instruction.h"
 #include "ModuleLink.h"
 #include "ParameterTable.h"
+#include "ValueKey.h"
 #include "ValueOverTimeGraph.h"
 #include "WTraceController.h"
 
@@ -44,12 +45,6 @@ QString caption(int axis, const ParameterInfo& parameter)
     return QStringLiteral("%1 %2%3").arg(axis).arg(
         QString::fromUtf8(parameter.name),
         unit.isEmpty() ? QString() : QStringLiteral(" [%1]").arg(unit));
-}
-
-bool isAnswerTo(const Command& reply, const TraceCommand& wanted)
-{
-    return reply.getAddress() == wanted.getAddress() && reply.getCommand() == wanted.getCommand() &&
-           reply.getType() == wanted.getType() && reply.getMotorBank() == wanted.getMotorBank();
 }
 
 } // namespace
@@ -193,7 +188,7 @@ void GraphPage::take(const Command& reply)
     Command shown = reply;
     m_graph->IN_replyValue(&shown);
     m_answers += std::any_of(m_polled.begin(), m_polled.end(), [&reply](const TraceCommand& each) {
-        return isAnswerTo(reply, each);
+        return isSameValue(reply, each);
     });
 }
 

@@ -7,6 +7,7 @@
 #include "ParameterTable.h"
 #include "SimulatedModule.h"
 #include "TraceController.h"
+#include "ValueKey.h"
 #include "WTraceController.h"
 
 #include <QGroupBox>
@@ -26,12 +27,6 @@ bool isPolled(quint8 number)
 {
     return number == Number::ActualVelocity || number == Number::ActualPosition ||
            number == Number::ActualCurrent || number == Number::Temperature;
-}
-
-bool isAnswerTo(const Command& reply, const TraceCommand& wanted)
-{
-    return reply.getAddress() == wanted.getAddress() && reply.getCommand() == wanted.getCommand() &&
-           reply.getType() == wanted.getType() && reply.getMotorBank() == wanted.getMotorBank();
 }
 
 QTableWidgetItem* addCell(QTableWidget* table, int row, Column column, const QString& text)
@@ -127,7 +122,7 @@ void PollingPage::take(const Command& reply)
     if (u8(reply.getStatus()) != StatusOk)
         return;
     for (Value& value : m_values) {
-        if (!isAnswerTo(reply, value.command))
+        if (!isSameValue(reply, value.command))
             continue;
         value.reading->setText(QString::number(reply.getValue()));
         ++value.answers;

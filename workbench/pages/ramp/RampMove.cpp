@@ -4,6 +4,7 @@
 #include "Instruction.h"
 #include "ModuleLink.h"
 #include "ParameterTable.h"
+#include "ValueKey.h"
 
 namespace Number = AxisParameterNumber;
 
@@ -111,7 +112,7 @@ void RampMove::takeStep(const Command& reply)
         return;
     }
     const Step& step = m_steps.at(m_step);
-    if (!isSame(reply, step.request))
+    if (!isSameValue(reply, step.request))
         return;
     if (m_link.time() - m_stepSent > AnswerWithin)
         end(tr("the module answered too late"));
@@ -182,7 +183,7 @@ void RampMove::poll()
 
 void RampMove::takeGivenUp(const Command& request, const QString& reason)
 {
-    if (m_state == State::Preparing && isSame(request, m_steps.at(m_step).request))
+    if (m_state == State::Preparing && isSameValue(request, m_steps.at(m_step).request))
         end(reason);
 }
 
