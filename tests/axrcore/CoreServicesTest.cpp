@@ -157,7 +157,7 @@ private Q_SLOTS:
         }
         for (const auto state : {QIcon::Off, QIcon::On})
             QCOMPARE(colour(QIcon::Disabled, state), QColor(Qt::gray).name(QColor::HexArgb));
-        QCOMPARE(button.icon().availableSizes(), QList<QSize>({{16, 16}, {24, 24}}));
+        QVERIFY(button.icon().availableSizes(QIcon::Normal, QIcon::On).contains({24, 24}));
 
         // A symbol that scales stays sharp when the button's icons grow.
         button.setIcon(QIcon(":/MainButtons1/Up"));
