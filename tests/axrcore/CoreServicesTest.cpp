@@ -41,8 +41,8 @@ private Q_SLOTS:
         for (unsigned int id = 1; id <= 4; ++id) {
             workers.emplace_back(QThread::create([id] {
                 SysInfoObject::instance();
-                Global::instance()->registerThread(id, "early");
-                Global::instance()->registerThread(id, QString::number(id));
+                for (const QString name : {"early", "late"})
+                    Global::instance()->registerThread(id, name);
                 if (id > 1)
                     Global::instance()->unregisterThread(id);
             }));
@@ -50,26 +50,23 @@ private Q_SLOTS:
         }
         for (const auto& worker : workers)
             worker->wait();
-        for (const QObject* one :
-             {(QObject*)Global::instance(), (QObject*)SysInfoObject::instance()})
-            QCOMPARE(one->thread(), qApp->thread());
+        QCOMPARE(Global::instance()->thread(), qApp->thread());
+        QCOMPARE(SysInfoObject::instance()->thread(), qApp->thread());
         const auto threads = Global::instance()->registeredThreads();
         QCOMPARE(threads.keys(), QList<unsigned int>{1});
-        QCOMPARE(threads.value(1).name, QString("1"));
-        QVERIFY(qAbs(threads.value(1).started.secsTo(QDateTime::currentDateTime())) < 60);
+        QCOMPARE(threads.value(1).name, QString("late"));
         Global::instance()->unregisterThread(1);
         QVERIFY(Global::instance()->registeredThreads().isEmpty());
 
         QObject first;
-        first.setObjectName("one");
-        Global::instance()->addSelf(&first);
-        {
-            QObject second;
-            second.setObjectName("one");
-            Global::instance()->addSelf(&second);
-            QCOMPARE(Global::instance()->getSelf("one"), &second);
+        auto second = std::make_unique<QObject>();
+        for (QObject* each : {&first, second.get()}) {
+            each->setObjectName("one");
+            Global::instance()->addSelf(each);
         }
         Global::instance()->addSelf(nullptr);
+        QCOMPARE(Global::instance()->getSelf("one"), second.get());
+        second.reset();
         QVERIFY(!Global::instance()->getSelf("one"));
 
         QFile processor("/proc/cpuinfo");
@@ -81,44 +78,43 @@ private Q_SLOTS:
 
     void numbers()
     {
-        QCOMPARE(BasicTools::intInsertDot(1234567.0, 0), QString("1,234,567"));
-        QCOMPARE(BasicTools::intInsertDot(-123.0, 0), QString("-123"));
-        QCOMPARE(BasicTools::intInsertDot(-1234.5, 2), QString("-1,234.50"));
-        QCOMPARE(BasicTools::intInsertDot(-2147483647.0, 0), QString("-2,147,483,647"));
-        QCOMPARE(BasicTools::intInsertDot(-0.0001, 2), QString("0.00"));
-        QCOMPARE(BasicTools::intInsertDot(12.6, -3), QString("13"));
-        QCOMPARE(BasicTools::intInsertDot(HUGE_VAL, 1), QString("inf"));
-        QCOMPARE(BasicTools::iToInt(12345, 4, "", '0'), QString("12345"));
-        QCOMPARE(BasicTools::iToInt(7, 3, "n%1 ", ' '), QString("n%1   7"));
-        for (const QString& name : {QString("red"), QString("12:34"), QString(), QString("%1")})
-            QCOMPARE(Prefix::x(Prefix::add(name, 7)), name);
+        const QPair<QString, QString> rows[] = {
+            {BasicTools::intInsertDot(1234567.0, 0), "1,234,567"},
+            {BasicTools::intInsertDot(-123.0, 0), "-123"},
+            {BasicTools::intInsertDot(-1234.5, 2), "-1,234.50"},
+            {BasicTools::intInsertDot(-0.0001, 2), "0.00"},
+            {BasicTools::intInsertDot(12.6, -3), "13"},
+            {BasicTools::intInsertDot(HUGE_VAL, 1), "inf"},
+            {BasicTools::iToInt(12345, 4, "", '0'), "12345"},
+            {BasicTools::iToInt(7, 3, "n%1 ", ' '), "n%1   7"},
+            {Prefix::add("a%1", -1), "0000000000:a%1"},
+            {Prefix::x(Prefix::add("12:34", 119)), "12:34"},
+            {Prefix::x("0000000009:"), ""},
+            {Prefix::x("00000000x7:x"), "00000000x7:x"},
+            {Prefix::x("0000000007;x"), "0000000007;x"},
+            {Prefix::x("0000000007"), "0000000007"}};
+        for (const auto& [seen, wanted] : rows)
+            QCOMPARE(seen, wanted);
         QVERIFY(Prefix::add("z", 99) < Prefix::add("a", 100));
-        QCOMPARE(Prefix::add("a", -1), Prefix::add("a", 0));
-        for (const char* plain : {"plain", "0000000007;x", "00000000x7:x", "0000000007"})
-            QCOMPARE(Prefix::x(plain), QString(plain));
     }
 
     void axisLimits()
     {
         const int low = std::numeric_limits<int>::min();
         const int high = std::numeric_limits<int>::max();
-        const int rows[][4] = {{-100, 100, -100, 100},
-                               {0, 57, 0, 60},
-                               {50, 50, 49, 51},
-                               {57, 0, 0, 60},
-                               {3, 23, 0, 25},
-                               {0, 101, 0, 120},
-                               {0, 1000001, 0, 1200000},
-                               {0, 10, 0, 10},
-                               {low, high, low, high},
-                               {high, high, high - 1, high},
-                               {-1234, -1001, -1250, -1000}};
-        for (const auto& [from, to, niceFrom, niceTo] : rows) {
-            int min = from;
-            int max = to;
+        int rows[][4] = {{-100, 100, -100, 100},
+                         {57, 0, 0, 60},
+                         {50, 50, 49, 51},
+                         {3, 23, 0, 25},
+                         {0, 101, 0, 120},
+                         {0, 10, 0, 10},
+                         {low, high, low, high},
+                         {high, high, high - 1, high},
+                         {-1234, -1001, -1250, -1000}};
+        for (auto& [min, max, niceMin, niceMax] : rows) {
             for (int pass = 0; pass < 2; ++pass) {
                 BasicTools::adjustLinearAxis(min, max);
-                QCOMPARE(QPoint(min, max), QPoint(niceFrom, niceTo));
+                QCOMPARE(QPoint(min, max), QPoint(niceMin, niceMax));
             }
         }
     }
@@ -131,8 +127,8 @@ private Q_SLOTS:
         BasicTools::setSymbolColor(&symbol, Qt::blue, true, none);
         QCOMPARE(argb(symbol), QString("#800000ff"));
         QCOMPARE(symbol.devicePixelRatio(), 2.0);
-        BasicTools::setSymbolColor(&symbol, none, true, none); // changes nothing
         BasicTools::setSymbolColor(nullptr, Qt::red, true, none);
+        BasicTools::setSymbolColor(&symbol, none, true, Qt::red); // changes nothing
         QCOMPARE(argb(symbol), QString("#800000ff"));
         BasicTools::setSymbolColor(&symbol, Qt::blue, false, Qt::black);
         QCOMPARE(argb(symbol), QString("#ff000080"));
@@ -148,15 +144,11 @@ private Q_SLOTS:
         icon.addPixmap(filled(Qt::black, 24), QIcon::Normal, QIcon::On);
         QPushButton button(icon, "");
         BasicTools::setButtonIconsColor(&button, Qt::red, Qt::gray, Qt::green);
-        const auto colour = [&](QIcon::Mode mode, QIcon::State state) {
-            return argb(button.icon().pixmap(16, mode, state), 8);
-        };
-        for (const auto mode : {QIcon::Normal, QIcon::Active, QIcon::Selected}) {
-            QCOMPARE(colour(mode, QIcon::Off), QString("#ffff0000"));
-            QCOMPARE(colour(mode, QIcon::On), QString("#ff00ff00"));
-        }
-        for (const auto state : {QIcon::Off, QIcon::On})
-            QCOMPARE(colour(QIcon::Disabled, state), QColor(Qt::gray).name(QColor::HexArgb));
+        QString seen;
+        for (const auto mode : {QIcon::Normal, QIcon::Active, QIcon::Selected, QIcon::Disabled})
+            for (const auto state : {QIcon::Off, QIcon::On})
+                seen += argb(button.icon().pixmap(16, mode, state), 8).mid(3) + ' ';
+        QCOMPARE(seen, QString("ff0000 00ff00 ff0000 00ff00 ff0000 00ff00 a0a0a4 a0a0a4 "));
         QVERIFY(button.icon().availableSizes(QIcon::Normal, QIcon::On).contains({24, 24}));
 
         // A symbol that scales stays sharp when the button's icons grow.
@@ -193,45 +185,40 @@ private Q_SLOTS:
     {
         for (const bool isAgain : {false, true}) {
             QWidget window, other, twin;
-            window.setObjectName("window");
-            other.setObjectName("other");
-            twin.setObjectName("window");
             QWidget page(&window), firstPage(&window), secondPage(&window), panel(&window);
-            for (QWidget* named : {&firstPage, &secondPage})
-                named->setObjectName("page");
-            panel.setObjectName("a/b");
             // made in another order than what they are in
             QComboBox inTwin(&twin), inWindow(&window), second(&secondPage), first(&firstPage),
                 inPage(&page), unnamed(&window), unnamedToo(&window), slash(&panel), free, freeToo,
                 alone(&other);
-            for (QComboBox* box : {&inTwin, &inWindow, &inPage})
-                box->setObjectName("box");
+            for (QWidget* widget : {&window, &twin})
+                widget->setObjectName("window");
+            for (QWidget* widget : {&firstPage, &secondPage})
+                widget->setObjectName("page");
+            for (QWidget* widget : QWidgetList{&inTwin, &inWindow, &inPage})
+                widget->setObjectName("box");
+            other.setObjectName("other");
+            panel.setObjectName("a/b");
             secondPage.raise();
             firstPage.raise(); // the order of siblings is not that of their making
-            const QList<QPair<QComboBox*, QString>> keys = {
-                {&inTwin, "#3/window/box"},
-                {&inPage, "window/box"},
-                {&inWindow, "#2/window/box"},
-                {&second, "window/page#2/QComboBox"},
-                {&first, "window/page/QComboBox"},
-                {&unnamedToo, "window/QComboBox#2"},
-                {&unnamed, "window/QComboBox"},
-                {&slash, QString("window/a%1b/QComboBox").arg(SlashReplacement)},
-                {&freeToo, "#2/QComboBox"},
-                {&free, "QComboBox"},
-                {&alone, "other/QComboBox"}};
-            for (const auto& each : keys) {
-                QCOMPARE(AppSettings().restoreComboBoxCurrentText(each.first),
-                         isAgain ? each.second : QString());
-                each.first->addItem(each.second);
-                AppSettings().saveComboxCurrentText(each.first);
+            const QList<QComboBox*> boxes{&inTwin,  &inPage,     &inWindow, &second,
+                                          &first,   &unnamedToo, &unnamed,  &slash,
+                                          &freeToo, &free,       &alone};
+            const QString keys = "#3/window/box window/box #2/window/box window/page#2/QComboBox "
+                                 "window/page/QComboBox window/QComboBox#2 window/QComboBox "
+                                 "window/a/b/QComboBox #2/QComboBox QComboBox other/QComboBox";
+            for (int i = 0; i < boxes.size(); ++i) {
+                const QString key =
+                    keys.section(' ', i, i).replace("a/b", QString("a%1b").arg(SlashReplacement));
+                QCOMPARE(AppSettings().restoreComboBoxCurrentText(boxes.at(i)), isAgain ? key : "");
+                boxes.at(i)->addItem(key);
+                AppSettings().saveComboxCurrentText(boxes.at(i));
             }
             inTwin.setParent(&window); // beside its namesake
             twin.setObjectName("renamed");
-            for (const auto& each : keys) {
-                QCOMPARE(AppSettings().restoreComboBoxCurrentText(each.first), each.second);
-                QCOMPARE(AppSettings().value("ComboBoxes/" + each.second, QString()).toString(),
-                         each.second);
+            for (QComboBox* box : boxes) {
+                QCOMPARE(AppSettings().restoreComboBoxCurrentText(box), box->currentText());
+                QCOMPARE(AppSettings().value("ComboBoxes/" + box->currentText(), 0),
+                         box->currentText());
             }
         }
     }
@@ -239,20 +226,18 @@ private Q_SLOTS:
     void positionsStayOnScreen()
     {
         QWidget widget;
-        widget.move(10, 10);
-        AppSettings().restorePos(&widget, "pos");
-        QCOMPARE(widget.pos(), QPoint(10, 10));
-        AppSettings().setValue("pos", QPoint(40, 50));
-        AppSettings().restorePos(&widget, "pos");
-        QCOMPARE(widget.pos(), QPoint(40, 50));
         widget.move(60, 70);
-        AppSettings().savePos(&widget, "pos");
-        QCOMPARE(AppSettings().value("pos", 0), QVariant(QPoint(60, 70)));
-        for (const QVariant& bad : {QVariant(QPoint(-9000, 50)), QVariant("nonsense")}) {
-            AppSettings().setValue("pos", bad);
+        const QVector<QPair<QVariant, QPoint>> stored = {{{}, {60, 70}},
+                                                         {QPoint(40, 50), {40, 50}},
+                                                         {QPoint(-9000, 50), {40, 50}},
+                                                         {"nonsense", {40, 50}}};
+        for (const auto& [value, place] : stored) {
+            AppSettings().setValue("pos", value);
             AppSettings().restorePos(&widget, "pos");
-            QCOMPARE(widget.pos(), QPoint(60, 70));
+            QCOMPARE(widget.pos(), place);
         }
+        AppSettings().savePos(&widget, "pos");
+        QCOMPARE(AppSettings().value("pos", 0), QVariant(QPoint(40, 50)));
     }
 };
 

@@ -310,16 +310,16 @@ QMainWindow 4 4 #9AA9B6 QSplitter 9 9 veil 1 #9AA9B6 QSizeGrip 16 16 QToolTip 1 
 
     void storedSize()
     {
-        const QVector<QPair<QVariant, int>> stored = {{{}, 1}, {0, 0},    {3, 3},
-                                                      {-7, 0}, {2000, 3}, {"x", 0}};
-        for (const auto& each : stored) {
+        const QMap<QString, int> stored = {{"", 1},   {"0", 0},    {"3", 3},
+                                           {"-7", 0}, {"2000", 3}, {"x", 0}};
+        for (auto each = stored.begin(); each != stored.end(); ++each) {
             AppSettings().clear();
-            if (each.first.isValid())
-                AppSettings().setValue("Mainwindow/SizeButtonNr", each.first);
+            if (!each.key().isEmpty())
+                AppSettings().setValue("Mainwindow/SizeButtonNr", each.key());
             const Window all;
-            QVERIFY(all.sizes.at(each.second)->isChecked());
-            QCOMPARE(AppSettings().value("Mainwindow/SizeButtonNr", -1).toInt(), each.second);
-            QCOMPARE(all.window.styleSheet(), all.sizes.at(each.second)->styleSheet());
+            QVERIFY(all.sizes.at(each.value())->isChecked());
+            QCOMPARE(AppSettings().value("Mainwindow/SizeButtonNr", -1).toInt(), each.value());
+            QCOMPARE(all.window.styleSheet(), all.sizes.at(each.value())->styleSheet());
             QCOMPARE(all.style.objectName(), QString("setFontSize"));
         }
     }
