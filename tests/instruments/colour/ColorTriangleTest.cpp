@@ -183,19 +183,9 @@ private Q_SLOTS:
         QVERIFY(part.pixel(0, 0) == 0xFFFFFFFF && part.pixel(20, 39) != 0xFFFFFFFF);
     }
 
-    void colorsHaveTheirPlace()
+    /// An edge that lies level is one row with both its ends, whatever the trigonometry's noise.
+    void levelEdges()
     {
-        const G geometry = geometryOf(QSize(400, 400), G::angleOfHue(76));
-        const ColorTriangleFill fill = fillOf(geometry, QColor::fromHsv(76, 255, 255).rgb());
-        for (int saturation = 0; saturation <= 255; saturation += 17) {
-            for (int value = 0; value <= 255; value += 17) {
-                const QPointF at = geometry.position(saturation, value);
-                QVERIFY(outside(geometry, at) < 1e-9);
-                const QRgb wanted = QColor::fromHsv(76, saturation, value).rgb();
-                QVERIFY(difference(fill.colorAt(at), wanted) <= 3);
-            }
-        }
-        // An edge that lies level is one row with both its ends, whatever the trigonometry's noise.
         for (int hue = 0; hue < 360; hue += 60) {
             for (int side = 300; side < 312; ++side) {
                 const G g = geometryOf(QSize(side, side), G::angleOfHue(hue));
