@@ -7,9 +7,7 @@
 #include "SysInfoObject.h"
 #include "TestCase.h"
 
-#include <QComboBox>
-#include <QPushButton>
-#include <QThread>
+#include <QtWidgets>
 
 #include <cmath>
 

@@ -11,8 +11,7 @@
 #include "TestCase.h"
 #include "User.h"
 
-#include <QDialogButtonBox>
-#include <QTimer>
+#include <QtWidgets>
 
 namespace
 {
