@@ -22,9 +22,8 @@ constexpr quint8 SampleType = 3;
 
 } // namespace
 
-CapturePage::CapturePage(ModuleLink& link)
-    : Page(QStringLiteral("capture"), tr("Capture"))
-    , m_link(link)
+CapturePage::CapturePage(const PageContext& context)
+    : m_link(context.link)
     , m_panel(new WRamDebug)
     , m_start(m_panel->findChild<QPushButton*>(QStringLiteral("btnStart")))
 {

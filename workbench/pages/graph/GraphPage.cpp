@@ -49,9 +49,8 @@ QString caption(int axis, const ParameterInfo& parameter)
 
 } // namespace
 
-GraphPage::GraphPage(const ModuleLink& link)
-    : Page(QStringLiteral("graph"), tr("Graph"))
-    , m_link(link)
+GraphPage::GraphPage(const PageContext& context)
+    : m_link(context.link)
     , m_graph(new ValueOverTimeGraph(nullptr))
     , m_controller(new WTraceController)
     , m_rate(new QLabel)
@@ -73,7 +72,8 @@ GraphPage::GraphPage(const ModuleLink& link)
     m_graph->setYAxisCaption(tr("device units"));
     m_graph->setChartSelectorEnabled(true);
     m_graph->setAppSettingKey(settingsKey);
-    m_controller->setMinimum(link.answerTime());
+    m_controller->setMinimum(m_link.answerTime());
+    m_graph->setClock(context.clock);
     m_graph->startDrawing(); // its panel says so from the start
 
     const auto addKey = [this](const QKeySequence& key, const auto& action) {
@@ -91,8 +91,6 @@ GraphPage::GraphPage(const ModuleLink& link)
     connect(m_controller, &WTraceController::requestTraceCommand, this, &GraphPage::request);
     setAddress(m_address);
 }
-
-void GraphPage::setClock(const std::function<qint64()>& clock) { m_graph->setClock(clock); }
 
 void GraphPage::setAddress(char address)
 {
@@ -192,12 +190,15 @@ void GraphPage::take(const Command& reply)
     });
 }
 
-void GraphPage::showRate(int milliseconds)
+void GraphPage::frame(qint64 now)
 {
+    const int milliseconds = m_second.passed(now);
+    if (milliseconds == 0)
+        return;
+    const int curves = static_cast<int>(m_polled.size());
     m_controller->setMinimum(m_link.answerTime());
     const double rate = m_answers * 1000.0 / milliseconds;
-    m_rate->setText(tr("%1 values, each %2 times a second")
-                        .arg(curves())
-                        .arg(rate / qMax(1, curves()), 0, 'f', 1));
+    m_rate->setText(
+        tr("%1 values, each %2 times a second").arg(curves).arg(rate / qMax(1, curves), 0, 'f', 1));
     m_answers = 0;
 }
