@@ -6,6 +6,7 @@
 #include "Connection.h"
 #include "EthernetConnection.h"
 #include "ModuleLink.h"
+#include "PanelParts.h"
 #include "SerialConnection.h"
 #include "SimulatedLink.h"
 #include "SimulatedModule.h"
@@ -171,10 +172,7 @@ const ConnectionPage::LinkPanel& ConnectionPage::lastPanel() const
 
 QString ConnectionPage::lastLink() const { return lastPanel().name; }
 
-void ConnectionPage::connectLast()
-{
-    lastPanel().widget->findChild<QPushButton*>(QStringLiteral("btnConnect"))->click();
-}
+void ConnectionPage::connectLast() { PanelParts::connectButton(*lastPanel().widget)->click(); }
 
 void ConnectionPage::open(QWidget* panel, const QString& link, bool reachable, char address)
 {

@@ -6,6 +6,7 @@
 #include "Graph.h"
 #include "Instruction.h"
 #include "ModuleLink.h"
+#include "PanelParts.h"
 #include "ParameterTable.h"
 #include "ValueKey.h"
 #include "ValueOverTimeGraph.h"
@@ -13,7 +14,6 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QShortcut>
 
 #include <algorithm>
@@ -79,11 +79,7 @@ GraphPage::GraphPage(const PageContext& context)
     const auto addKey = [this](const QKeySequence& key, const auto& action) {
         connect(new QShortcut(key, this), &QShortcut::activated, this, action);
     };
-    addKey(Qt::CTRL + Qt::Key_Space, [this] {
-        auto* start = m_graph->findChild<QPushButton*>(QStringLiteral("btnStart"));
-        auto* stop = m_graph->findChild<QPushButton*>(QStringLiteral("btnStop"));
-        (start->isEnabled() ? start : stop)->click();
-    });
+    addKey(Qt::CTRL + Qt::Key_Space, [this] { PanelParts::pauseOrRun(*m_graph); });
     addKey(Qt::CTRL + Qt::Key_Delete, [this] { m_graph->clearValues(); });
 
     connect(m_graph, &ValueOverTimeGraph::graphSelectionChanged, this,

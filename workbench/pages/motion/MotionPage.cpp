@@ -4,6 +4,7 @@
 #include "Entries.h"
 #include "Fitting.h"
 #include "Instruction.h"
+#include "PanelParts.h"
 #include "ParameterTable.h"
 #include "PositionControl.h"
 #include "ShaftView.h"
@@ -71,7 +72,7 @@ void setUp(VelocityRampControl& panel)
     panel.setAccelerationCommandAndRange(toByte(Number::Acceleration), acceleration.minimum,
                                          acceleration.maximum);
     // The range moves the 0 that stands there; as an entry of nobody it would wait for Return.
-    for (SpinBox* box : panel.findChildren<SpinBox*>())
+    for (SpinBox* box : {PanelParts::maxVelocityBox(panel), PanelParts::accelerationBox(panel)})
         box->setValue(qRound(box->value()));
     panel.setEnableRampCommand(toByte(Number::EnableRamp));
     panel.setAccelerationCaption(QStringLiteral("Acceleration [rpm/s]"));
@@ -121,11 +122,9 @@ QWidget* MotionPage::makeAxis(int axis)
         m_panels << panel;
     }
     m_polled << velocity << current << position;
-    m_axes.push_back(
-        {position->findChild<QPushButton*>(QStringLiteral("btnMoveRelative")),
-         {{ramp->findChild<SpinBox*>(QStringLiteral("sbMaxVelocity")), quint8(Number::MaxVelocity)},
-          {ramp->findChild<SpinBox*>(QStringLiteral("sbAcceleration")),
-           quint8(Number::Acceleration)}}});
+    m_axes.push_back({PanelParts::moveRelativeButton(*position),
+                      {{PanelParts::maxVelocityBox(*ramp), quint8(Number::MaxVelocity)},
+                       {PanelParts::accelerationBox(*ramp), quint8(Number::Acceleration)}}});
     m_axes.back().moveRelative->setEnabled(false);
 
     auto* grid = new QGridLayout(frame);
