@@ -18,18 +18,6 @@ constexpr quint8 DigitalInputBank = 0;
 constexpr quint8 AnalogInputBank = 1;
 constexpr quint8 OutputBank = 2;
 
-// Types of RD.
-enum class RecorderType : quint8 {
-    BufferSize = 0,
-    Elements = 1,
-    Items = 2,
-    Sample = 3,
-    Arm = 4,
-    State = 6,
-    Mode = 7,
-    Interval = 9
-};
-
 Instruction instruction(const Command& request)
 {
     return static_cast<Instruction>(u8(request.getCommand()));
@@ -253,15 +241,15 @@ SimulatedModule::Answer SimulatedModule::record(const Command& request)
 {
     const int value = request.getValue();
     const quint8 bank = u8(request.getMotorBank());
-    const auto type = static_cast<RecorderType>(u8(request.getType()));
+    const auto type = static_cast<Recorder::Type>(u8(request.getType()));
     switch (type) {
-    case RecorderType::Sample: {
+    case Recorder::Type::Sample: {
         const auto& recorded = m_recorder.recorded();
         if (bank >= SimulatedRecorder::Items || !has(recorded, value))
             return {ReplyStatus::OutOfRange, value};
         return {ReplyStatus::Ok, recorded[size_t(value)][bank]};
     }
-    case RecorderType::Arm:
+    case Recorder::Type::Arm:
         if (bank >= SimulatedRecorder::Triggers)
             return {ReplyStatus::OutOfRange, value};
         m_recorder.arm(static_cast<SimulatedRecorder::Trigger>(bank), value);
@@ -272,21 +260,21 @@ SimulatedModule::Answer SimulatedModule::record(const Command& request)
     if (!has(m_axes, bank))
         return {ReplyStatus::UnknownBank, value};
     switch (type) {
-    case RecorderType::BufferSize:
+    case Recorder::Type::BufferSize:
         return {ReplyStatus::Ok, SimulatedRecorder::BufferSize};
-    case RecorderType::Elements:
+    case Recorder::Type::Elements:
         return {ReplyStatus::Ok, SimulatedRecorder::Elements};
-    case RecorderType::Items:
+    case Recorder::Type::Items:
         return {ReplyStatus::Ok, SimulatedRecorder::Items};
-    case RecorderType::State:
+    case Recorder::Type::State:
         return {ReplyStatus::Ok, int(m_recorder.state())};
-    case RecorderType::Mode:
+    case Recorder::Type::Mode:
         if (value < 0 || value >= SimulatedRecorder::Modes)
             return {ReplyStatus::OutOfRange, value};
         m_recorder.setAxis(bank);
         m_recorder.setMode(static_cast<SimulatedRecorder::Mode>(value));
         return {ReplyStatus::Ok, value};
-    case RecorderType::Interval:
+    case Recorder::Type::Interval:
         if (value < 1 || value > SimulatedRecorder::MaximumInterval)
             return {ReplyStatus::OutOfRange, value};
         m_recorder.setAxis(bank);

@@ -4,6 +4,7 @@
 #include "Instruction.h"
 #include "ModuleLink.h"
 #include "ParameterTable.h"
+#include "Recorder.h"
 #include "WRamDebug.h"
 
 #include <QGridLayout>
@@ -11,16 +12,6 @@
 #include <QVBoxLayout>
 
 namespace Number = AxisParameterNumber;
-
-namespace
-{
-
-// Types of RD.
-constexpr quint8 ElementsType = 1;
-constexpr quint8 ItemsType = 2;
-constexpr quint8 SampleType = 3;
-
-} // namespace
 
 CapturePage::CapturePage(ModuleLink& link)
     : Page(QStringLiteral("capture"), tr("Capture"))
@@ -137,12 +128,12 @@ void CapturePage::answer(Command* request, Command* reply)
 
 void CapturePage::count(const Command& request, const Command& reply)
 {
-    const quint8 type = u8(request.getType());
-    if (type == ElementsType && reply.isValid())
+    const char type = request.getType();
+    if (carries(type, Recorder::Type::Elements) && reply.isValid())
         m_elements = reply.getValue();
-    if (type == ItemsType && reply.isValid())
+    if (carries(type, Recorder::Type::Items) && reply.isValid())
         m_items = reply.getValue();
-    if (type != SampleType)
+    if (!carries(type, Recorder::Type::Sample))
         return;
     ++(reply.isValid() ? m_fetched : m_missing);
     emit progressed(m_fetched + m_missing, m_elements * m_items);
