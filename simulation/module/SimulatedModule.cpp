@@ -1,6 +1,5 @@
 #include "SimulatedModule.h"
 
-#include "Instruction.h"
 #include "Numbers.h"
 
 namespace N = AxisParameterNumber;
@@ -56,18 +55,19 @@ ReplyStatus permission(const ParameterInfo* info, Task task, int value)
     case Task::Get:
         return ReplyStatus::Ok;
     case Task::Set:
-        return info->access == Access::ReadOnly ? ReplyStatus::ReadOnly : inRange(*info, value);
+        return info->access == ParameterAccess::ReadOnly ? ReplyStatus::ReadOnly
+                                                         : inRange(*info, value);
     case Task::Store:
     case Task::Restore:
         break;
     }
-    return info->access == Access::Storable ? ReplyStatus::Ok : ReplyStatus::NotStorable;
+    return info->access == ParameterAccess::Storable ? ReplyStatus::Ok : ReplyStatus::NotStorable;
 }
 
 // The status, the value read or written: `read` and `write` reach the present values.
 template <class Read, class Write>
-std::pair<ReplyStatus, int> carryOut(const Command& request, ParameterMemory& memory, Read read,
-                                     Write write)
+std::pair<ReplyStatus, int> carryOut(const Command& request, Simulated::ParameterMemory& memory,
+                                     Read read, Write write)
 {
     const quint8 number = u8(request.getType());
     const Task what = task(instruction(request));
@@ -91,10 +91,9 @@ bool has(const Channels& channels, int channel)
 
 } // namespace
 
-static_assert(quint8(ReplyStatus::Ok) == StatusOk, "one number means success");
-
 SimulatedModule::SimulatedModule()
-    : m_banks{{{0, ParameterMemory(moduleParameters())}, {2, ParameterMemory(userVariables())}}}
+    : m_banks{{{0, Simulated::ParameterMemory::ofModule()},
+               {2, Simulated::ParameterMemory::ofUserVariables()}}}
 {
 }
 
@@ -223,10 +222,10 @@ SimulatedModule::Answer SimulatedModule::globalParameter(const Command& request)
     for (Bank& bank : m_banks) {
         if (bank.number != u8(request.getMotorBank()))
             continue;
-        ParameterMemory& values = bank.values;
-        const auto read = [&values, this](quint8 number) {
-            return values.info(number)->quantity == Quantity::UpTime ? toInt(m_upTime)
-                                                                     : values.value(number);
+        Simulated::ParameterMemory& values = bank.values;
+        const auto read = [&bank, this](quint8 number) {
+            const bool isUpTime = bank.number == 0 && number == ModuleParameterNumber::UpTime;
+            return isUpTime ? toInt(m_upTime) : bank.values.value(number);
         };
         const auto write = [&values](quint8 number, int written) {
             values.setValue(number, written);

@@ -3,7 +3,7 @@
 #include "CommandText.h"
 #include "Connection.h"
 #include "GalleryWidgets.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "PositionControl.h"
 #include "SpinBox.h"
 #include "TestCase.h"

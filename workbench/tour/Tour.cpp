@@ -10,7 +10,7 @@
 #include "GraphPage.h"
 #include "Instruction.h"
 #include "MarkerItem.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "ParametersPage.h"
 #include "PollingPage.h"
 #include "PositionControl.h"
@@ -347,7 +347,7 @@ void Tour::editParameter()
 {
     m_bench.showPage(QStringLiteral("parameters"));
     int row = 0;
-    for (const ParameterInfo& parameter : axisParameters()) {
+    for (const ParameterInfo& parameter : AxisParameters) {
         if (parameter.number == Number::Acceleration)
             break;
         ++row;

@@ -4,7 +4,7 @@
 #include "Chart.h"
 #include "DrawerArea.h"
 #include "Global.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "Recorder.h"
 #include "ScreenPicture.h"
 #include "SimpleScaledDrawer.h"
@@ -254,9 +254,9 @@ void Tour::captureInBadWeather()
     const QList<Chart*>& charts = *page->findChild<SimpleScaledDrawer*>()->getCharts();
     auto* log = m_bench.findChild<QPlainTextEdit*>();
     SimulatedLink& wire = m_bench.link().wire();
-    const Weather before = wire.weather();
+    const Simulated::Weather before = wire.weather();
     for (double loss : {0.05, 0.4}) {
-        Weather weather = before;
+        Simulated::Weather weather = before;
         weather.replyLoss = loss;
         wire.setWeather(weather);
         log->clear();

@@ -3,7 +3,7 @@
 #include "Fitting.h"
 #include "Instruction.h"
 #include "ModuleLink.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "Recorder.h"
 #include "WRamDebug.h"
 

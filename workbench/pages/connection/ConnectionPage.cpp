@@ -127,7 +127,7 @@ QWidget* ConnectionPage::makeWeather()
     delay->setSuffix(QStringLiteral(" ms"));
     delay->setValue(m_link.wire().weather().maximumDelay);
     const auto apply = [this, loss, delay] {
-        Weather weather = m_link.wire().weather();
+        Simulated::Weather weather = m_link.wire().weather();
         weather.replyLoss = loss->value() / 100.0;
         weather.minimumDelay = delay->value();
         weather.maximumDelay = delay->value();

@@ -4,7 +4,7 @@
 #include "Entries.h"
 #include "Fitting.h"
 #include "Instruction.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "PositionControl.h"
 #include "ShaftView.h"
 #include "SimulatedModule.h"
