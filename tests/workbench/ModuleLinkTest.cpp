@@ -1,7 +1,7 @@
 #include "ModuleLink.h"
 #include "CommandRecorder.h"
 #include "Instruction.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "TestCase.h"
 
 namespace Number = AxisParameterNumber;
@@ -16,7 +16,7 @@ Command request(Instruction instruction, int type, int value = 0, int axis = 0)
 
 /// A link, opened, with everything that it sends, takes and gives up.
 struct Traffic {
-    ModuleLink link{Weather()};
+    ModuleLink link{Simulated::Weather()};
     QStringList sent;
     QStringList answered;
     QStringList gaveUp;
@@ -54,7 +54,7 @@ private Q_SLOTS:
     void stopOvertakesAndDropsCommands()
     {
         Traffic traffic;
-        Weather slow;
+        Simulated::Weather slow;
         slow.minimumDelay = slow.maximumDelay = 20;
         traffic.link.wire().setWeather(slow);
         traffic.link.command(request(Instruction::ROR, 0, 500));
@@ -157,7 +157,7 @@ private Q_SLOTS:
     void badWeatherLosesNoRead()
     {
         ModuleLink link([] {
-            Weather weather;
+            Simulated::Weather weather;
             weather.seed = 5;
             weather.replyLoss = 0.2;
             weather.duplicate = 0.2;

@@ -2,7 +2,7 @@
 
 #include "CommandText.h"
 #include "Instruction.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "ValueKey.h"
 
 #include <QPointer>
@@ -42,7 +42,7 @@ bool isMotion(const Command& request, const Command& stop)
 
 } // namespace
 
-ModuleLink::ModuleLink(const Weather& weather, QObject* parent)
+ModuleLink::ModuleLink(const Simulated::Weather& weather, QObject* parent)
     : CommandHandlerInterface(parent), m_wire(m_module)
 {
     m_wire.setWeather(weather);

@@ -27,7 +27,7 @@ class ModuleLink : public CommandHandlerInterface
 public:
     enum class State { Closed, Answering, Silent };
 
-    explicit ModuleLink(const Weather& weather, QObject* parent = nullptr);
+    explicit ModuleLink(const Simulated::Weather& weather, QObject* parent = nullptr);
 
     State state() const { return m_state; }
     bool isOpen() const { return m_state != State::Closed; }

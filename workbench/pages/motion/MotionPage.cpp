@@ -5,7 +5,7 @@
 #include "Fitting.h"
 #include "Instruction.h"
 #include "PanelParts.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "PositionControl.h"
 #include "ShaftView.h"
 #include "SimulatedModule.h"

@@ -4,7 +4,7 @@
 #include "Fitting.h"
 #include "Instruction.h"
 #include "ModuleLink.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "SimulatedModule.h"
 #include "TraceController.h"
 #include "ValueKey.h"
@@ -85,7 +85,7 @@ void PollingPage::setAddress(char address)
     m_values.clear();
     m_table->setRowCount(0);
     for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
-        for (const ParameterInfo& parameter : axisParameters()) {
+        for (const ParameterInfo& parameter : AxisParameters) {
             if (!isPolled(parameter.number))
                 continue;
             const QString name = QString::fromUtf8(parameter.name);
