@@ -2,24 +2,12 @@
 #define SIMULATEDMODULE_H
 
 #include "Command.h"
+#include "Instruction.h"
 #include "SimulatedAxis.h"
 #include "SimulatedRecorder.h"
 
 #include <array>
 #include <vector>
-
-/// Status byte of a reply. Everything but Ok is a failure, and a request that failed has changed
-/// nothing.
-enum class ReplyStatus : quint8 {
-    UnknownInstruction = 10,
-    UnknownType = 11, ///< No such parameter, channel or move type.
-    UnknownBank = 12, ///< No such axis or bank.
-    OutOfRange = 13,  ///< The value lies outside the parameter's range.
-    ReadOnly = 14,    ///< The parameter cannot be written.
-    NotStorable = 15, ///< The parameter cannot be stored or restored.
-    Fault = 16,       ///< The module could not carry it out; only bad weather says so.
-    Ok = 100
-};
 
 /// A module with two axes, as commands see it, on a virtual clock that only advance() moves.
 ///

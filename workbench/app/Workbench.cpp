@@ -22,7 +22,6 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
-#include <QDateTime>
 #include <QFile>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -74,7 +73,8 @@ QString extraSheet(bool isDark, int em)
 
 Workbench::Workbench(const WorkbenchOptions& options)
     : m_unattended(options.unattended())
-    , m_link(options.weather)
+    , m_wire(m_clock, options.weather)
+    , m_link(m_clock, m_wire, SimulatedWire::profile())
     , m_list(new QListWidget)
     , m_stack(new QStackedWidget)
     , m_strip(new QLabel)
@@ -82,12 +82,11 @@ Workbench::Workbench(const WorkbenchOptions& options)
     , m_notice(new QLabel)
     , m_progress(new QProgressBar)
     , m_rate(new QLabel)
-    , m_time(QDateTime::currentMSecsSinceEpoch())
     , m_theme(new QCheckBox(tr("Dark blue")))
     , m_style(std::make_unique<MainAppStyle>(this))
     , m_guard(this)
 {
-    m_link.wire().setSilent(options.silent);
+    simulator().setSilent(options.silent);
     setWindowTitle(tr("AXR workbench"));
     setWindowIcon(QIcon(QStringLiteral(":/Workbench/Icon")));
 
@@ -124,7 +123,8 @@ Workbench::Workbench(const WorkbenchOptions& options)
     connect(&m_link, &ModuleLink::stateChanged, this, &Workbench::showLinkState);
     connect(&m_link, &ModuleLink::answered, this, &Workbench::takeAnswer);
     connect(&m_link, &ModuleLink::gaveUp, this, &Workbench::takeFailure);
-    connect(&m_clock, &QTimer::timeout, this,
+    connect(&m_wire, &Wire::lost, this, &Workbench::tell);
+    connect(&m_timer, &QTimer::timeout, this,
             [this] { advance(static_cast<int>(qMin<qint64>(m_realTime.restart(), LongestStep))); });
     connect(&m_guard, &StopGuard::stop, this, &Workbench::stopAxes);
     WheelFocus::guard(this);
@@ -157,13 +157,11 @@ QStringList Workbench::pageNames()
 
 void Workbench::makePages()
 {
-    m_connection = new ConnectionPage(m_link);
+    m_connection = new ConnectionPage(m_link, simulator());
     m_console = new ConsolePage;
-    m_motion = new MotionPage(m_link.module());
+    m_motion = new MotionPage(simulator().module());
     m_polling = new PollingPage(m_link);
     m_graph = new GraphPage(m_link);
-    if (m_unattended)
-        m_graph->setClock([this] { return m_time; });
     m_pages = {m_connection,
                m_console,
                m_motion,
@@ -347,7 +345,7 @@ void Workbench::ask(const Command& request)
 void Workbench::startClock()
 {
     m_realTime.start();
-    m_clock.start(ClockInterval);
+    m_timer.start(ClockInterval);
 }
 
 void Workbench::advance(int milliseconds)
@@ -360,16 +358,17 @@ void Workbench::advance(int milliseconds)
 
 void Workbench::advanceSlice(int milliseconds)
 {
-    m_time += milliseconds;
-    m_link.advance(milliseconds);
+    m_clock.advance(milliseconds);
     m_untilPoll -= milliseconds;
     if (m_untilPoll <= 0) {
         m_untilPoll = PollInterval;
         for (const Command& request : std::exchange(m_withheld, {}))
             ask(request);
-        if (m_link.isOpen() && m_link.pendingReads() <= m_graph->curves())
+        if (m_link.hasRoom(m_lastPoll)) {
+            m_lastPoll = m_clock.now();
             currentPage()->poll();
-        m_motion->showShafts(m_link.module());
+        }
+        m_motion->showShafts(simulator().module());
         showLinkState();
     }
     m_untilRate -= milliseconds;

@@ -1,7 +1,9 @@
 #ifndef WORKBENCH_H
 #define WORKBENCH_H
 
+#include "HostClock.h"
 #include "ModuleLink.h"
+#include "SimulatedWire.h"
 #include "StopGuard.h"
 #include "WorkbenchOptions.h"
 
@@ -44,8 +46,10 @@ public:
     void advance(int milliseconds);
 
     ModuleLink& link() { return m_link; }
-    /// Virtual time in ms since the epoch, which began when the workbench did.
-    qint64 time() const { return m_time; }
+    /// The module at the end of the link, and the weather on the way there.
+    SimulatedLink& simulator() { return m_wire.simulator(); }
+    /// Virtual time, which began when the workbench did.
+    HostClock& clock() { return m_clock; }
     /// Switches between the dark blue look and the desktop's own, and remembers it.
     void setTheme(bool on);
     /// The text of the strip that tells whether the module answers.
@@ -79,6 +83,8 @@ private:
     void showProgress(int done, int total);
 
     const bool m_unattended;
+    HostClock m_clock;
+    SimulatedWire m_wire;
     ModuleLink m_link;
     QString m_linkName;
     QList<Page*> m_pages;
@@ -95,10 +101,10 @@ private:
     QLabel* m_notice;
     QProgressBar* m_progress;
     QLabel* m_rate;
-    qint64 m_time; // ms since the epoch, on the virtual clock
-    QTimer m_clock;
+    QTimer m_timer;
     QElapsedTimer m_realTime;
     int m_untilPoll = 0;
+    qint64 m_lastPoll = 0; // ms, of the clock
     int m_untilRate = 0;
     int m_answersBefore = 0;
     QCheckBox* m_theme;

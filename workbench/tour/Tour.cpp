@@ -174,13 +174,13 @@ void Tour::setRamp()
         auto* box = find<SpinBox>(QString::fromLatin1(setting.box), ramp);
         expectNumber(
             QStringLiteral("%1 shows the module's value").arg(QString::fromLatin1(setting.box)),
-            [&] { return box->value(); }, m_bench.link().module().axis(0).read(setting.number), 0,
-            Settle);
+            [&] { return box->value(); }, m_bench.simulator().module().axis(0).read(setting.number),
+            0, Settle);
         type(box, QString::number(setting.value));
         expectNumber(
             QStringLiteral("type %1 and Return: the module's parameter").arg(setting.value),
-            [&] { return m_bench.link().module().axis(0).read(setting.number); }, setting.value, 0,
-            Settle);
+            [&] { return m_bench.simulator().module().axis(0).read(setting.number); },
+            setting.value, 0, Settle);
     }
 }
 
@@ -188,7 +188,7 @@ void Tour::turnAndStop()
 {
     const auto* panel = find<VelocityControl>(panelName("VelocityControl", 0));
     const auto* shown = find<QSpinBox>(QStringLiteral("sbActualVelocity"), panel);
-    const SimulatedModule& module = m_bench.link().module();
+    const SimulatedModule& module = m_bench.simulator().module();
     find<QSpinBox>(QStringLiteral("sbTargetVelocity"), panel)->setValue(qRound(Velocity));
     click(find<QPushButton>(QStringLiteral("btnRight"), panel));
     expectNumber(
@@ -229,7 +229,7 @@ void Tour::move()
     const auto* shown = find<QSpinBox>(QStringLiteral("sbActualPosition"), panel);
     auto* target = find<QSpinBox>(QStringLiteral("sbTargetPosition"), panel);
     auto* relativeTo = find<QComboBox>(QStringLiteral("cmbRelativeTo"), panel);
-    const SimulatedModule& module = m_bench.link().module();
+    const SimulatedModule& module = m_bench.simulator().module();
     const auto expectPosition = [&](const QString& done, int position) {
         expectNumber(
             done + QStringLiteral(": shown position"), [&] { return shown->value(); }, position, 0,
@@ -318,7 +318,7 @@ void Tour::sendRawInstructions()
 void Tour::stopByKey()
 {
     m_bench.showPage(QStringLiteral("motion"));
-    const SimulatedModule& module = m_bench.link().module();
+    const SimulatedModule& module = m_bench.simulator().module();
     for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
         const auto* panel = find<VelocityControl>(panelName("VelocityControl", axis));
         find<QSpinBox>(QStringLiteral("sbTargetVelocity"), panel)->setValue(qRound(Velocity));
@@ -358,7 +358,7 @@ void Tour::editParameter()
     type(box, QStringLiteral("3500"));
     expectNumber(
         QStringLiteral("parameters page, acceleration 3500 and Return: the module's value"),
-        [&] { return m_bench.link().module().axis(0).read(Number::Acceleration); }, 3500, 0,
+        [&] { return m_bench.simulator().module().axis(0).read(Number::Acceleration); }, 3500, 0,
         Settle);
     pass(1000);
     photograph(QStringLiteral("parameters"));
@@ -371,7 +371,7 @@ void Tour::pollValues()
         quint8 number;
         double tolerance; // while the axis turns
     };
-    const SimulatedModule& module = m_bench.link().module();
+    const SimulatedModule& module = m_bench.simulator().module();
     const double reaction = 2.0 * 4 * PollDelay / 60000.0; // min, two rounds of four values
     const double stepsPerTurn = module.axis(0).read(Number::EncoderSteps);
     const Row rows[] = {
@@ -548,7 +548,7 @@ void Tour::moveMarkers()
 void Tour::surviveSilence()
 {
     m_bench.showPage(QStringLiteral("motion"));
-    m_bench.link().wire().setSilent(true);
+    m_bench.simulator().setSilent(true);
     const bool told =
         wait(3000, [&] { return m_bench.linkText().contains(QStringLiteral("has not answered")); });
     check(QStringLiteral("the module falls silent"), QStringLiteral("a sign says so"),
@@ -557,14 +557,14 @@ void Tour::surviveSilence()
     click(find<QPushButton>(QStringLiteral("btnRight"), panel));
     pass(2000);
     photograph(QStringLiteral("motion"), QStringLiteral("silent"));
-    m_bench.link().wire().setSilent(false);
+    m_bench.simulator().setSilent(false);
     expectText(
         QStringLiteral("it comes back"), [&] { return m_bench.linkText(); },
         QStringLiteral("Connected: SIM1"), 3000);
     pass(2000);
     expectNumber(
         QStringLiteral("a turn asked for meanwhile is not made up for [rpm]"),
-        [&] { return m_bench.link().module().axis(0).velocity(); }, 0, 0.01, 0);
+        [&] { return m_bench.simulator().module().axis(0).velocity(); }, 0, 0.01, 0);
 }
 
 void Tour::disconnect()

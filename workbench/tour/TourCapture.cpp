@@ -112,7 +112,7 @@ void Tour::awaitCapture()
 bool Tour::captureIsTrue(QString* seen) const
 {
     const auto* page = m_bench.findChild<CapturePage*>();
-    const auto& recorded = m_bench.link().module().recorder().recorded();
+    const auto& recorded = m_bench.simulator().module().recorder().recorded();
     const QList<Chart*> charts = *page->findChild<SimpleScaledDrawer*>()->getCharts();
     int samples = 0;
     bool same = recorded.size() == SimulatedRecorder::Elements && charts.size() >= ShownSeries;
@@ -146,7 +146,7 @@ void Tour::captureByEachTrigger()
         processUntil([page] { return page->fetched() > 0; }, RunWithin);
         const bool showsProgress = progress->isVisible();
         awaitCapture();
-        const auto& recorder = m_bench.link().module().recorder();
+        const auto& recorder = m_bench.simulator().module().recorder();
         QString seen;
         const bool same = captureIsTrue(&seen);
         const bool fired = same && holds(capture, recorder.recorded().front(), recorder.mode());
@@ -215,7 +215,7 @@ void Tour::stopCapture()
     const int shown = charts.first()->getValues().size();
     const bool isEven = shown - charts.last()->getValues().size() <= 1; // given up in an element
     pass(2 * Settle);
-    const bool stands = m_bench.link().module().axis(0).velocity() == 0;
+    const bool stands = m_bench.simulator().module().axis(0).velocity() == 0;
     check(QStringLiteral("stop a capture"),
           QStringLiteral("idle at once; some elements were fetched; the axis stands"),
           QStringLiteral("%1, %2 of %3 elements")
@@ -238,7 +238,7 @@ void Tour::captureInBadWeather()
     const auto* page = m_bench.findChild<CapturePage*>();
     const QList<Chart*>& charts = *page->findChild<SimpleScaledDrawer*>()->getCharts();
     auto* log = m_bench.findChild<QPlainTextEdit*>();
-    SimulatedLink& wire = m_bench.link().wire();
+    SimulatedLink& wire = m_bench.simulator();
     const Weather before = wire.weather();
     for (double loss : {0.05, 0.4}) {
         Weather weather = before;
@@ -255,7 +255,7 @@ void Tour::captureInBadWeather()
             const QRegularExpressionMatch match = it.next();
             named << match.captured(1) + QLatin1Char('/') + match.captured(2);
         }
-        const auto& recorded = m_bench.link().module().recorder().recorded();
+        const auto& recorded = m_bench.simulator().module().recorder().recorded();
         bool same = recorded.size() == SimulatedRecorder::Elements &&
                     page->missing() == named.size() &&
                     page->fetched() + page->missing() == SimulatedRecorder::BufferSize;

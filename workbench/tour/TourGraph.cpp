@@ -77,7 +77,7 @@ void Tour::watchCurves()
     const QObject recorder;
     QObject::connect(&m_bench.link(), &ModuleLink::answered, &recorder,
                      [&](const Command&, const Command& reply) {
-                         answers.append({m_bench.time(), reply});
+                         answers.append({m_bench.clock().now(), reply});
                      });
     click(find<QPushButton>(QStringLiteral("btnStart"), controller));
     const bool ticked = passTicks(3000 / Step, {controller});
@@ -158,7 +158,7 @@ void Tour::expectCurvesAt(ValueOverTimeGraph* graph)
     }
     runLive(LiveTime / 5);
     const QImage picture = ScreenPicture::of(view->viewport());
-    const qint64 now = m_bench.time();
+    const qint64 now = m_bench.clock().now();
     for (QGraphicsItem* item : view->scene()->items()) {
         if (dynamic_cast<GraphItem*>(item))
             area = item->mapRectToScene(item->boundingRect());
@@ -241,7 +241,7 @@ void Tour::logCurves(ValueOverTimeGraph* graph)
         const QObject recorder;
         QObject::connect(&m_bench.link(), &ModuleLink::answered, &recorder,
                          [&](const Command&, const Command& reply) {
-                             answers.append({m_bench.time(), reply});
+                             answers.append({m_bench.clock().now(), reply});
                          });
         passTicks(500 / Step, {controller});
     }

@@ -54,7 +54,7 @@ void Tour::turnRamp()
                  shown(Distance)),
         0);
 
-    const SimulatedAxis& axis = m_bench.link().module().axis(0);
+    const SimulatedAxis& axis = m_bench.simulator().module().axis(0);
     const int start = axis.read(Number::ActualPosition);
     double peak = 0;
     double firstTurning = 0;

@@ -7,6 +7,7 @@
 #include "EthernetConnection.h"
 #include "ModuleLink.h"
 #include "SerialConnection.h"
+#include "SimulatedLink.h"
 #include "ZigBeeNode.h"
 
 #include <QCheckBox>
@@ -36,9 +37,10 @@ const QString lastLinkKey = QStringLiteral("Workbench/Link");
 
 } // namespace
 
-ConnectionPage::ConnectionPage(ModuleLink& link)
+ConnectionPage::ConnectionPage(const ModuleLink& link, SimulatedLink& simulator)
     : Page(QStringLiteral("connection"), tr("Connection"))
     , m_link(link)
+    , m_simulator(simulator)
     , m_connection(new Connection(this))
     , m_serial(new SerialConnection(this))
     , m_can(new CANConnection(this))
@@ -60,7 +62,7 @@ ConnectionPage::ConnectionPage(ModuleLink& link)
     layout->addWidget(makeWeather());
     layout->addStretch();
 
-    const char address = link.module().address();
+    const char address = link.profile().address;
     connect(m_connection, &Connection::openDevice, this, [this, address](const QString& port) {
         open(m_connection, port, port == usbPort, address);
     });
@@ -113,32 +115,32 @@ QWidget* ConnectionPage::makeWeather()
     auto* box = new QGroupBox(tr("Weather on the simulated link"));
     auto* silent = new QCheckBox(tr("The module is silent"));
     silent->setObjectName(QStringLiteral("cbSilent"));
-    silent->setChecked(m_link.wire().isSilent());
-    connect(silent, &QCheckBox::toggled, this, [this](bool on) { m_link.wire().setSilent(on); });
+    silent->setChecked(m_simulator.isSilent());
+    connect(silent, &QCheckBox::toggled, this, [this](bool on) { m_simulator.setSilent(on); });
 
     auto* loss = new QSpinBox;
     loss->setObjectName(QStringLiteral("sbLoss"));
     loss->setRange(0, 100);
     loss->setSuffix(QStringLiteral(" %"));
-    loss->setValue(qRound(m_link.wire().weather().replyLoss * 100));
+    loss->setValue(qRound(m_simulator.weather().replyLoss * 100));
     auto* delay = new QSpinBox;
     delay->setObjectName(QStringLiteral("sbDelay"));
     delay->setRange(0, 1000);
     delay->setSuffix(QStringLiteral(" ms"));
-    delay->setValue(m_link.wire().weather().maximumDelay);
+    delay->setValue(m_simulator.weather().maximumDelay);
     const auto apply = [this, loss, delay] {
-        Weather weather = m_link.wire().weather();
+        Weather weather = m_simulator.weather();
         weather.replyLoss = loss->value() / 100.0;
         weather.minimumDelay = delay->value();
         weather.maximumDelay = delay->value();
-        m_link.wire().setWeather(weather);
+        m_simulator.setWeather(weather);
     };
     connect(loss, QOverload<int>::of(&QSpinBox::valueChanged), this, apply);
     connect(delay, QOverload<int>::of(&QSpinBox::valueChanged), this, apply);
 
     auto* reset = new QPushButton(tr("Reset the module"));
     reset->setObjectName(QStringLiteral("btnReset"));
-    connect(reset, &QPushButton::clicked, this, [this] { m_link.wire().resetModule(); });
+    connect(reset, &QPushButton::clicked, this, [this] { m_simulator.resetModule(); });
 
     auto* form = new QFormLayout;
     form->addRow(silent);
@@ -196,7 +198,7 @@ void ConnectionPage::close()
 
 void ConnectionPage::showCounters()
 {
-    const SimulatedLink::Counters& counters = m_link.wire().counters();
+    const SimulatedLink::Counters& counters = m_simulator.counters();
     m_counters->setText(tr("%1 requests sent, %2 answered\n%3 requests and %4 replies lost\n"
                            "%5 duplicates, %6 late and %7 foreign replies")
                             .arg(counters.sent)

@@ -11,6 +11,7 @@ class EthernetConnection;
 class ModuleLink;
 class QLabel;
 class SerialConnection;
+class SimulatedLink;
 class ZigBeeNode;
 
 /// The four connection panels, in each of which the simulated module appears as a device, and the
@@ -19,7 +20,7 @@ class ConnectionPage : public Page
 {
     Q_OBJECT
 public:
-    explicit ConnectionPage(ModuleLink& link);
+    ConnectionPage(const ModuleLink& link, SimulatedLink& simulator);
 
     bool worksAlone() const override { return true; }
 
@@ -51,7 +52,8 @@ private:
     void open(QWidget* panel, const QString& link, bool reachable, char address);
     void close();
 
-    ModuleLink& m_link;
+    const ModuleLink& m_link;
+    SimulatedLink& m_simulator;
     Connection* m_connection;
     SerialConnection* m_serial;
     CANConnection* m_can;

@@ -72,6 +72,7 @@ GraphPage::GraphPage(const ModuleLink& link)
     m_graph->setWindowTitle(tr("Values of the module"));
     m_graph->setYAxisCaption(tr("device units"));
     m_graph->setChartSelectorEnabled(true);
+    m_graph->setClock([&link] { return link.time(); });
     m_graph->setAppSettingKey(settingsKey);
     m_controller->setMinimum(link.answerTime());
     m_graph->startDrawing(); // its panel says so from the start
@@ -92,8 +93,6 @@ GraphPage::GraphPage(const ModuleLink& link)
     setAddress(m_address);
 }
 
-void GraphPage::setClock(const std::function<qint64()>& clock) { m_graph->setClock(clock); }
-
 void GraphPage::setAddress(char address)
 {
     m_address = address;
@@ -109,16 +108,16 @@ void GraphPage::offerParameters(char address)
                                        const QString& name) {
         m_offered.emplace_back(address, toByte(instruction), toByte(type), toByte(bank), name);
     };
-    for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
+    for (int axis = 0; axis < m_link.profile().axes; ++axis) {
         for (const ParameterInfo& parameter : axisParameters())
             offer(Instruction::GAP, parameter.number, axis, caption(axis, parameter));
     }
     for (const ParameterInfo& variable : userVariables())
         offer(Instruction::GGP, variable.number, UserVariableBank,
               QString::fromUtf8(variable.name));
-    for (int port = 0; port < SimulatedModule::DigitalInputs; ++port)
+    for (int port = 0; port < m_link.profile().digitalInputs; ++port)
         offer(Instruction::GIO, port, DigitalBank, tr("Digital input %1").arg(port));
-    for (int port = 0; port < SimulatedModule::AnalogInputs; ++port)
+    for (int port = 0; port < m_link.profile().analogInputs; ++port)
         offer(Instruction::GIO, port, AnalogBank, tr("Analog input %1").arg(port));
     QList<TraceCommand*> offered;
     for (TraceCommand& command : m_offered)

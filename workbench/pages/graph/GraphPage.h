@@ -4,7 +4,6 @@
 #include "Page.h"
 #include "TraceCommand.h"
 
-#include <functional>
 #include <vector>
 
 class ModuleLink;
@@ -18,20 +17,16 @@ class GraphPage : public Page
 {
     Q_OBJECT
 public:
-    /// \param link tells whether there is a module to ask, and how often it can answer
+    /// \param link tells whether there is a module to ask, how often it can answer, and the time
     explicit GraphPage(const ModuleLink& link);
 
     void setAddress(char address) override;
     void refresh() override;
     void take(const Command& reply) override;
 
-    /// Lets the curves run on this clock, in ms since the epoch, instead of the wall clock.
-    void setClock(const std::function<qint64()>& clock);
     /// Shows the answers of the last `milliseconds`, which passed since the last call, as a rate,
     /// and keeps the delay at what the link can answer.
     void showRate(int milliseconds);
-    /// Number of curves: as many reads of this page wait at the most.
-    int curves() const { return static_cast<int>(m_polled.size()); }
 
 private:
     void offerParameters(char address);
@@ -39,6 +34,7 @@ private:
     void showDefaultCurves();
     void pollCurves();
     void request(const TraceCommand* wanted);
+    int curves() const { return static_cast<int>(m_polled.size()); }
 
     const ModuleLink& m_link;
     char m_address = 1;

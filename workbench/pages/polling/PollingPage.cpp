@@ -5,7 +5,6 @@
 #include "Instruction.h"
 #include "ModuleLink.h"
 #include "ParameterTable.h"
-#include "SimulatedModule.h"
 #include "TraceController.h"
 #include "ValueKey.h"
 #include "WTraceController.h"
@@ -85,7 +84,7 @@ void PollingPage::setAddress(char address)
     m_secondAxis->clearTraceCommands();
     m_values.clear();
     m_table->setRowCount(0);
-    for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
+    for (int axis = 0; axis < m_link.profile().axes; ++axis) {
         for (const ParameterInfo& parameter : axisParameters()) {
             if (!isPolled(parameter.number))
                 continue;

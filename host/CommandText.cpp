@@ -2,7 +2,6 @@
 
 #include "Command.h"
 #include "Instruction.h"
-#include "SimulatedModule.h"
 
 namespace
 {
