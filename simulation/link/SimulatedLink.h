@@ -53,8 +53,6 @@ public:
     /// The module must outlive the link.
     explicit SimulatedLink(SimulatedModule& module);
 
-    SimulatedModule& module() const { return m_module; }
-
     /// From the next request on, and the random sequence starts anew from the seed. Chances are
     /// limited to 0..1 (not a number: 0), times to 0..one hour, and the maximum delay is never
     /// below the minimum.

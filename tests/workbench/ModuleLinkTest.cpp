@@ -51,7 +51,7 @@ private Q_SLOTS:
         traffic.clock.advance(50);
         QCOMPARE(traffic.sent, QStringList({"1 5 11 0 777", "1 6 1 0 0", "1 6 3 0 0"}));
         QCOMPARE(traffic.answered, QStringList({"1 5 11 0 777", "1 6 1 0 0", "1 6 3 0 0"}));
-        QCOMPARE(traffic.wire.simulator().module().axis(0).read(Number::Acceleration), 777);
+        QCOMPARE(traffic.wire.module().axis(0).read(Number::Acceleration), 777);
     }
 
     void stopOvertakesAndDropsCommands()
@@ -59,7 +59,7 @@ private Q_SLOTS:
         Traffic traffic;
         Weather slow;
         slow.minimumDelay = slow.maximumDelay = 20;
-        traffic.wire.simulator().setWeather(slow);
+        traffic.wire.link().setWeather(slow);
         traffic.link.command(request(Instruction::ROR, 0, 500));
         traffic.clock.advance(2); // on its way
         traffic.link.command(request(Instruction::ROL, 0, 600, 1));
@@ -73,8 +73,8 @@ private Q_SLOTS:
         QVERIFY(!traffic.link.isStopping());
         QCOMPARE(traffic.sent, QStringList({"1 3 0 0 0", "1 3 0 1 0", "1 6 1 0 0"}));
         traffic.clock.advance(2000);
-        QCOMPARE(traffic.wire.simulator().module().axis(0).velocity(), 0.0);
-        QCOMPARE(traffic.wire.simulator().module().axis(1).velocity(), 0.0);
+        QCOMPARE(traffic.wire.module().axis(0).velocity(), 0.0);
+        QCOMPARE(traffic.wire.module().axis(1).velocity(), 0.0);
     }
 
     void stopOfOneAxisIsRepeatedAndDropsItsMotion()
@@ -82,7 +82,7 @@ private Q_SLOTS:
         Traffic traffic;
         traffic.link.command(request(Instruction::ROR, 0, 500));
         traffic.clock.advance(1000);
-        traffic.wire.simulator().setSilent(true);
+        traffic.wire.link().setSilent(true);
         const Command motions[] = {request(Instruction::ROR, 0, 600),
                                    request(Instruction::ROL, 0, 600),
                                    request(Instruction::MVP, 1, 9999),
@@ -100,12 +100,12 @@ private Q_SLOTS:
         QCOMPARE(traffic.gaveUp, lines);
         traffic.clock.advance(500);
         QVERIFY(traffic.link.isStopping());
-        traffic.wire.simulator().setSilent(false);
+        traffic.wire.link().setSilent(false);
         traffic.clock.advance(2000);
         QVERIFY(!traffic.link.isStopping());
-        QCOMPARE(traffic.wire.simulator().module().axis(0).velocity(), 0.0);
-        QCOMPARE(traffic.wire.simulator().module().axis(0).read(Number::Acceleration), 777);
-        QCOMPARE(qRound(traffic.wire.simulator().module().axis(1).velocity()), -600);
+        QCOMPARE(traffic.wire.module().axis(0).velocity(), 0.0);
+        QCOMPARE(traffic.wire.module().axis(0).read(Number::Acceleration), 777);
+        QCOMPARE(qRound(traffic.wire.module().axis(1).velocity()), -600);
     }
 
     void stopThatTheModuleCannotTakeBlocksNothing()
@@ -116,13 +116,13 @@ private Q_SLOTS:
         traffic.link.command(request(Instruction::SAP, Number::Acceleration, 777));
         traffic.clock.advance(200);
         QVERIFY(!traffic.link.isStopping());
-        QCOMPARE(traffic.wire.simulator().module().axis(0).read(Number::Acceleration), 777);
+        QCOMPARE(traffic.wire.module().axis(0).read(Number::Acceleration), 777);
     }
 
     void silentModule()
     {
         Traffic traffic;
-        traffic.wire.simulator().setSilent(true);
+        traffic.wire.link().setSilent(true);
         traffic.link.command(request(Instruction::ROR, 0, 500));
         traffic.link.read(request(Instruction::GAP, Number::ActualPosition));
         traffic.clock.advance(1000);
@@ -136,12 +136,12 @@ private Q_SLOTS:
         traffic.clock.advance(1500);
         QVERIFY(traffic.link.isStopping());
         QCOMPARE(traffic.gaveUp.last(), QString("1 1 0 0 700"));
-        traffic.wire.simulator().setSilent(false);
+        traffic.wire.link().setSilent(false);
         traffic.clock.advance(300);
         QVERIFY(!traffic.link.isStopping());
         QCOMPARE(traffic.link.state(), ModuleLink::State::Answering);
         QVERIFY(!traffic.sent.contains("1 1 0 0 700"));
-        QCOMPARE(traffic.wire.simulator().module().axis(0).velocity(), 0.0);
+        QCOMPARE(traffic.wire.module().axis(0).velocity(), 0.0);
     }
 
     void quietModuleIsAskedWhetherItAnswers()
@@ -149,10 +149,10 @@ private Q_SLOTS:
         Traffic traffic;
         traffic.clock.advance(1000);
         QVERIFY(traffic.sent.size() >= 3 && traffic.sent.size() <= 5);
-        traffic.wire.simulator().setSilent(true);
+        traffic.wire.link().setSilent(true);
         traffic.clock.advance(600);
         QCOMPARE(traffic.link.state(), ModuleLink::State::Silent);
-        traffic.wire.simulator().setSilent(false);
+        traffic.wire.link().setSilent(false);
         traffic.clock.advance(150);
         QCOMPARE(traffic.link.state(), ModuleLink::State::Answering);
     }
@@ -168,7 +168,7 @@ private Q_SLOTS:
         HostClock clock;
         SimulatedWire wire(clock, weather);
         ModuleLink link(clock, wire, SimulatedWire::profile());
-        wire.simulator().module().axis(0).write(Number::ActualPosition, 1234);
+        wire.module().axis(0).write(Number::ActualPosition, 1234);
         int right = 0;
         int wrong = 0;
         connect(&link, &ModuleLink::answered, this,
@@ -197,11 +197,10 @@ private Q_SLOTS:
         traffic.link.doDirectRequest(new Command(request(Instruction::GAP, Number::Acceleration)),
                                      &reply);
         QVERIFY(reply.isValid());
-        QCOMPARE(reply.getValue(),
-                 traffic.wire.simulator().module().axis(0).read(Number::Acceleration));
+        QCOMPARE(reply.getValue(), traffic.wire.module().axis(0).read(Number::Acceleration));
 
         Command none;
-        traffic.wire.simulator().setSilent(true);
+        traffic.wire.link().setSilent(true);
         traffic.link.doDirectRequest(new Command(request(Instruction::GAP, 1)), &none);
         QVERIFY(!none.isValid());
 
@@ -214,7 +213,7 @@ private Q_SLOTS:
         QCOMPARE(traffic.gaveUp, QStringList({"1 6 1 0 0", "1 142 4 0 0", "1 5 4 0 700"}));
 
         // a stop while it is on its way ends it
-        traffic.wire.simulator().setSilent(false);
+        traffic.wire.link().setSilent(false);
         const QObject context;
         connect(&traffic.link, &ModuleLink::sent, &context, [&traffic](const Command& request) {
             if (carries(request.getCommand(), Instruction::GAP))

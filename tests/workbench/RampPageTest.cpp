@@ -31,7 +31,7 @@ struct RampBench {
               Workbench::pageNames()))
         , page(bench.findChild<RampPage*>())
         , move(User::find<QPushButton>(page, "btnRampMove"))
-        , axis(bench.simulator().module().axis(0))
+        , axis(bench.simulator().module.axis(0))
     {
         QObject::connect(&bench.link(), &ModuleLink::sent, [this](const Command& request) {
             if (!isRead(request))
@@ -120,7 +120,7 @@ private Q_SLOTS:
         for (const auto& row : rows) {
             RampBench ramp;
             ramp.axis.write(row.number, row.value); // as another host would
-            ramp.bench.simulator().module().advance(500);
+            ramp.bench.simulator().module.advance(500);
             User::click(ramp.move);
             ramp.finish();
             QVERIFY2(ramp.shown("lblTurned").contains(row.reason), row.reason);
@@ -208,13 +208,13 @@ private Q_SLOTS:
             weather.replyLoss = 0.15;
             weather.failureStatus = 0.08;
             weather.duplicate = weather.foreignReply = weather.lateReply = 0.05;
-            ramp.bench.simulator().setWeather(weather);
+            ramp.bench.simulator().link.setWeather(weather);
             ramp.sent.clear();
             QVERIFY2(ramp.move->isEnabled(), where);
             User::click(ramp.move);
             ramp.finish();
             QVERIFY2(ramp.isIdle() && ramp.moves() <= 1, where);
-            ramp.bench.simulator().setWeather(Weather());
+            ramp.bench.simulator().link.setWeather(Weather());
             ramp.bench.advance(3000);
             QVERIFY2(isTaken && ramp.moves() <= 1, where);
             if (ramp.page->move().peak() > 0) {
@@ -232,10 +232,10 @@ private Q_SLOTS:
             User::click(ramp.move);
             ramp.bench.advance(after);
             const bool isMoving = ramp.page->move().state() == RampMove::State::Moving;
-            ramp.bench.simulator().setSilent(true);
+            ramp.bench.simulator().link.setSilent(true);
             ramp.bench.showPage("console"); // where the page is not polled
             ramp.bench.advance(5000);
-            ramp.bench.simulator().setSilent(false);
+            ramp.bench.simulator().link.setSilent(false);
             const int moves = ramp.moves();
             ramp.bench.advance(2000);
             ramp.bench.showPage("ramp");

@@ -100,7 +100,7 @@ const State states[] = {
      [](Bench& bench) {
          Weather slow;
          slow.minimumDelay = slow.maximumDelay = 80;
-         bench.simulator().setWeather(slow);
+         bench.simulator().link.setWeather(slow);
          bench.command(Instruction::ROR, 0, 2000);
          bench.advance(5);
          bench.command(Instruction::ROL, 0, 2000, 1);
@@ -112,7 +112,7 @@ const State states[] = {
          bench.advance(500);
          Weather slow;
          slow.minimumDelay = slow.maximumDelay = 20;
-         bench.simulator().setWeather(slow);
+         bench.simulator().link.setWeather(slow);
          User::click(User::find<QPushButton>(&bench, "btnRampMove"));
          bench.advance(30);
          QCOMPARE(bench.findChild<RampPage*>()->move().state(), RampMove::State::Preparing);
@@ -209,7 +209,7 @@ private:
             QCoreApplication::processEvents();
             bench.advance(50);
             for (int axis = 0; axis < SimulatedModule::Axes; ++axis)
-                QVERIFY2(bench.simulator().module().axis(axis).velocity() == 0,
+                QVERIFY2(bench.simulator().module.axis(axis).velocity() == 0,
                          qPrintable(bench.sent.join(", ")));
         }
     }

@@ -204,7 +204,7 @@ private Q_SLOTS:
         auto* move = User::find<QPushButton>(
             User::find<PositionControl>(&bench, "PositionControl1"), "btnMoveRelative");
         QVERIFY(!move->isEnabled());
-        bench.simulator().setSilent(false);
+        bench.simulator().link.setSilent(false);
         bench.advance(1000);
         QVERIFY(move->isEnabled());
     }
@@ -291,12 +291,12 @@ private Q_SLOTS:
         User::find<QSpinBox>(panel, "sbTargetVelocity")->setValue(300);
         User::click(User::find<QPushButton>(panel, "btnRight"));
         bench.advance(1000);
-        QCOMPARE(qRound(bench.simulator().module().axis(0).velocity()), 300);
+        QCOMPARE(qRound(bench.simulator().module.axis(0).velocity()), 300);
         for (const QString& page : Workbench::pageNames())
             QVERIFY(bench.showPage(page));
         QTest::keyClick(User::find<SpinBox>(&bench, "sbParameter"), Qt::Key_F12);
         bench.advance(1000);
-        QCOMPARE(bench.simulator().module().axis(0).velocity(), 0.0);
+        QCOMPARE(bench.simulator().module.axis(0).velocity(), 0.0);
     }
 
     void closingTheWindowEndsAJog()
@@ -308,10 +308,10 @@ private Q_SLOTS:
         User::find<QSpinBox>(panel, "sbTargetVelocity")->setValue(300);
         User::press(User::find<QPushButton>(panel, "btnJogLeft"));
         bench.advance(1000);
-        QCOMPARE(qRound(bench.simulator().module().axis(0).velocity()), -300);
+        QCOMPARE(qRound(bench.simulator().module.axis(0).velocity()), -300);
         bench.close();
         bench.clock().advance(1000);
-        QCOMPARE(bench.simulator().module().axis(0).velocity(), 0.0);
+        QCOMPARE(bench.simulator().module.axis(0).velocity(), 0.0);
     }
 
     void disconnectingFinishesTheStop()
@@ -319,12 +319,12 @@ private Q_SLOTS:
         Workbench bench(parse({"--photo", "x"}));
         bench.show();
         open(bench);
-        SimulatedAxis& axis = bench.simulator().module().axis(0);
+        SimulatedAxis& axis = bench.simulator().module.axis(0);
         axis.rotate(300);
         bench.advance(1000);
-        bench.simulator().setSilent(true);
+        bench.simulator().link.setSilent(true);
         bench.stopAxes(); // is not heard
-        bench.simulator().setSilent(false);
+        bench.simulator().link.setSilent(false);
         User::click(User::find<QPushButton>(bench.findChild<Connection*>(), "btnDisconnect"));
         QVERIFY(!bench.link().isOpen());
         bench.advance(1000);
@@ -417,10 +417,10 @@ private Q_SLOTS:
         bench.advance(2000);
         for (const QString& page : Workbench::pageNames()) {
             bench.showPage(page);
-            bench.simulator().setSilent(true);
+            bench.simulator().link.setSilent(true);
             bench.advance(1000);
             QVERIFY2(bench.linkText().contains("not answered"), qPrintable(page));
-            bench.simulator().setSilent(false);
+            bench.simulator().link.setSilent(false);
             bench.advance(1000);
             QVERIFY2(!bench.linkText().contains("not answered"), qPrintable(page));
         }
@@ -446,7 +446,7 @@ private Q_SLOTS:
         bench.show();
         open(bench);
         auto* table = User::find<QWidget>(&bench, "parameters")->findChild<QTableView*>();
-        bench.simulator().module().axis(0).rotate(500);
+        bench.simulator().module.axis(0).rotate(500);
         bench.advance(1500);
         const QModelIndex position = table->model()->index(1, 2);
         const int shown = position.data().toInt();
@@ -485,11 +485,11 @@ private Q_SLOTS:
         };
         leaveUnchanged();
         QVERIFY(!(maximum.flags() & Qt::ItemIsEditable));
-        sheet.bench.simulator().setSilent(false);
+        sheet.bench.simulator().link.setSilent(false);
         sheet.bench.advance(1500);
         QVERIFY(maximum.flags() & Qt::ItemIsEditable);
         leaveUnchanged();
-        sheet.bench.simulator().setSilent(true);
+        sheet.bench.simulator().link.setSilent(true);
         sheet.axis->setCurrentIndex(1);
         leaveUnchanged();
         QCOMPARE(sheet.writes, QStringList());
@@ -503,17 +503,17 @@ private Q_SLOTS:
         QTest::keyClick(sheet.box, Qt::Key_Return);
         QVERIFY(!sheet.box->isEnabled());
         QCOMPARE(sheet.box->styleSheet(), QString());
-        sheet.bench.simulator().setSilent(false);
+        sheet.bench.simulator().link.setSilent(false);
         sheet.bench.advance(1500);
         QVERIFY(sheet.box->isEnabled());
         QCOMPARE(sheet.box->value(), 5000.0);
         QTest::keyClick(sheet.box, Qt::Key_Return);
         sheet.bench.advance(500);
         QCOMPARE(sheet.writes, QStringList());
-        sheet.bench.simulator().setSilent(true);
+        sheet.bench.simulator().link.setSilent(true);
         sheet.axis->setCurrentIndex(1);
         QVERIFY(!sheet.box->isEnabled());
-        sheet.bench.simulator().setSilent(false);
+        sheet.bench.simulator().link.setSilent(false);
         sheet.bench.advance(1500);
         QVERIFY(sheet.box->isEnabled());
         sheet.table->setCurrentIndex(sheet.valueOf(AxisParameterNumber::ActualVelocity));
@@ -523,7 +523,7 @@ private Q_SLOTS:
     void typedDigitsStayWhileAnswersCome()
     {
         ParameterSheet sheet({});
-        SimulatedAxis& axis = sheet.bench.simulator().module().axis(0);
+        SimulatedAxis& axis = sheet.bench.simulator().module.axis(0);
         sheet.table->setCurrentIndex(sheet.valueOf(AxisParameterNumber::Acceleration));
         sheet.bench.advance(1500);
         const auto typeOver = [&sheet](const QString& text) {

@@ -19,8 +19,9 @@ public:
 
     /// What the simulated module is.
     static ModuleProfile profile();
-    /// The weather on the wire, and the module at its end, for those that steer them.
-    SimulatedLink& simulator() { return m_link; }
+    /// The module at the end of the wire, and the weather on it, for those that steer them.
+    SimulatedModule& module() { return m_module; }
+    SimulatedLink& link() { return m_link; }
 
     bool open() override;
     void close() override;

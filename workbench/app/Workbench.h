@@ -1,9 +1,12 @@
 #ifndef WORKBENCH_H
 #define WORKBENCH_H
 
+#include "Every.h"
 #include "HostClock.h"
 #include "ModuleLink.h"
+#include "PageContext.h"
 #include "SimulatedWire.h"
+#include "Simulator.h"
 #include "StopGuard.h"
 #include "WorkbenchOptions.h"
 
@@ -13,16 +16,11 @@
 
 #include <memory>
 
-class ConnectionPage;
-class ConsolePage;
-class GraphPage;
 class MainAppStyle;
-class MotionPage;
 class Page;
-class PollingPage;
+class PageList;
 class QCheckBox;
 class QLabel;
-class QListWidget;
 class QProgressBar;
 class QPushButton;
 class QStackedWidget;
@@ -45,9 +43,13 @@ public:
     /// Moves module and workbench on by virtual time.
     void advance(int milliseconds);
 
+    /// Opens the link that was used last.
+    void connectLast();
+
     ModuleLink& link() { return m_link; }
-    /// The module at the end of the link, and the weather on the way there.
-    SimulatedLink& simulator() { return m_wire.simulator(); }
+    const Simulator& simulator() const { return m_simulator; }
+    /// What the pages are made with.
+    PageContext context();
     /// Virtual time, which began when the workbench did.
     HostClock& clock() { return m_clock; }
     /// Switches between the dark blue look and the desktop's own, and remembers it.
@@ -72,6 +74,7 @@ private:
     void fitToFont(const QString& sizeSheet);
     void restoreWindow(const QString& page);
     Page* currentPage() const;
+    Page* connectionPage() const;
     void ask(const Command& request);
     void giveUp();
     void takeOpened(const QString& link, char address);
@@ -85,16 +88,12 @@ private:
     const bool m_unattended;
     HostClock m_clock;
     SimulatedWire m_wire;
+    const Simulator m_simulator;
     ModuleLink m_link;
     QString m_linkName;
     QList<Page*> m_pages;
-    ConnectionPage* m_connection = nullptr;
-    ConsolePage* m_console = nullptr;
-    MotionPage* m_motion = nullptr;
-    PollingPage* m_polling = nullptr;
-    GraphPage* m_graph = nullptr;
 
-    QListWidget* m_list;
+    PageList* m_list;
     QStackedWidget* m_stack;
     QLabel* m_strip;
     QPushButton* m_connect;
@@ -103,9 +102,9 @@ private:
     QLabel* m_rate;
     QTimer m_timer;
     QElapsedTimer m_realTime;
-    int m_untilPoll = 0;
+    int m_untilFrame = 0;
     qint64 m_lastPoll = 0; // ms, of the clock
-    int m_untilRate = 0;
+    Every m_second{1000};
     int m_answersBefore = 0;
     QCheckBox* m_theme;
     QString m_extraSheet; // of the look, for the font size
