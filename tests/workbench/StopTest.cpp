@@ -159,7 +159,6 @@ const State captures[] = {
                               context->disconnect();
                               context->deleteLater();
                               bench.stopAxes();
-                              bench.sent.clear();
                           });
          bench.startCapture(0, VelocityHigher, 3000);
          QVERIFY(bench.waitFor([&] { return bench.hasSent("MST"); }));

@@ -188,11 +188,11 @@ void GraphPage::take(const Command& reply)
 
 void GraphPage::frame(qint64 now)
 {
+    m_controller->setMinimum(m_link.answerTime());
     const int milliseconds = m_second.passed(now);
     if (milliseconds == 0)
         return;
     const int curves = static_cast<int>(m_polled.size());
-    m_controller->setMinimum(m_link.answerTime());
     const double rate = m_answers * 1000.0 / milliseconds;
     m_rate->setText(
         tr("%1 values, each %2 times a second").arg(curves).arg(rate / qMax(1, curves), 0, 'f', 1));

@@ -135,10 +135,10 @@ void PollingPage::limitDelays()
 
 void PollingPage::frame(qint64 now)
 {
+    limitDelays();
     const int milliseconds = m_second.passed(now);
     if (milliseconds == 0)
         return;
-    limitDelays();
     for (Value& value : m_values) {
         value.rate->setText(QString::number(value.answers * 1000.0 / milliseconds, 'f', 1));
         value.answers = 0;
