@@ -31,13 +31,24 @@ struct PanelRow {
     const char* script;
 };
 
+template <class Panel>
+auto updateOf(Panel* panel, int) -> decltype(panel->updateValues())
+{
+    panel->updateValues();
+}
+template <class Panel>
+void updateOf(Panel*, long)
+{
+    qFatal("a panel without updateValues()");
+}
+
 /// The row of a panel class that is made without arguments. A lambda as setUp takes Panel&.
 template <class Panel, class SetUp>
 PanelRow panelRow(const char* members, SetUp setUp, const char* script)
 {
     return {members, [] { return new Panel; },
             [setUp](QWidget* panel) { setUp(*static_cast<Panel*>(panel)); },
-            [](QWidget* panel) { static_cast<Panel*>(panel)->updateValues(); }, script};
+            [](QWidget* panel) { updateOf(static_cast<Panel*>(panel), 0); }, script};
 }
 
 /// Plays the script of a row, and shows and hides the panel, which does nothing. Further:
