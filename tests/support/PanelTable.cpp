@@ -236,7 +236,7 @@ private:
         return numbers;
     }
 
-    static void handle(QWidget* widget, const QString& verb, const QString& text)
+    void handle(QWidget* widget, const QString& verb, const QString& text)
     {
         if (verb == "click") {
             User::click(widget);
@@ -244,6 +244,12 @@ private:
             User::press(widget);
         } else if (verb == "release") {
             User::release(widget);
+        } else if (verb == "hold") {
+            User::press(widget);
+            for (const bool isEnabled : {false, true}) {
+                if (m_panel)
+                    m_panel->setEnabled(isEnabled);
+            }
         } else if (verb == "key") {
             QTest::keyClick(widget, Qt::Key(QKeySequence(text)[0]));
         } else if (verb == "choose") {
@@ -288,11 +294,14 @@ void checkPanel(const PanelRow& row)
         for (int k = 0; k < i; ++k)
             doomed.play(steps.at(k).gesture);
         const int count = doomed.endInside(step.gesture);
-        // One that is held is stopped by its end.
-        QVERIFY2(count == (step.gesture.endsWith(" press") ? 2 : 1), qPrintable(step.gesture));
+        // What is held is stopped by the panel's end.
+        const bool isHeld = step.gesture.contains(QRegularExpression(" (press|hold)$"));
+        QVERIFY2(count == (isHeld ? 2 : 1), qPrintable(step.gesture));
     }
     if (row.members)
         QCOMPARE(objects, QStringList());
+    for (const QWidget* field : player.panel()->findChildren<QWidget*>())
+        QVERIFY2(field->focusPolicy() != Qt::WheelFocus, qPrintable(field->objectName()));
     player.panel()->show();
     player.panel()->hide();
     QCOMPARE(player.effects(), QString());

@@ -20,9 +20,10 @@
 ///
 /// The steps: "set up", always the first; "update"; a slot of the panel with its arguments, of a
 /// Command its address, command, type, motor bank and value; a widget of the form with "click",
-/// "press", "release", "key" and its name, "type" and what replaces the whole text, or "choose" and
-/// the entry of a combo box. Changes are of value, text or check mark ("sbActual=77"), "tip",
-/// "suffix", "sheet", "title", "on", "off", "shown" and "hidden".
+/// "press", "release", "hold" for a press that lasts until the panel is disabled, "key" and its
+/// name, "type" and what replaces the whole text, or "choose" and the entry of a combo box. Changes
+/// are of value, text or check mark ("sbActual=77"), "tip", "suffix", "sheet", "title", "on",
+/// "off", "shown" and "hidden".
 struct PanelRow {
     const char* members; // null in a further row of the same class
     std::function<QWidget*()> make;
@@ -56,6 +57,7 @@ PanelRow panelRow(const char* members, SetUp setUp, const char* script)
 ///   of which has a step;
 /// - a reply that does something in the script does nothing when address, command, type, motor bank
 ///   or status is another one;
+/// - the wheel alone gives no field the focus;
 /// - a host may delete the panel inside the first signal of each step but "type".
 void checkPanel(const PanelRow& row);
 

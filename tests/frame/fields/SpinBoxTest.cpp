@@ -160,7 +160,9 @@ const struct {
         reply 1234: 1,|234 [617.00 rpm]
         reply 1234: 1,|234 [617.00 rpm]
         type 7: 7| [3.50 rpm] gold
-        key Return: [7] [3.50 rpm]; 7 was 1234, int 7)"},
+        key Return: [7] [3.50 rpm]; 7 was 1234, int 7
+        reply 1234: [1,234] [617.00 rpm]
+        reply 1234: [1,234] [617.00 rpm])"},
     {"real value, decimals", confirm,
      [](Box& box) { box.setUnitParameter(velocity(0.5), false, 10, 2); }, R"(
         reply 20: |20.00 [10.00 rpm]
@@ -302,17 +304,19 @@ private Q_SLOTS:
         QCOMPARE(box.maximum(), 2147483647.0);
         QCOMPARE(box.alignment(), Qt::AlignRight | Qt::AlignVCenter);
         QVERIFY(box.signalsBlocked() && !box.keyboardTracking());
+        QVERIFY(box.focusPolicy() != Qt::WheelFocus);
         Box result(SpinBox::Result);
         result.setMaximum(5);
-        QVERIFY(result.isReadOnly());
+        QVERIFY(result.isReadOnly() && result.contextMenuPolicy() == Qt::NoContextMenu);
         QCOMPARE(result.maximum(), 9.99e99);
         QCOMPARE(result.text(), QString("result: 0"));
-        QCOMPARE(result.contextMenuPolicy(), Qt::NoContextMenu);
         Box plain(SpinBox::NoDots);
-        QVERIFY(!qobject_cast<const DoubleValidator*>(plain.lineEdit()->validator()));
-        plain.setFlags(SpinBox::ChangedOnEnter);
-        QVERIFY(qobject_cast<const DoubleValidator*>(plain.lineEdit()->validator()));
-        QVERIFY(plain.signalsBlocked());
+        for (const bool isOurs : {false, true}) {
+            QCOMPARE(bool(qobject_cast<const DoubleValidator*>(plain.lineEdit()->validator())),
+                     isOurs);
+            QCOMPARE(plain.signalsBlocked(), isOurs);
+            plain.setFlags(SpinBox::ChangedOnEnter);
+        }
     }
 
     void story_data()
@@ -340,29 +344,31 @@ private Q_SLOTS:
 
     void editing()
     {
+        QLocale::setDefault(QLocale(QLocale::German)); // which marks its groups by points
         for (const auto& row : entries) {
             Box box(row.options);
             box.setDecimals(row.decimals);
             box.setRange(row.minimum, row.maximum);
             box.setSuffix(row.suffix);
             // a selection may reach into the suffix
-            const QString rest = QString(row.suffix).mid(strstr(row.start, " m]") ? 2 : 0);
-            box.write(row.start, rest);
+            box.write(row.start, QString(row.suffix).mid(strstr(row.start, " m]") ? 2 : 0));
             Qt::KeyboardModifiers modifiers;
             for (const QChar key : QString(row.keys)) {
-                if (key == '^')
-                    modifiers = Qt::ControlModifier;
-                else if (key == '<' || key == '>')
-                    QTest::keyPress(&box, key == '<' ? Qt::Key_Backspace : Qt::Key_Delete,
-                                    modifiers);
-                else if (key == '{')
-                    QTest::keyPress(&box, Qt::Key_Left);
-                else
+                const int special = QString("<>{^").indexOf(key);
+                if (special < 0)
                     User::type(&box, key);
+                else if (key == '^')
+                    modifiers = Qt::ControlModifier;
+                else
+                    QTest::keyPress(
+                        &box,
+                        (const Qt::Key[]){Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Left}[special],
+                        modifiers);
             }
             QCOMPARE(QString("%1: %2").arg(row.name, box.written()),
                      QString("%1: %2%3").arg(row.name, row.end, row.suffix));
         }
+        QLocale::setDefault(QLocale::c());
     }
 
     /// What the table of keys does not reach: texts that come as a whole.
@@ -379,16 +385,10 @@ private Q_SLOTS:
         } rows[] = {{plain, "---", "--- 2 0 3"},
                     {plain, "v5 12 m2", "v5 12 m2 2 2 3"},
                     {plain, "v5 -07 m2", "v5 -7 m2 1 0 3"},
-                    {plain, "v5 - m2", "v5 - m2 1 0 3"},
-                    {plain, "v5 1a2 m2", "v5 12 m2 1 0 2"},
                     {plain, "1000", "v5 1,000 m2 2 2 3"},
                     {plain, "-1000", "v5 -1,000 m2 2 2 3"},
                     {plain, "1001", "1001 1 1 3"},
                     {plain, "-1001", "-1001 1 1 3"},
-                    {cents, "12", "12.00 2 2 3"},
-                    {cents, "1.2", "0.12 1 0 2"},
-                    {cents, "-.2", "-.02 1 0 2"},
-                    {cents, ".", " 1 0 2"},
                     {cents, endless, endless + " 1 1 3"},
                     {asTyped, "0012", "0012 2 2 3"}};
         for (const auto& row : rows) {
@@ -400,23 +400,20 @@ private Q_SLOTS:
                          .arg(verdict.pos),
                      row.judged);
         }
-        QCOMPARE(cents.judge("a", 0).pos, 0);
     }
 
     void receiverMaySetTheValueInItsSignal()
     {
         Box box{SpinBox::Options()};
-        box.onWhole = [&box] { box.setValue(int(box.value())); }; // the same once more
+        box.onWhole = [&box] { box.setValue(box.value() < 6 ? 5 : 8); };
         box.setValue(5.0);
         QCOMPARE(box.takeSent(), QString("int 5, 5 was 0"));
-        box.onWhole = [&box] { box.setValue(8); };
         box.setValue(6.0);
         QCOMPARE(box.takeSent(), QString("int 6, int 8, 8 was 5"));
         box.onWhole = nullptr;
         box.valueToInt(2.5); // of somebody else
-        QCOMPARE(box.takeSent(), QString("int 3, 2.5 was 8"));
         box.externItemMouseReleased();
-        QCOMPARE(box.takeSent(), QString("int 8"));
+        QCOMPARE(box.takeSent(), QString("int 3, 2.5 was 8, int 8"));
         connect(&box, QOverload<double, double>::of(&SpinBox::valueChanged), &box,
                 [&box] { box.QDoubleSpinBox::setValue(3.0); });
         box.setValue(4.0);
@@ -426,21 +423,18 @@ private Q_SLOTS:
 
     void hostMayDeleteTheBoxInItsSignals()
     {
-        for (const char* step : {"host 5", "reply 5", "key Escape", "send"}) {
-            auto* box = new Box(*step == 's' ? confirm : SpinBox::ResetOnEscape);
-            {
-                const QSignalBlocker silent(box);
-                box->QDoubleSpinBox::setValue(3.0);
-            }
-            const QPointer<Box> doomed(box);
+        QKeyEvent escape(QEvent::KeyRelease, Qt::Key_Escape, Qt::NoModifier);
+        for (const QString step : {"host 5", "reply 5", "send", ""}) {
+            const QPointer<Box> box = new Box(step == "send" ? confirm : SpinBox::ResetOnEscape);
+            const bool wasBlocked = box->blockSignals(true);
+            box->QDoubleSpinBox::setValue(3.0);
+            box->blockSignals(wasBlocked);
             box->onWhole = [box] { delete box; };
-            if (QByteArray(step) == "key Escape") {
-                QKeyEvent release(QEvent::KeyRelease, Qt::Key_Escape, Qt::NoModifier);
-                QCoreApplication::sendEvent(box, &release);
-            } else {
+            if (step.isEmpty())
+                QCoreApplication::sendEvent(box, &escape);
+            else
                 box->doStep(step);
-            }
-            QVERIFY2(!doomed, step);
+            QVERIFY2(!box, qPrintable(step));
         }
     }
 
@@ -459,42 +453,35 @@ private Q_SLOTS:
         QCOMPARE(box.suffix(), QString(" [5.00 rpm]"));
         box.valueHasChanged(10);
         QCOMPARE(box.suffix(), QString(" [1220.70 rpm]"));
-        box.blockSignals(true);
-        box.setSuffix(" of the host");
-        box.setValue(30);
-        QCOMPARE(box.suffix(), QString(" of the host"));
+        User::type(&box, "7");
+        QVERIFY(box.hasEntry());
+        box.setPulseDivisorFactor(0);
+        QVERIFY(!box.hasEntry());
 
-        Parameter bare = velocity();
-        bare.unit.clear();
-        bare.minimum = -5;
-        SpinBox ranged;
-        for (const auto& [maximum, suffix] :
-             {std::pair(999, " [-5..999]"), std::pair(1000, ""), std::pair(0, "")}) {
+        Parameter bare = {"v", "", "", 1.0, 3, -5, 0, true};
+        for (const int maximum : {999, 1000, 0}) {
             bare.maximum = maximum;
-            ranged.setUnitParameter(bare, maximum == 1000, maximum, 0);
-            QCOMPARE(ranged.suffix(), QString(suffix));
-            QCOMPARE(ranged.maximum(), maximum ? maximum : 1000.0);
+            const bool isRaw = maximum == 1000;
+            QCOMPARE(box.setUnitParameter(bare, isRaw, maximum, 0), QString("v"));
+            QCOMPARE(box.suffix(), QString(maximum == 999 ? " [-5..999]" : ""));
+            QCOMPARE(box.maximum(), maximum ? maximum : 1000.0);
+            QCOMPARE(box.value(), isRaw ? 999.0 : maximum);
         }
-        QCOMPARE(ranged.value(), 0.0); // a raw display had left it at 999
-        QCOMPARE(ranged.setUnitParameter(Parameter(), false, 1, 0), QString());
-        QCOMPARE(ranged.text(), QString("---"));
-        QCOMPARE(ranged.maximum(), 1.0);
-        QCOMPARE(ranged.toolTip(), QString("no AP"));
-        ranged.setUnitParameter(velocity(), false, 1, 0);
-        QVERIFY(!ranged.isEnabled());
-        QCOMPARE(ranged.specialValueText(), QString("---"));
+        QCOMPARE(box.setUnitParameter(Parameter(), false, 1, 0), QString());
+        QCOMPARE(box.text() + box.toolTip(), QString("---no AP"));
+        box.setUnitParameter(velocity(), false, 1, 0);
+        QVERIFY(!box.isEnabled() && box.specialValueText() == "---");
 
         RealUnits units;
+        for (const auto& [format, suffix] :
+             {std::pair("%1 rpm", " rpm"), std::pair("%2", " [ %2]"), std::pair("[%]", " [%]")}) {
+            units.setFormat(format);
+            QCOMPARE(units.suffix(1), QString(suffix));
+        }
         units.setPulseDivisor(1);
         QCOMPARE(units.divided(1000), 1000 / 122.0703125);
         units.factor = 0;
         QCOMPARE(units.divided(1000), 1000.0);
-        for (const auto& [format, suffix] :
-             {std::pair("%1 rpm", " rpm"), std::pair("%2", " [ %2]"), std::pair("[%]", " [%]")}) {
-            units.factor = 1;
-            units.setFormat(format);
-            QCOMPARE(units.suffix(1), QString(suffix));
-        }
     }
 
     void toolTipOfTheRange()
@@ -504,44 +491,17 @@ private Q_SLOTS:
         box.show();
         QVERIFY(QTest::qWaitForWindowExposed(&box));
         box.doStep("type 6000");
-        const QString tip = QToolTip::text();
-        QVERIFY(tip.contains("<td colspan=\"3\"; align=\"center\">Value out of range</td>"));
-        QVERIFY(
-            tip.contains(" align=\"right\" style=\"color:navy; white-space:pre-wrap;\">5,000<"));
-        QVERIFY(tip.contains(">&#x2212;1,000<"));
-        QVERIFY(tip.contains(">Ctrl&#x2212;End <"));
+        for (const char* part :
+             {"<td colspan=\"3\"; align=\"center\">Value out of range</td>",
+              " align=\"right\" style=\"color:navy; white-space:pre-wrap;\">5,000<",
+              ">&#x2212;1,000<", ">Ctrl&#x2212;End <"})
+            QVERIFY2(QToolTip::text().contains(part), part);
         box.doStep("key Escape");
         QTRY_VERIFY(!QToolTip::isVisible());
         QToolTip::showText(QPoint(5, 5), "somebody else's");
         box.setValue(5);
         QCOMPARE(QToolTip::text(), QString("somebody else's"));
         QToolTip::hideText();
-    }
-
-    void readsBackInAnyLocale()
-    {
-        QLocale::setDefault(QLocale(QLocale::German));
-        Box box;
-        box.setDecimals(2);
-        QLocale::setDefault(QLocale::c());
-        box.write("1234567.89|");
-        box.sendValue();
-        QCOMPARE(box.value(), 1234567.89);
-    }
-
-    void repliesKeepCaretAndSelection()
-    {
-        Box box;
-        box.setUnitParameter(velocity(0.5), false, 10, 0);
-        box.selectAll();
-        for (int times = 0; times < 2; ++times) {
-            box.setValue(1234);
-            box.valueHasChanged(1234);
-            QCOMPARE(box.lineEdit()->selectedText(), QString("1,234"));
-        }
-        box.lineEdit()->setCursorPosition(3);
-        box.setValue(1234);
-        QCOMPARE(box.lineEdit()->cursorPosition(), 3);
     }
 
     void undoAndRedoSendNothing()
@@ -584,6 +544,7 @@ private Q_SLOTS:
         const QImage picture = box.grab().toImage();
         for (const QPoint& place : {QPoint(0, below), QPoint(199, below)})
             QCOMPARE(picture.pixelColor(place), QColor(Qt::blue));
+        User::drag(&box, {10, 5}, {60, below}); // begun in the field
         box.setReadOnly(true);
         User::drag(&box, {10, below}, {60, below});
         QCOMPARE(box.value(), 40.0);

@@ -44,11 +44,44 @@ void moveTo(QWidget* widget, QPoint place)
     QCoreApplication::sendEvent(widget, &move);
 }
 
-using End = std::function<void(Jog&)>;
+void tell(QWidget* widget, QEvent::Type type)
+{
+    QEvent event(type);
+    QCoreApplication::sendEvent(widget, &event);
+}
+
+/// What ends a press.
+const struct {
+    const char* name;
+    std::function<void(Jog&)> happens;
+} ends[] = {
+    {"panel hidden", [](Jog& jog) { jog.hide(); }},
+    {"box hidden", [](Jog& jog) { jog.box->hide(); }},
+    {"hidden", [](Jog& jog) { jog.button->hide(); }},
+    {"panel disabled", [](Jog& jog) { jog.setEnabled(false); }},
+    {"popup", [](Jog& jog) { QMenu("Menu", &jog).popup(jog.mapToGlobal(QPoint(0, 0))); }},
+    {"grab",
+     [](Jog& jog) {
+         jog.grabMouse();
+         tell(jog.button, QEvent::User);
+         jog.releaseMouse();
+     }},
+    {"let go over another", [](Jog& jog) { User::release(&jog); }},
+    {"let go beside",
+     [](Jog& jog) { QTest::mouseRelease(jog.button, Qt::LeftButton, {}, QPoint(-3, 5)); }},
+    {"second button", [](Jog& jog) { QTest::mousePress(jog.button, Qt::RightButton); }},
+    {"press elsewhere", [](Jog& jog) { User::press(jog.field); }},
+    {"pressed twice", [](Jog& jog) { User::press(jog.button); }},
+    {"Space", [](Jog& jog) { QTest::keyPress(jog.button, Qt::Key_Space); }},
+    {"Escape", [](Jog& jog) { QTest::keyClick(jog.button, Qt::Key_Escape); }},
+    {"window not active", [](Jog& jog) { tell(&jog, QEvent::WindowDeactivate); }},
+    {"window blocked", [](Jog& jog) { tell(&jog, QEvent::WindowBlocked); }},
+    {"touch cancelled", [](Jog& jog) { tell(&jog, QEvent::TouchCancel); }},
+    {"grab lost", [](Jog& jog) { tell(jog.button, QEvent::UngrabMouse); }},
+    {"focus lost", [](Jog& jog) { tell(jog.button, QEvent::FocusOut); }},
+};
 
 } // namespace
-
-Q_DECLARE_METATYPE(End)
 
 class HeldButtonTest : public TestCase
 {
@@ -61,66 +94,31 @@ class HeldButtonTest : public TestCase
 private Q_SLOTS:
     void endsWhenNobodyHoldsIt_data()
     {
-        QTest::addColumn<End>("end");
-        const auto row = [](const char* name, const End& end) { QTest::newRow(name) << end; };
-        const auto tell = [row](const char* name, QEvent::Type type, bool toWindow) {
-            row(name, [=](Jog& jog) {
-                QEvent event(type);
-                QCoreApplication::sendEvent(toWindow ? jog.window() : jog.button, &event);
-            });
-        };
-        row("panel hidden", [](Jog& jog) { jog.hide(); });
-        row("box hidden", [](Jog& jog) { jog.box->hide(); });
-        row("hidden", [](Jog& jog) { jog.button->hide(); });
-        row("panel disabled", [](Jog& jog) { jog.setEnabled(false); });
-        row("popup", [](Jog& jog) {
-            QMenu menu(&jog);
-            menu.addAction("Copy");
-            menu.popup(jog.mapToGlobal(QPoint(0, 0)));
-        });
-        row("grab", [](Jog& jog) {
-            jog.grabMouse();
-            QEvent any(QEvent::User);
-            QCoreApplication::sendEvent(jog.button, &any);
-            jog.releaseMouse();
-        });
-        row("let go over another", [](Jog& jog) { User::release(&jog); });
-        row("let go beside",
-            [](Jog& jog) { QTest::mouseRelease(jog.button, Qt::LeftButton, {}, QPoint(-3, 5)); });
-        row("second button", [](Jog& jog) { QTest::mousePress(jog.button, Qt::RightButton); });
-        row("press elsewhere", [](Jog& jog) { User::press(jog.field); });
-        row("pressed twice", [](Jog& jog) { User::press(jog.button); });
-        row("Space", [](Jog& jog) { QTest::keyPress(jog.button, Qt::Key_Space); });
-        row("Escape", [](Jog& jog) { QTest::keyClick(jog.button, Qt::Key_Escape); });
-        tell("window not active", QEvent::WindowDeactivate, true);
-        tell("window blocked", QEvent::WindowBlocked, true);
-        tell("touch cancelled", QEvent::TouchCancel, true);
-        tell("grab lost", QEvent::UngrabMouse, false);
-        tell("focus lost", QEvent::FocusOut, false);
+        QTest::addColumn<int>("index");
+        for (int i = 0; i < int(std::size(ends)); ++i)
+            QTest::newRow(ends[i].name) << i;
     }
     void endsWhenNobodyHoldsIt()
     {
-        QFETCH(End, end);
+        QFETCH(int, index);
         for (const bool byKey : {false, true}) {
             Jog jog(nullptr, &m_sent);
-            jog.button->setFocusPolicy(Qt::NoFocus); // its end is nothing that it could be told by
+            jog.button->setFocusPolicy(Qt::NoFocus); // so that no end of it ends the press, too
             jog.show();
             jog.activateWindow();
             QVERIFY(QTest::qWaitForWindowActive(&jog));
             byKey ? QTest::keyPress(jog.button, Qt::Key_Space) : User::press(jog.button);
             QKeyEvent repeat(QEvent::KeyPress, Qt::Key_Space, {}, " ", true);
             QCoreApplication::sendEvent(jog.button, &repeat);
-            QEvent ofAnother(QEvent::FocusOut);
-            QCoreApplication::sendEvent(jog.field, &ofAnother);
+            tell(jog.field, QEvent::FocusOut);
             moveTo(jog.button, QPoint(5, 5));
             QCOMPARE(takeSent(), QStringList("start"));
-            end(jog);
+            ends[index].happens(jog);
             QCOMPARE(takeSent(), QStringList("stop"));
             QVERIFY(!jog.button->isDown());
-            for (QWidget* widget :
-                 {static_cast<QWidget*>(&jog), jog.box, static_cast<QWidget*>(jog.button)})
-                widget->show();
             jog.setEnabled(true);
+            for (QWidget* widget : QWidgetList{&jog, jog.box, jog.button})
+                widget->show();
             // Still held: one pixel over the button must not start the axis again.
             moveTo(jog.button, QPoint(6, 5));
             byKey ? QTest::keyRelease(jog.button, Qt::Key_Space) : User::release(jog.button);
@@ -141,37 +139,34 @@ private Q_SLOTS:
         QCOMPARE(takeSent(), QStringList("start"));
         moveTo(jog.button, {-5, 5});
         QCOMPARE(takeSent(), QStringList("stop"));
-        QEvent inactive(QEvent::WindowDeactivate);
-        QCoreApplication::sendEvent(&jog, &inactive);
+        tell(&jog, QEvent::WindowDeactivate);
         moveTo(jog.button, {5, 5});
         User::release(jog.button);
         QCOMPARE(takeSent(), QStringList());
     }
 
-    /// A stop goes out while the host's window is still whole, where Qt lets it.
+    /// The stop goes out while the host's window is still whole, where Qt lets it.
     void endsWithPanelAndWindow()
     {
-        struct Window : QWidget {
-            explicit Window(QStringList* lines) : sent(lines) {}
-            ~Window() override { *sent << "gone"; }
-            QStringList* sent;
-        };
         for (const bool isLater : {false, true}) {
             for (const bool isWindow : {false, true}) {
-                QPointer<QWidget> window = new Window(&m_sent);
+                struct Window : QWidget {
+                    explicit Window(QStringList& lines) : sent(lines) {}
+                    QStringList& sent;
+                    ~Window() override { sent << "gone"; }
+                };
+                QPointer<QWidget> window = new Window(m_sent);
                 auto* jog = new Jog(window, &m_sent);
                 window->show();
                 User::press(jog->button);
-                QWidget* victim = isWindow ? window.data() : jog;
-                if (isLater) {
-                    victim->deleteLater();
+                QPointer<QWidget> victim = isWindow ? window.data() : jog;
+                victim->deleteLater();
+                if (isLater)
                     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-                } else {
-                    delete victim;
-                }
+                delete victim;
                 delete window;
-                QCOMPARE(takeSent(), isWindow && !isLater ? (QStringList{"start", "gone", "stop"})
-                                                          : (QStringList{"start", "stop", "gone"}));
+                QCOMPARE(takeSent().join(' '),
+                         QString(isWindow && !isLater ? "start gone stop" : "start stop gone"));
             }
         }
     }

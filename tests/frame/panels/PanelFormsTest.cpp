@@ -64,12 +64,10 @@ class DrivePanel : public AxisPanel
 public:
     DrivePanel() : AxisPanel(nullptr)
     {
-        m_box->setObjectName("box");
-        const QWidgetList fields = {m_number, m_waiting, m_clipped, m_switch, m_group, m_modes};
-        for (QWidget* field : fields) {
-            field->setParent(m_box);
-            field->setObjectName(QString("field%1").arg(fields.indexOf(field)));
-        }
+        int number = 200;
+        for (QWidget* field :
+             QWidgetList{m_number, m_waiting, m_clipped, m_switch, m_group, m_modes})
+            field->setObjectName(QString("field%1").arg(number++));
         m_number->setValue(1); // or it shows nothing until it is on the screen
         m_group->setCheckable(true);
         m_modes->addItems({"A", "B"});
@@ -85,10 +83,10 @@ public:
             m_parameters[i].setNumberAndRange(toByte(200 + i), -5, 5);
         m_parameters[2].setNumberAndRange(toByte(202), 9, 9);
     }
-    void setActive(bool isActive)
+    void disableSome()
     {
-        m_switch->setEnabled(isActive);
-        m_modes->setEnabled(isActive);
+        m_switch->setEnabled(false);
+        m_modes->setEnabled(false);
     }
 
 private:
@@ -102,12 +100,12 @@ private:
     }
 
     QGroupBox* m_box = new QGroupBox(this);
-    QSpinBox* m_number = new QSpinBox;
-    SpinBox* m_waiting = new SpinBox;
-    SpinBox* m_clipped = new SpinBox;
-    QCheckBox* m_switch = new QCheckBox;
-    QGroupBox* m_group = new QGroupBox;
-    QComboBox* m_modes = new QComboBox;
+    QSpinBox* m_number = new QSpinBox(m_box);
+    SpinBox* m_waiting = new SpinBox(m_box);
+    SpinBox* m_clipped = new SpinBox(m_box);
+    QCheckBox* m_switch = new QCheckBox(m_box);
+    QGroupBox* m_group = new QGroupBox(m_box);
+    QComboBox* m_modes = new QComboBox(m_box);
     AxisParameter m_parameters[6];
 };
 
@@ -159,23 +157,23 @@ private Q_SLOTS:
             Members::Axis, [](DrivePanel&) {}, R"(
             set up:
             update: 1 6 203 0 0; 1 6 200 0 0; 1 6 201 0 0; 1 6 202 0 0; 1 6 204 0 0; 1 6 205 0 0
-            IN_replyValue 1 6 200 0 5: field0=5
+            IN_replyValue 1 6 200 0 5: field200=5
             IN_replyValue 1 6 200 0 6:
-            IN_replyValue 1 6 201 0 5: field1=5
+            IN_replyValue 1 6 201 0 5: field201=5
             IN_replyValue 1 6 201 0 6:
-            IN_replyValue 1 6 201 0 -6: field1=-5
-            IN_replyValue 1 6 202 0 6: field2=5
-            IN_replyValue 1 6 203 0 4: field3=1
-            IN_replyValue 1 6 203 0 0: field3=0
-            IN_replyValue 1 6 204 0 0: field4=0
-            IN_replyValue 1 6 204 0 -1: field4=1
-            IN_replyValue 1 6 205 0 1: field5=B)");
-        const auto disable = [](DrivePanel& panel) { panel.setActive(false); };
-        QTest::newRow("axis, disabled fields") << panelRow<DrivePanel>(nullptr, disable, R"(
-            set up: field3 off; field5 off
+            IN_replyValue 1 6 201 0 -6: field201=-5
+            IN_replyValue 1 6 202 0 6: field202=5
+            IN_replyValue 1 6 203 0 4: field203=1
+            IN_replyValue 1 6 203 0 0: field203=0
+            IN_replyValue 1 6 204 0 0: field204=0
+            IN_replyValue 1 6 204 0 -1: field204=1
+            IN_replyValue 1 6 205 0 1: field205=B)");
+        QTest::newRow("axis, disabled fields") << panelRow<DrivePanel>(
+            nullptr, [](DrivePanel& panel) { panel.disableSome(); }, R"(
+            set up: field203 off; field205 off
             update: 1 6 200 0 0; 1 6 201 0 0; 1 6 202 0 0; 1 6 204 0 0
             IN_replyValue 1 6 203 0 1:
-            IN_replyValue 1 6 205 0 1: field5=B)");
+            IN_replyValue 1 6 205 0 1: field205=B)");
     }
     void panels()
     {
