@@ -13,6 +13,8 @@
 namespace
 {
 
+const QString anybody = "any ";
+
 using Facts = QVector<QPair<QString, QString>>; // in the order of the form
 
 QString checkMark(bool isChecked) { return QLatin1String(isChecked ? "1" : "0"); }
@@ -168,8 +170,9 @@ public:
 
     QWidget* panel() const { return m_panel; }
 
-    void play(const QString& gesture)
+    void play(QString gesture)
     {
+        gesture.remove(anybody);
         const QString name = gesture.section(' ', 0, 0);
         const QString verb = gesture.section(' ', 1, 1);
         const QString rest = gesture.section(' ', 2);
@@ -205,7 +208,8 @@ public:
     QString effectsOfForeign(const QString& gesture)
     {
         const QString name = gesture.section(' ', 0, 0);
-        if (gesture == "set up" || gesture == "update" || m_panel->findChild<QWidget*>(name))
+        if (gesture == "set up" || gesture == "update" || gesture.startsWith(anybody) ||
+            m_panel->findChild<QWidget*>(name))
             return QString();
         const QMetaMethod slot = slotOf(*m_panel, name);
         for (const QVector<int>& numbers : foreign(slot, numbersOf(gesture)))

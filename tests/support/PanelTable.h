@@ -19,7 +19,8 @@
 /// Nothing else may come of it. A line that ends with ";" goes on in the next.
 ///
 /// The steps: "set up", always the first; "update"; a slot of the panel with its arguments, of a
-/// Command its address, command, type, motor bank and value; a widget of the form with "click",
+/// Command its address, command, type, motor bank and value, behind "any" where it does not matter
+/// whose reply it is; a widget of the form with "click",
 /// "press", "release", "hold" for a press that lasts until the panel is disabled, "key" and its
 /// name, "type" and what replaces the whole text, or "choose" and the entry of a combo box. Changes
 /// are of value, text or check mark ("sbActual=77"), "tip", "suffix", "sheet", "title", "on",

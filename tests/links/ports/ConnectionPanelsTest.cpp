@@ -146,45 +146,36 @@ private Q_SLOTS:
         panel.show();
         panel.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&panel));
-        const auto field = [&panel](int byte) {
-            return User::find<QSpinBox>(&panel, QString("sbIPByte%1").arg(byte));
-        };
-        const auto type = [](const QString& keys) {
-            for (QChar key : keys)
-                QTest::keyClick(QApplication::focusWidget(), key.toLatin1());
-        };
-        const auto shownAddress = [&] {
+        QVector<QLineEdit*> edits;
+        for (const char* name : {"sbIPByte3", "sbIPByte2", "sbIPByte1", "sbIPByte0"})
+            edits << User::find<QSpinBox>(&panel, name)->findChild<QLineEdit*>();
+        const auto shownAddress = [&edits] {
             QStringList bytes;
-            for (int byte : {3, 2, 1, 0})
-                bytes << field(byte)->text();
+            for (const QLineEdit* edit : edits)
+                bytes << edit->text();
             return bytes.join('.');
         };
-        field(3)->setFocus();
-        field(3)->selectAll();
-        type("10.0.0.5.");
-        QCOMPARE(shownAddress(), QString("10.0.0.5"));
-        for (int i = 0; i < 2; ++i)
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backspace);
-        type("7");
+        edits[0]->setFocus();
+        edits[0]->selectAll();
+        for (const char key : {'1', '0', '.', '0', '.', '0', '.', '5', '.', '\b', '\b', '7'})
+            QTest::keyClick(QApplication::focusWidget(),
+                            key == '\b' ? Qt::Key_Backspace : Qt::Key(key));
         QCOMPARE(shownAddress(), QString("10.0.07.5"));
-        QCOMPARE(QApplication::focusWidget(), field(1));
+        QCOMPARE(QApplication::focusWidget(), edits[2]->parentWidget());
 
-        const struct {
-            const char* pasted;
-            const char* shown;
-        } pastes[] = {{" 192.168.2.30\n", "192.168.2.30"},
-                      {"1.2.3.256", "192.168.2.30"},
-                      {"1.2.3", "192.168.2.30"},
-                      {"1.-2.3.4", "192.168.2.30"},
-                      {"8", "192.168.82.30"}};
+        const QVector<QPair<const char*, const char*>> pastes = {
+            {" 192.168.2.30\n", "192.168.2.30"},
+            {"1.2.3.256", "192.168.2.30"},
+            {"1.2.3", "192.168.2.30"},
+            {"1.-2.3.4", "192.168.2.30"},
+            {"8", "192.168.82.30"}};
         for (const auto& [pasted, expected] : pastes) {
             QApplication::clipboard()->setText(pasted);
-            auto* edit = field(1)->findChild<QLineEdit*>();
-            edit->setCursorPosition(0);
-            edit->paste();
+            edits[2]->setCursorPosition(0);
+            edits[2]->paste();
             QCOMPARE(shownAddress(), QString(expected));
         }
-        QCOMPARE(field(1)->value(), 82);
+        QCOMPARE(User::find<QSpinBox>(&panel, "sbIPByte1")->value(), 82);
     }
 
     /// Also when the host looks at the panel inside its signal.
