@@ -194,7 +194,7 @@ public:
         effects.replaceInStrings(QRegularExpression("^OUT_requestValue "), QString());
         const Facts facts = factsOf(*m_panel);
         for (int i = 0; i < facts.size(); ++i) {
-            if (facts.at(i) != m_facts.at(i))
+            if (facts.at(i) != m_facts.value(i))
                 effects << facts.at(i).first + facts.at(i).second;
         }
         m_facts = facts;

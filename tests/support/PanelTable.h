@@ -18,13 +18,17 @@
 /// without the name of OUT_requestValue, and then what has changed in the form, separated by "; ".
 /// Nothing else may come of it. A line that ends with ";" goes on in the next.
 ///
-/// The steps: "set up", always the first; "update"; a slot of the panel with its arguments, of a
-/// Command its address, command, type, motor bank and value, behind "any" where it does not matter
-/// whose reply it is; a widget of the form with "click",
-/// "press", "release", "hold" for a press that lasts until the panel is disabled, "key" and its
-/// name, "type" and what replaces the whole text, or "choose" and the entry of a combo box. Changes
-/// are of value, text or check mark ("sbActual=77"), "tip", "suffix", "sheet", "title", "on",
-/// "off", "shown" and "hidden".
+/// The steps:
+/// - "set up", always the first, and "update";
+/// - a slot of the panel with its arguments, of a Command its address, command, type, motor bank
+/// and
+///   value, behind "any" where it does not matter whose reply it is;
+/// - a widget of the form with "click", "press", "release", "hold" for a press that lasts until the
+///   panel is disabled, "key" and its name, "type" and what replaces the whole text, or "choose"
+///   and the entry of a combo box.
+///
+/// The changes: of value, text or check mark ("sbActual=77"), "tip", "suffix", "title", the "sheet"
+/// of a label, "on", "off", "shown" and "hidden".
 struct PanelRow {
     const char* members; // null in a further row of the same class
     std::function<QWidget*()> make;

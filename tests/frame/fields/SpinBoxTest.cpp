@@ -219,9 +219,20 @@ const struct {
     {"less than told", confirm, [](Box& box) { box.setRange(0, 100); }, R"(
         reply 5000: |100 gold >
         reply -1: |0 gold <
+        host 5000: |100 gold >
         reply 60: |60
         type 7: 7| gold
         key Return: [7]; 7 was 60, int 7)"},
+    {"special text elsewhere", confirm,
+     [](Box& box) {
+         box.setDecimals(2);
+         box.setRange(0, 100);
+         box.setSpecialValueText("---");
+     },
+     R"(
+        reply 5: 5.0|0
+        type 56: 56|.00 gold
+        reply 0: [---] new)"},
     {"bounds by keys", confirm,
      [](Box& box) {
          box.setRange(-1000, 5000);
@@ -385,6 +396,7 @@ private Q_SLOTS:
         } rows[] = {{plain, "---", "--- 2 0 3"},
                     {plain, "v5 12 m2", "v5 12 m2 2 2 3"},
                     {plain, "v5 -07 m2", "v5 -7 m2 1 0 3"},
+                    {plain, "-,05", "-,05 1 0 3"},
                     {plain, "1000", "v5 1,000 m2 2 2 3"},
                     {plain, "-1000", "v5 -1,000 m2 2 2 3"},
                     {plain, "1001", "1001 1 1 3"},
@@ -445,6 +457,8 @@ private Q_SLOTS:
         QCOMPARE(box.suffix(), QString(" rpm"));
         QCOMPARE(box.toolTip(), QString("AP 3 (-4,000..4,000)"));
         QCOMPARE(box.value(), 10.0);
+        QCOMPARE(box.minimumWidth(),
+                 box.minimumSizeHint().width() / 2 + box.fontMetrics().horizontalAdvance("10 rpm"));
         QCOMPARE(box.singleStep(), 1.0);
         box.setUnitParameter(velocity(0.5), false, 10, 2);
         QCOMPARE(box.singleStep(), 0.2);

@@ -186,6 +186,8 @@ private Q_SLOTS:
             QCOMPARE(sent.takeLines(), QStringList("1 4 0 0 1001"));
         }
         QVERIFY(panel.isActualPositionKnown());
+        const VelocityControl other; // a field without a parameter narrows its digits, too
+        QVERIFY(FieldFace::in(User::find<QSpinBox>(&other, "sbTargetVelocity")));
     }
 
     void aJogStopsTheAxisThatItStarted()
