@@ -231,7 +231,7 @@ const struct {
      },
      R"(
         reply 5: 5.0|0
-        type 56: 56|.00 gold
+        type 56: 56|.00 waits
         reply 0: [---] new)"},
     {"bounds by keys", confirm,
      [](Box& box) {
