@@ -34,6 +34,10 @@ bool gets(const std::function<bool()>& condition, int patience = 20000)
 
 bool isNoThreadLeft() { return Global::instance()->registeredThreads().isEmpty(); }
 
+/// How the panel goes at a request: from the event loop, where it is stopped, given up or without a
+/// host before, or inside a handler.
+enum End { Outside, Stopped, Aborted, HandlerFirst, Muted, Inside, NestedLoop, InsideOther, Ends };
+
 /// A panel and what answers it for a module, on the GUI thread, and notes what was asked for as
 /// "command type bank value".
 struct Host : QObject {
@@ -94,6 +98,40 @@ struct Host : QObject {
             QTimer::singleShot(0, this, [reply, answer] { *reply = answer; });
         else
             *reply = answer;
+    }
+
+    /// Runs to this request and destroys the panel then; what it sent in its end. The last pause is
+    /// in us.
+    QString sentAtTheEnd(const QString& at, End end, unsigned long pause = 0)
+    {
+        const auto destroy = [this] {
+            lines.clear();
+            panel.reset();
+        };
+        const auto act = [&] {
+            QThread::usleep(pause);
+            if (end == Stopped)
+                button("btnStop")->click();
+            if (end == Aborted)
+                panel->abort();
+            if (end == HandlerFirst)
+                panel->disconnect(this);
+            if (end == Muted)
+                panel->blockSignals(true);
+            if (end == InsideOther) {
+                when("142 1", destroy);
+                panel->updateValues();
+            } else if (end == NestedLoop) {
+                QTimer::singleShot(1, this, destroy);
+                gets([this] { return !panel; });
+            } else
+                destroy();
+        };
+        when(at, act, end != Inside && end != NestedLoop);
+        button("btnStart")->click();
+        gets([this] { return !panel && isNoThreadLeft(); });
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return lines.join(", ");
     }
 
     QStringList lines;
@@ -185,16 +223,17 @@ private Q_SLOTS:
         Host host;
         host.values["142 1"] = 50;
         host.silentFor = "142 3 0 1"; // target of element 1 and of 10 to 19
-        host.when("142 3 0 20", [&] { host.button("btnStop")->click(); });
-        QVERIFY(host.measures() && host.panel->isMeasuring()); // the panel is idle already
-        QVERIFY(gets([&] { return !host.panel->isMeasuring(); }));
+        host.when("142 3 0 20", [&] {
+            host.button("btnStop")->click();
+            QVERIFY(host.isIdle() && host.panel->isMeasuring());
+        });
+        QVERIFY(host.measures() && gets(isNoThreadLeft));
         QCOMPARE(host.lines.last(), QString("142 3 1 20"));
         QCOMPARE(host.shown().section(", ", 0, 0),
                  QString("target [mA]: 0 200 300 400 500 600 700 800 900 2000"));
 
         // started anew at once: the end of the run before, of which the panel has not heard yet,
         // is not that of this one; a stop before the thread has begun counts
-        host.silentFor.clear();
         host.values["142 1"] = 3;
         for (bool stopped : {false, true}) {
             host.lines.clear();
@@ -207,19 +246,20 @@ private Q_SLOTS:
             QCOMPARE(host.lines.count("142 0 0 0"), 1);
             QCOMPARE(host.lines.last(), QString(stopped ? "142 3 1 0" : "142 3 1 2"));
         }
+        QVERIFY(gets([&] { return !host.panel->isMeasuring(); }));
 
         // what comes after the handler has returned is looked at by nobody
-        QVERIFY(gets([&] { return !host.panel->isMeasuring(); }));
+        host.silentFor.clear();
         host.answersSamplesLate = true;
         QVERIFY(host.measures());
         QCOMPARE(host.shown(), QString("target [mA]:, actual [mA]:"));
-        // without an answer about its size nothing is fetched
-        for (const char* size : {"142 1", "142 2", "6 1"}) {
+        // without its sizes nothing is fetched, without its position it drives to 0
+        for (const QString unknown : {"142 1", "142 2", "6 1"}) {
             host.lines.clear();
-            host.silentFor = size;
+            host.silentFor = unknown;
             QVERIFY(host.measures());
-            QCOMPARE(host.lines.contains("142 3 0 0"), QString(size) == "6 1");
-            QCOMPARE(host.lines.contains("5 0 0 0"), QString(size) == "6 1"); // the way back
+            QCOMPARE(host.lines.contains("142 3 0 0"), unknown == "6 1");
+            QCOMPARE(host.lines.contains("5 0 0 0"), unknown == "6 1");
         }
     }
 
@@ -233,28 +273,24 @@ private Q_SLOTS:
                 host.panel->abort(); // there is no run
                 host.combo("cmbTargetMode")->setCurrentIndex(1);
                 int asked = 0;
-                const auto giveUp = [&] {
-                    QVERIFY(host.panel->isMeasuring());
-                    host.panel->abort();
-                    asked = host.lines.size();
-                };
-                host.when(at, giveUp, later);
-                QVERIFY(host.measures());
-                QVERIFY(!host.panel->isMeasuring());
-                QCOMPARE(host.lines.size(), asked);
-
-                host.lines.clear();
-                const auto giveUpAndStart = [&] {
-                    host.button("btnStop")->click();
-                    giveUp();
-                    host.button("btnStart")->click();
-                    QVERIFY(host.panel->isMeasuring() && !host.isIdle());
-                };
-                host.when(at, giveUpAndStart, later);
-                QVERIFY(host.measures());
+                for (bool again : {false, true}) {
+                    host.lines.clear();
+                    const auto giveUp = [&] {
+                        QVERIFY(host.panel->isMeasuring());
+                        if (again)
+                            host.button("btnStop")->click();
+                        host.panel->abort();
+                        asked = host.lines.size();
+                        if (again)
+                            host.button("btnStart")->click();
+                    };
+                    host.when(at, giveUp, later);
+                    QVERIFY(host.measures());
+                    QVERIFY(!host.panel->isMeasuring());
+                    QCOMPARE(host.lines.size(), asked + (again ? 17 : 0));
+                }
                 QCOMPARE(host.lines.value(asked), QString("142 0 0 0"));
                 QCOMPARE(host.lines.last(), QString("142 3 1 2"));
-                QCOMPARE(host.lines.size(), asked + 17);
             }
         }
     }
@@ -304,25 +340,26 @@ private Q_SLOTS:
 
     void destroyedAndDrivenBack()
     {
-        enum End { Later, Stop, Abort, Inside, InsideOther, Muted };
         const struct {
             int mode;
             QString at;
             End end;
             QString back;
         } rows[] = {
-            {1, "142 9", Later, ""}, // no target yet
-            {1, "5 2 0 0", Later, "4 0 0 777"},
-            {0, "142 6", Later, "4 0 0 777"},
-            {1, "142 6", Stop, "4 0 0 777"},
-            {2, "5 1 0 10", Later, ""}, // defines the position and moves nothing
-            {2, "142 6", Later, "4 0 0 10"},
-            {3, "142 6", Later, ""},
-            {1, "142 3", Later, ""}, // driven back already
-            {1, "142 6", Abort, ""},
+            {1, "142 9", Outside, ""}, // no target yet
+            {1, "5 2 0 0", Outside, "4 0 0 777"},
+            {0, "142 6", Outside, "4 0 0 777"},
+            {1, "142 6", Stopped, "4 0 0 777"},
+            {2, "5 1 0 10", Outside, ""}, // defines the position and moves nothing
+            {2, "142 6", Outside, "4 0 0 10"},
+            {3, "142 6", Outside, ""},
+            {1, "142 3", Outside, ""}, // driven back already
+            {1, "142 6", Aborted, ""},
             {1, "142 6", Inside, ""},
             {1, "142 6", InsideOther, ""}, // in the handler of another request
-            {1, "142 6", Muted, ""},       // a run that is over leaves nothing to drive back
+            {1, "142 6", NestedLoop, ""},
+            {1, "142 6", HandlerFirst, ""},
+            {1, "142 6", Muted, ""},
         };
         for (const auto& row : rows) {
             // the axis must not leave the start target before this looks
@@ -332,81 +369,33 @@ private Q_SLOTS:
             host.panel->setTargetPositionCommand(4);
             host.combo("cmbTargetMode")->setCurrentIndex(row.mode);
             host.box("sbFromTarget")->setValue(row.mode == 2 ? 10 : 0);
-            if (row.end != Muted)
-                host.silentFor = row.at; // polls without end
-            const auto destroy = [&host] {
-                host.panel->blockSignals(false);
-                host.lines.clear();
-                host.panel.reset();
-            };
-            const auto act = [&] {
-                if (row.end == Stop)
-                    host.button("btnStop")->click();
-                if (row.end == Abort)
-                    host.panel->abort();
-                if (row.end == InsideOther) {
-                    host.when("142 1", destroy);
-                    host.panel->updateValues();
-                } else if (row.end == Muted)
-                    host.panel->blockSignals(true);
-                else
-                    destroy();
-            };
-            host.when(row.at, act, row.end != Inside && row.end != Muted);
-            host.button("btnStart")->click();
-            if (row.end == Muted) {
-                QVERIFY(gets([&] { return host.isIdle(); }));
-                destroy();
-            }
-            QVERIFY(gets([&] { return !host.panel && isNoThreadLeft(); }));
+            host.silentFor = row.at; // polls without end
             const QString name = QString("%1 at %2: ").arg(row.end).arg(row.at);
-            QCOMPARE(name + host.lines.join(", "), name + row.back);
+            QCOMPARE(name + host.sentAtTheEnd(row.at, row.end), name + row.back);
         }
+        // a run that is over leaves nothing to drive back, though nobody heard it
+        Host host;
+        host.when("142 6", [&host] { host.panel->blockSignals(true); });
+        QVERIFY(host.measures());
+        host.panel->blockSignals(false);
+        host.lines.clear();
+        host.panel.reset();
+        QCOMPARE(host.lines, QStringList());
     }
 
-    /// At any instant of a run, from within the handler, from its nested loop and from outside:
-    /// gone within a second. AXR_DESTRUCTIONS sets how often.
+    /// At any instant of a run, gone within a second. AXR_DESTRUCTIONS sets how often.
     void destroyedDuringARun()
     {
-        const int rounds = qMax(30, qEnvironmentVariableIntValue("AXR_DESTRUCTIONS"));
         std::mt19937 random(3);
-        for (int round = 0; round < rounds; ++round) {
-            auto host = std::make_unique<Host>();
-            std::unique_ptr<WRamDebug>& panel = host->panel;
-            host->values["142 1"] = 500;
-            enum Where { Outside, Inside, NestedLoop, HandlerFirst, Muted, Instants };
-            const int where = static_cast<int>(random() % Instants);
-            const int at = static_cast<int>(random() % (random() % 4 == 0 ? 60 : 16));
-            if (random() % 5 == 0)
-                host->silentFor = "142 6"; // polls without end
-            bool done = false;
-            host->onRequest = [&](const QString&) {
-                if (host->lines.size() <= at)
-                    return;
-                host->onRequest = nullptr;
-                done = true;
-                if (where == Inside)
-                    panel.reset();
-                if (where == NestedLoop) {
-                    QTimer::singleShot(1, [&] { panel.reset(); });
-                    QTRY_VERIFY(!panel);
-                }
-            };
-            host->button("btnStart")->click();
-            if (random() % 4 == 0)
-                host->button("btnStop")->click();
-            gets([&done] { return done; }, 500);
-            QThread::usleep(random() % 300);
-            std::unique_ptr<WRamDebug> last = std::move(panel);
-            if (where == HandlerFirst)
-                host.reset();
-            if (where == Muted)
-                last->blockSignals(true);
-            QCoreApplication::processEvents(); // requests that reach nobody
-            last.reset();
-            QVERIFY2(gets(isNoThreadLeft, 1000),
-                     qPrintable(QString("round %1, request %2").arg(round).arg(at)));
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        for (int i = qMax(30, qEnvironmentVariableIntValue("AXR_DESTRUCTIONS")); i > 0; --i) {
+            Host host;
+            host.values["142 1"] = 500;
+            const QStringList requests{"142 0",     "142 1",   "142 2",    "6 1",   "142 7",
+                                       "142 9",     "5 155 0", "142 4",    "142 6", "5 0 0",
+                                       "142 3 0 0", "142 3 1", "142 3 0 5"};
+            const QString at = requests[int(random() % requests.size())];
+            host.sentAtTheEnd(at, End(random() % Ends), random() % 300);
+            QVERIFY2(isNoThreadLeft(), qPrintable(at));
         }
     }
 
@@ -481,8 +470,8 @@ private Q_SLOTS:
         for (int size : {1000000, 1000001, -1, 0, 1}) {
             const bool isGood = size == 1 || size == 1000000;
             host.values["142 1"] = size;
-            const int before = host.box("sbDuration")->value();
             host.box("sbMeasureDelay")->setValue(2);
+            const int before = host.box("sbDuration")->value();
             host.panel->updateValues();
             QCOMPARE(host.box("sbDuration")->value(), isGood ? size : before);
             const QImage image = host.panel->grab().toImage();
