@@ -245,6 +245,7 @@ private Q_SLOTS:
             QTRY_VERIFY_WITH_TIMEOUT(isNoThreadLeft(), 10000);
             QCOMPARE(host.lines.count("142 0 0 0"), 1);
             QCOMPARE(host.lines.last(), QString(stopped ? "142 3 1 0" : "142 3 1 2"));
+            QVERIFY(gets([&] { return host.isIdle(); })); // "Start" takes a click again
         }
         QVERIFY(gets([&] { return !host.panel->isMeasuring(); }));
 

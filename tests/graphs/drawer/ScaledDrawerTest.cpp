@@ -406,12 +406,19 @@ private Q_SLOTS:
                     emit(column < 0 ? selected : available)->cellClicked(0, qAbs(column) - 1);
                 seen = QString::number(dialog->isParameterSelected("6"));
                 for (const QTableWidget* table : {available, selected}) {
-                    seen += table->showGrid() ? ", grid " : ", ";
+                    seen += ", ";
                     for (int row = 0; row < table->rowCount(); ++row)
                         seen += table->item(row, 2)->text() +
                                 table->item(row, 3)->background().color().name();
                 }
-                seen += ' ' + dialog->windowTitle();
+                seen += QString(" %1 %2 %3 %4 %5 %6 ")
+                            .arg(selected->showGrid())
+                            .arg(available->showGrid())
+                            .arg(selected->tabKeyNavigation())
+                            .arg(selected->rowHeight(selected->rowCount() - 1))
+                            .arg(selected->columnWidth(0))
+                            .arg(selected->columnWidth(2)) +
+                        dialog->windowTitle();
                 accept ? dialog->accept() : dialog->reject();
             });
             QTest::mouseClick(area, Qt::RightButton);
@@ -419,7 +426,7 @@ private Q_SLOTS:
         };
         QCOMPARE(choose({3, 1}, false), 1); // the second one is no row
         QCOMPARE(seen, QString("1, , host's#ff0000position#c0c0c0 "
-                               "Select charts for \"speed\" graph"));
+                               "0 0 0 20 50 215 Select charts for \"speed\" graph"));
         QCOMPARE(*drawer.getCharts(), QList<Chart*>({&chart}));
         QCOMPARE(choose({1, -2}, true), 1);
         QCOMPARE(seen.section(' ', 0, 2), QString("1, host's#ff0000, position#c0c0c0"));

@@ -188,26 +188,20 @@ private Q_SLOTS:
         QCOMPARE(session(1), session(1000));
     }
 
-    // Most of the noise is refused, so two thirds are made to look more like commands.
+    // Whatever is asked: no motor runs away, and every reading stays in its range.
     void noise()
     {
         Module module;
         std::mt19937 random(7);
-        const int instructions[] = {1, 2, 3, 4, 5, 5, 5, 6, 7, 8, 9, 14};
-        int accepted = 0;
         for (int i = 0; i < 100000; ++i) {
-            const bool likely = i % 3;
-            const int command = likely ? instructions[random() % 12] : int(random());
-            const int value = int(random()) >> (likely ? random() % 32 : 0);
-            const int bank = int(random() % (likely ? 3 : 256));
-            const Command asked = request(Instruction(command), int(random()), bank, value);
-            accepted += u8(module.execute(asked).getStatus()) == StatusOk;
+            const int value = int(random()) >> random() % 32;
+            const int bank = int(random() % 3);
+            module.ask(Instruction(random() % 16), int(random()), bank, value);
             module.advance(i % 10 == 0);
             const SimulatedAxis& axis = module.axis(i % 2);
             QVERIFY(std::abs(axis.velocity()) < 5800); // the back-EMF of 24 V ends at 5730 rpm
             QVERIFY(std::isfinite(axis.turns()) && std::isfinite(axis.temperature()));
         }
-        QVERIFY(accepted > 5000);
         for (const ParameterInfo& row : AxisParameters) {
             const int value = module.axis(0).read(row.number);
             QVERIFY2(value >= row.minimum && value <= row.maximum, row.name);
