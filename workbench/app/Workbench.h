@@ -1,7 +1,10 @@
 #ifndef WORKBENCH_H
 #define WORKBENCH_H
 
+#include "Every.h"
 #include "ModuleLink.h"
+#include "PageContext.h"
+#include "Simulator.h"
 #include "StopGuard.h"
 #include "WorkbenchOptions.h"
 
@@ -11,16 +14,11 @@
 
 #include <memory>
 
-class ConnectionPage;
-class ConsolePage;
-class GraphPage;
 class MainAppStyle;
-class MotionPage;
 class Page;
-class PollingPage;
+class PageList;
 class QCheckBox;
 class QLabel;
-class QListWidget;
 class QProgressBar;
 class QPushButton;
 class QStackedWidget;
@@ -43,7 +41,13 @@ public:
     /// Moves module and workbench on by virtual time.
     void advance(int milliseconds);
 
+    /// Opens the link that was used last.
+    void connectLast();
+
     ModuleLink& link() { return m_link; }
+    const Simulator& simulator() const { return m_simulator; }
+    /// What the pages are made with.
+    PageContext context();
     /// Virtual time in ms since the epoch, which began when the workbench did.
     qint64 time() const { return m_time; }
     /// Switches between the dark blue look and the desktop's own, and remembers it.
@@ -68,6 +72,7 @@ private:
     void fitToFont(const QString& sizeSheet);
     void restoreWindow(const QString& page);
     Page* currentPage() const;
+    Page* connectionPage() const;
     void ask(const Command& request);
     void giveUp();
     void takeOpened(const QString& link, char address);
@@ -80,15 +85,11 @@ private:
 
     const bool m_unattended;
     ModuleLink m_link;
+    const Simulator m_simulator;
     QString m_linkName;
     QList<Page*> m_pages;
-    ConnectionPage* m_connection = nullptr;
-    ConsolePage* m_console = nullptr;
-    MotionPage* m_motion = nullptr;
-    PollingPage* m_polling = nullptr;
-    GraphPage* m_graph = nullptr;
 
-    QListWidget* m_list;
+    PageList* m_list;
     QStackedWidget* m_stack;
     QLabel* m_strip;
     QPushButton* m_connect;
@@ -98,8 +99,8 @@ private:
     qint64 m_time; // ms since the epoch, on the virtual clock
     QTimer m_clock;
     QElapsedTimer m_realTime;
-    int m_untilPoll = 0;
-    int m_untilRate = 0;
+    int m_untilFrame = 0;
+    Every m_second{1000};
     int m_answersBefore = 0;
     QCheckBox* m_theme;
     QString m_extraSheet; // of the look, for the font size

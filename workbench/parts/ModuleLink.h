@@ -50,6 +50,8 @@ public:
     /// True until the module has acknowledged every stop.
     bool isStopping() const { return !lane(Lane::Stop).empty() || isOnItsWay(Lane::Stop); }
 
+    /// Whether what a page asks for now leaves soon: no more reads wait than a few round trips.
+    bool hasRoom() const { return pendingReads() <= 4; }
     /// Reads that wait or are on their way.
     int pendingReads() const;
     /// Round trips completed since the start.

@@ -3,6 +3,7 @@
 #include "Fitting.h"
 #include "Instruction.h"
 #include "ModuleLink.h"
+#include "PanelParts.h"
 #include "ParameterCatalogue.h"
 #include "Recorder.h"
 #include "WRamDebug.h"
@@ -13,17 +14,13 @@
 
 namespace Number = AxisParameterNumber;
 
-CapturePage::CapturePage(ModuleLink& link)
-    : Page(QStringLiteral("capture"), tr("Capture"))
-    , m_link(link)
-    , m_panel(new WRamDebug)
-    , m_start(m_panel->findChild<QPushButton*>(QStringLiteral("btnStart")))
+CapturePage::CapturePage(const PageContext& context)
+    : m_link(context.link), m_panel(new WRamDebug), m_start(PanelParts::startButton(*m_panel))
 {
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(Fitting::scrolled(m_panel), 1);
     constexpr int Trigger = 4; // column of the row of fields, which is wide
-    Fitting::foldRow(m_panel, m_panel->findChild<QGridLayout*>(QStringLiteral("gridLayout")),
-                     Trigger);
+    Fitting::foldRow(m_panel, PanelParts::fields(*m_panel), Trigger);
     m_panel->setTargetTorqueType(toByte(Number::TargetCurrent));
     m_panel->setTargetVelocityType(toByte(Number::TargetVelocity));
     m_panel->setRampTargetVelocityType(toByte(Number::RampVelocity));
@@ -37,8 +34,7 @@ CapturePage::CapturePage(ModuleLink& link)
     m_panel->updateTargetBounds();
     connect(m_panel, &WRamDebug::measurementStarted, this, &CapturePage::begin);
     connect(m_panel, &WRamDebug::doDirectRequest, this, &CapturePage::answer);
-    connect(m_panel->findChild<QPushButton*>(QStringLiteral("btnStop")), &QPushButton::clicked,
-            this, &CapturePage::halt);
+    connect(PanelParts::stopButton(*m_panel), &QPushButton::clicked, this, &CapturePage::halt);
     connect(m_panel, &QObject::destroyed, this, [this] {
         if (m_isRunning)
             stopAxis();

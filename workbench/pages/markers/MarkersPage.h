@@ -21,6 +21,7 @@ public:
     ~MarkersPage() override;
 
     bool worksAlone() const override { return true; }
+    void tour(TourGuide& guide) override;
 
 private:
     void plotRamp();

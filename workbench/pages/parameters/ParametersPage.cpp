@@ -54,8 +54,7 @@ QStandardItem* cell(const QString& text, Qt::Alignment alignment)
 } // namespace
 
 ParametersPage::ParametersPage()
-    : Page(QStringLiteral("parameters"), tr("Parameters"))
-    , m_axis(new QComboBox)
+    : m_axis(new QComboBox)
     , m_model(new QStandardItemModel(this))
     , m_table(new QTableView)
     , m_caption(new QLabel)

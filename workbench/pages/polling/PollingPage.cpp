@@ -48,9 +48,8 @@ QWidget* framed(QWidget* controller, const QString& title)
 
 } // namespace
 
-PollingPage::PollingPage(const ModuleLink& link)
-    : Page(QStringLiteral("polling"), tr("Polling"))
-    , m_link(link)
+PollingPage::PollingPage(const PageContext& context)
+    : m_link(context.link)
     , m_firstAxis(new WTraceController)
     , m_secondAxis(new TraceController)
     , m_table(new QTableWidget(0, ColumnCount))
@@ -135,8 +134,11 @@ void PollingPage::limitDelays()
     m_secondAxis->setMinimum(m_link.answerTime());
 }
 
-void PollingPage::showRates(int milliseconds)
+void PollingPage::frame(qint64 now)
 {
+    const int milliseconds = m_second.passed(now);
+    if (milliseconds == 0)
+        return;
     limitDelays();
     for (Value& value : m_values) {
         value.rate->setText(QString::number(value.answers * 1000.0 / milliseconds, 'f', 1));
