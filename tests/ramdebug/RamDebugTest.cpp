@@ -184,12 +184,10 @@ private Q_SLOTS:
             auto* measured = host.combo("cmbMeasureMode");
             measured->setCurrentIndex(measured->count() - 1); // the same
             host.combo("cmbTriggerType")->setCurrentIndex(4);
-            const std::pair<const char*, int> entries[] = {{"sbTriggerValue", -5},
-                                                           {"sbMeasureDelay", 7},
-                                                           {"sbFromTarget", 10},
-                                                           {"sbToTarget", 20}};
-            for (const auto& [box, value] : entries)
-                host.box(box)->setValue(value);
+            host.box("sbTriggerValue")->setValue(-5);
+            host.box("sbMeasureDelay")->setValue(7);
+            host.box("sbFromTarget")->setValue(10);
+            host.box("sbToTarget")->setValue(20);
             int polls = 0;
             host.onRequest = [&](const QString& asked) {
                 host.silentFor = asked.startsWith("142 6") && ++polls < 3 ? asked : QString();
@@ -197,13 +195,12 @@ private Q_SLOTS:
             QSignalSpy started(&panel, &WRamDebug::measurementStarted);
             host.button("btnStart")->click();
             QVERIFY(started.size() == 1 && !host.isIdle());
-            const QVector<const char*> inputs{"cmbTargetMode",  "cmbMeasureMode", "cmbTriggerType",
-                                              "sbMeasureDelay", "sbFromTarget",   "sbToTarget",
-                                              "sbTriggerValue", "sbDuration"};
             QString open;
             for (bool idle : {false, true}) {
                 QVERIFY(!idle || gets([&host] { return host.isIdle(); }));
-                for (const char* name : inputs)
+                for (const char* name :
+                     {"cmbTargetMode", "cmbMeasureMode", "cmbTriggerType", "sbMeasureDelay",
+                      "sbFromTarget", "sbToTarget", "sbTriggerValue", "sbDuration"})
                     open += QString::number(User::find<QWidget>(&panel, name)->isEnabled());
             }
             QCOMPARE(open, QString(row.target == 3 ? "0000000011110010" : "0000000011111110"));
@@ -301,20 +298,21 @@ private Q_SLOTS:
     {
         RamDebugThread thread(nullptr);
         int asked = 0;
-        const auto answer = [&](Command* request, Command*) {
-            delete request;
-            if (++asked == 3)
-                thread.abort();
-        };
-        connect(&thread, &RamDebugThread::doDirectRequest, this, answer,
-                Qt::BlockingQueuedConnection);
+        connect(
+            &thread, &RamDebugThread::doDirectRequest, this,
+            [&](Command* request) {
+                delete request;
+                if (++asked == 3)
+                    thread.abort();
+            },
+            Qt::BlockingQueuedConnection);
         for (int wanted : {3, 0, 3}) {
             asked = 0;
             thread.abort(); // there is no run
             thread.start();
             if (wanted == 0)
                 thread.abort();
-            QTRY_VERIFY_WITH_TIMEOUT(thread.isFinished(), 10000);
+            QVERIFY(gets([&] { return thread.isFinished(); }));
             QCOMPARE(asked, wanted);
         }
     }
