@@ -261,8 +261,8 @@ private Q_SLOTS:
         const auto tipAt = [&](int x, int tick) {
             const QPoint place(x, geometry.tickY(tick));
             QHelpEvent event(QEvent::ToolTip, place, area.mapToGlobal(place));
-            QApplication::sendEvent(&area, &event);
-            return event.isAccepted() ? QToolTip::text() : QString();
+            const bool isTaken = QApplication::sendEvent(&area, &event) && event.isAccepted();
+            return isTaken ? QToolTip::text() : QString();
         };
         QCOMPARE(tipAt(30, 0), QString("-2147483648"));
         QCOMPARE(tipAt(30, 1), QString("-1717986918.5"));
@@ -306,6 +306,8 @@ private Q_SLOTS:
         plain.resize(300, 200);
         plain.show();
         QVERIFY(QTest::qWaitForWindowExposed(&plain));
+        const auto* plainBar = User::find<QScrollBar>(&plain, "scrollBar");
+        QCOMPARE(area->geometry() | plainBar->geometry(), plain.rect());
         QCOMPARE(state(plain), QString("180..399 399"));
         User::find<QScrollBar>(&plain, "scrollBar")->setValue(398);
         QCOMPARE(area->getMaxValue(), 51);
