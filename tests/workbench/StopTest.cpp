@@ -100,7 +100,7 @@ const State states[] = {
      [](Bench& bench) {
          Simulated::Weather slow;
          slow.minimumDelay = slow.maximumDelay = 80;
-         bench.link().wire().setWeather(slow);
+         bench.simulator().link.setWeather(slow);
          bench.command(Instruction::ROR, 0, 2000);
          bench.advance(5);
          bench.command(Instruction::ROL, 0, 2000, 1);
@@ -112,7 +112,7 @@ const State states[] = {
          bench.advance(500);
          Simulated::Weather slow;
          slow.minimumDelay = slow.maximumDelay = 20;
-         bench.link().wire().setWeather(slow);
+         bench.simulator().link.setWeather(slow);
          User::click(User::find<QPushButton>(&bench, "btnRampMove"));
          bench.advance(30);
          QCOMPARE(bench.findChild<RampPage*>()->move().state(), RampMove::State::Preparing);
@@ -159,7 +159,6 @@ const State captures[] = {
                               context->disconnect();
                               context->deleteLater();
                               bench.stopAxes();
-                              bench.sent.clear();
                           });
          bench.startCapture(0, VelocityHigher, 3000);
          QVERIFY(bench.waitFor([&] { return bench.hasSent("MST"); }));
@@ -209,7 +208,7 @@ private:
             QCoreApplication::processEvents();
             bench.advance(50);
             for (int axis = 0; axis < SimulatedModule::Axes; ++axis)
-                QVERIFY2(bench.link().module().axis(axis).velocity() == 0,
+                QVERIFY2(bench.simulator().module.axis(axis).velocity() == 0,
                          qPrintable(bench.sent.join(", ")));
         }
     }

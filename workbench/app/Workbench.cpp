@@ -14,7 +14,6 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
-#include <QDateTime>
 #include <QFile>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -61,8 +60,9 @@ QString extraSheet(bool isDark, int em)
 
 Workbench::Workbench(const WorkbenchOptions& options)
     : m_unattended(options.unattended())
-    , m_link(options.weather)
-    , m_simulator{m_link.module(), m_link.wire()}
+    , m_wire(m_clock, options.weather)
+    , m_simulator{m_wire.module(), m_wire.link()}
+    , m_link(m_clock, m_wire, SimulatedWire::profile())
     , m_list(new PageList)
     , m_stack(new QStackedWidget)
     , m_strip(new QLabel)
@@ -70,12 +70,11 @@ Workbench::Workbench(const WorkbenchOptions& options)
     , m_notice(new QLabel)
     , m_progress(new QProgressBar)
     , m_rate(new QLabel)
-    , m_time(QDateTime::currentMSecsSinceEpoch())
     , m_theme(new QCheckBox(tr("Dark blue")))
     , m_style(std::make_unique<MainAppStyle>(this))
     , m_guard(this)
 {
-    m_link.wire().setSilent(options.silent);
+    m_wire.link().setSilent(options.silent);
     setWindowTitle(tr("AXR workbench"));
     setWindowIcon(QIcon(QStringLiteral(":/Workbench/Icon")));
 
@@ -108,7 +107,8 @@ Workbench::Workbench(const WorkbenchOptions& options)
     connect(&m_link, &ModuleLink::stateChanged, this, &Workbench::showLinkState);
     connect(&m_link, &ModuleLink::answered, this, &Workbench::takeAnswer);
     connect(&m_link, &ModuleLink::gaveUp, this, &Workbench::takeFailure);
-    connect(&m_clock, &QTimer::timeout, this,
+    connect(&m_wire, &Wire::lost, this, &Workbench::tell);
+    connect(&m_timer, &QTimer::timeout, this,
             [this] { advance(static_cast<int>(qMin<qint64>(m_realTime.restart(), LongestStep))); });
     connect(&m_guard, &StopGuard::stop, this, &Workbench::stopAxes);
     WheelFocus::guard(this);
@@ -158,7 +158,7 @@ void Workbench::makePages()
 
 PageContext Workbench::context()
 {
-    return {m_link, &m_simulator, [this] { return m_time; }};
+    return {m_link, &m_simulator, [this] { return m_clock.now(); }};
 }
 
 /// The page that opens links; the connection page, for there is one.
@@ -311,7 +311,7 @@ void Workbench::ask(const Command& request)
 void Workbench::startClock()
 {
     m_realTime.start();
-    m_clock.start(ClockInterval);
+    m_timer.start(ClockInterval);
 }
 
 void Workbench::advance(int milliseconds)
@@ -324,20 +324,21 @@ void Workbench::advance(int milliseconds)
 
 void Workbench::advanceSlice(int milliseconds)
 {
-    m_time += milliseconds;
-    m_link.advance(milliseconds);
+    m_clock.advance(milliseconds);
     m_untilFrame -= milliseconds;
     if (m_untilFrame > 0)
         return;
     m_untilFrame = FrameInterval;
     for (const Command& request : std::exchange(m_withheld, {}))
         ask(request);
-    if (m_link.isOpen() && m_link.hasRoom())
+    if (m_link.hasRoom(m_lastPoll)) {
+        m_lastPoll = m_clock.now();
         currentPage()->poll();
+    }
     for (Page* page : qAsConst(m_pages))
-        page->frame(m_time);
+        page->frame(m_clock.now());
     showLinkState();
-    if (const int second = m_second.passed(m_time)) {
+    if (const int second = m_second.passed(m_clock.now())) {
         m_rate->setText(
             tr("%1 answers/s").arg(qRound((m_link.answers() - m_answersBefore) * 1000.0 / second)));
         m_answersBefore = m_link.answers();

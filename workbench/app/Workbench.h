@@ -2,8 +2,10 @@
 #define WORKBENCH_H
 
 #include "Every.h"
+#include "HostClock.h"
 #include "ModuleLink.h"
 #include "PageContext.h"
+#include "SimulatedWire.h"
 #include "Simulator.h"
 #include "StopGuard.h"
 #include "WorkbenchOptions.h"
@@ -48,8 +50,8 @@ public:
     const Simulator& simulator() const { return m_simulator; }
     /// What the pages are made with.
     PageContext context();
-    /// Virtual time in ms since the epoch, which began when the workbench did.
-    qint64 time() const { return m_time; }
+    /// Virtual time, which began when the workbench did.
+    HostClock& clock() { return m_clock; }
     /// Switches between the dark blue look and the desktop's own, and remembers it.
     void setTheme(bool on);
     /// The text of the strip that tells whether the module answers.
@@ -84,8 +86,10 @@ private:
     void showProgress(int done, int total);
 
     const bool m_unattended;
-    ModuleLink m_link;
+    HostClock m_clock;
+    SimulatedWire m_wire;
     const Simulator m_simulator;
+    ModuleLink m_link;
     QString m_linkName;
     QList<Page*> m_pages;
 
@@ -96,10 +100,10 @@ private:
     QLabel* m_notice;
     QProgressBar* m_progress;
     QLabel* m_rate;
-    qint64 m_time; // ms since the epoch, on the virtual clock
-    QTimer m_clock;
+    QTimer m_timer;
     QElapsedTimer m_realTime;
     int m_untilFrame = 0;
+    qint64 m_lastPoll = 0; // ms, of the clock
     Every m_second{1000};
     int m_answersBefore = 0;
     QCheckBox* m_theme;

@@ -67,7 +67,7 @@ ConnectionPage::ConnectionPage(const PageContext& context)
         layout->addWidget(makeWeather());
     layout->addStretch();
 
-    const char address = m_simulator ? m_simulator->module.address() : 1;
+    const char address = m_link.profile().address;
     connect(m_connection, &Connection::openDevice, this, [this, address](const QString& port) {
         open(m_connection, port, port == usbPort, address);
     });

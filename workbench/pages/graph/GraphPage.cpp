@@ -103,16 +103,16 @@ void GraphPage::offerParameters(char address)
                                        const QString& name) {
         m_offered.emplace_back(address, toByte(instruction), toByte(type), toByte(bank), name);
     };
-    for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
+    for (int axis = 0; axis < m_link.profile().axes; ++axis) {
         for (const ParameterInfo& parameter : AxisParameters)
             offer(Instruction::GAP, parameter.number, axis, caption(axis, parameter));
     }
     for (const ParameterInfo& variable : UserVariables)
         offer(Instruction::GGP, variable.number, UserVariableBank,
               QString::fromUtf8(variable.name));
-    for (int port = 0; port < SimulatedModule::DigitalInputs; ++port)
+    for (int port = 0; port < m_link.profile().digitalInputs; ++port)
         offer(Instruction::GIO, port, DigitalBank, tr("Digital input %1").arg(port));
-    for (int port = 0; port < SimulatedModule::AnalogInputs; ++port)
+    for (int port = 0; port < m_link.profile().analogInputs; ++port)
         offer(Instruction::GIO, port, AnalogBank, tr("Analog input %1").arg(port));
     QList<TraceCommand*> offered;
     for (TraceCommand& command : m_offered)
@@ -188,11 +188,11 @@ void GraphPage::take(const Command& reply)
 
 void GraphPage::frame(qint64 now)
 {
+    m_controller->setMinimum(m_link.answerTime());
     const int milliseconds = m_second.passed(now);
     if (milliseconds == 0)
         return;
     const int curves = static_cast<int>(m_polled.size());
-    m_controller->setMinimum(m_link.answerTime());
     const double rate = m_answers * 1000.0 / milliseconds;
     m_rate->setText(
         tr("%1 values, each %2 times a second").arg(curves).arg(rate / qMax(1, curves), 0, 'f', 1));

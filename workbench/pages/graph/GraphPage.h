@@ -22,8 +22,8 @@ public:
 
     void setAddress(char address) override;
     void refresh() override;
-    /// Once in a second shows how often the values came, and keeps the delay at what the link can
-    /// answer.
+    /// Keeps the delay at what the link can answer, and once in a second shows how often the values
+    /// came.
     void frame(qint64 now) override;
     void take(const Command& reply) override;
     void tour(TourGuide& guide) override;

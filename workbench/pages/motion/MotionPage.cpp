@@ -4,6 +4,7 @@
 #include "Entries.h"
 #include "Fitting.h"
 #include "Instruction.h"
+#include "ModuleLink.h"
 #include "PanelParts.h"
 #include "ParameterCatalogue.h"
 #include "PositionControl.h"
@@ -84,7 +85,7 @@ MotionPage::MotionPage(const PageContext& context) : m_simulator(context.simulat
 {
     auto* axes = new QWidget;
     auto* row = new QHBoxLayout(axes);
-    for (int axis = 0; axis < SimulatedModule::Axes; ++axis)
+    for (int axis = 0; axis < context.link.profile().axes; ++axis)
         row->addWidget(makeAxis(axis));
 
     auto* layout = new QVBoxLayout(this);

@@ -5,7 +5,6 @@
 #include "Instruction.h"
 #include "ModuleLink.h"
 #include "ParameterCatalogue.h"
-#include "SimulatedModule.h"
 #include "TraceController.h"
 #include "ValueKey.h"
 #include "WTraceController.h"
@@ -84,7 +83,7 @@ void PollingPage::setAddress(char address)
     m_secondAxis->clearTraceCommands();
     m_values.clear();
     m_table->setRowCount(0);
-    for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
+    for (int axis = 0; axis < m_link.profile().axes; ++axis) {
         for (const ParameterInfo& parameter : AxisParameters) {
             if (!isPolled(parameter.number))
                 continue;
@@ -136,10 +135,10 @@ void PollingPage::limitDelays()
 
 void PollingPage::frame(qint64 now)
 {
+    limitDelays();
     const int milliseconds = m_second.passed(now);
     if (milliseconds == 0)
         return;
-    limitDelays();
     for (Value& value : m_values) {
         value.rate->setText(QString::number(value.answers * 1000.0 / milliseconds, 'f', 1));
         value.answers = 0;

@@ -23,8 +23,8 @@ public:
     explicit PollingPage(const PageContext& context);
 
     void setAddress(char address) override;
-    /// Once in a second shows the answers as rates, and keeps the delays at what the link can
-    /// answer.
+    /// Keeps the delays at what the link can answer, and once in a second shows the answers as
+    /// rates.
     void frame(qint64 now) override;
     void take(const Command& reply) override;
     void tour(TourGuide& guide) override;

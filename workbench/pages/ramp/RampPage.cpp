@@ -126,7 +126,7 @@ QWidget* RampPage::makeMove()
     m_axis = new QComboBox;
     m_axis->setObjectName(QStringLiteral("cmbRampAxis"));
     m_axis->setAccessibleName(tr("Axis"));
-    for (int axis = 0; axis < SimulatedModule::Axes; ++axis)
+    for (int axis = 0; axis < m_link.profile().axes; ++axis)
         m_axis->addItem(tr("Axis %1").arg(axis));
     m_left = new QCheckBox(tr("to the left"));
     m_left->setObjectName(QStringLiteral("cbLeft"));

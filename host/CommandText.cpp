@@ -3,7 +3,6 @@
 #include "Command.h"
 #include "Instruction.h"
 #include "Recorder.h"
-#include "SimulatedModule.h"
 
 namespace
 {
