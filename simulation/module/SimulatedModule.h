@@ -16,10 +16,8 @@
 /// GGP, STGP, RSGP by bank (0 module parameters, 2 user variables), SIO (bank 2: outputs, value 0
 /// or 1), GIO (bank 0: digital inputs, 1: analog inputs, 2: outputs read back), RD.
 ///
-/// RD, the recorder, by type: 0 size of the buffer, 1 elements, 2 items per element, 3 the sample
-/// of element `value` and item `bank` (out of range until it was recorded), 4 arm the trigger
-/// `bank` with the threshold `value`, 6 the state (0 when the buffer is full), 7 mode, 9 interval.
-/// With all others the bank is the axis, and 7 and 9 choose the axis that is recorded.
+/// RD, by Recorder::Type; setting mode or interval also chooses the axis that is recorded. A sample
+/// is out of range until it was recorded.
 class AXRSIMULATION_EXPORT SimulatedModule
 {
 public:
@@ -68,7 +66,7 @@ private:
     };
     struct Bank {
         quint8 number;
-        ParameterMemory values;
+        Simulated::ParameterMemory values;
     };
 
     Answer dispatch(const Command& request);

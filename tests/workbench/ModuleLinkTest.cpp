@@ -1,7 +1,7 @@
 #include "ModuleLink.h"
 #include "CommandRecorder.h"
 #include "Instruction.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "SimulatedWire.h"
 #include "TestCase.h"
 
@@ -18,7 +18,7 @@ Command request(Instruction instruction, int type, int value = 0, int axis = 0)
 /// A link, opened, with everything that it sends, takes and gives up.
 struct Traffic {
     HostClock clock;
-    SimulatedWire wire{clock, Weather()};
+    SimulatedWire wire{clock, Simulated::Weather()};
     ModuleLink link{clock, wire, SimulatedWire::profile()};
     QStringList sent;
     QStringList answered;
@@ -57,7 +57,7 @@ private Q_SLOTS:
     void stopOvertakesAndDropsCommands()
     {
         Traffic traffic;
-        Weather slow;
+        Simulated::Weather slow;
         slow.minimumDelay = slow.maximumDelay = 20;
         traffic.wire.link().setWeather(slow);
         traffic.link.command(request(Instruction::ROR, 0, 500));
@@ -159,7 +159,7 @@ private Q_SLOTS:
 
     void badWeatherLosesNoRead()
     {
-        Weather weather;
+        Simulated::Weather weather;
         weather.seed = 5;
         weather.replyLoss = 0.2;
         weather.duplicate = 0.2;

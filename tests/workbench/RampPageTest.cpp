@@ -186,7 +186,7 @@ private Q_SLOTS:
             const QByteArray where = QString("seed %1").arg(seed).toLatin1();
             ramp.axis().write(Number::MaxVelocity, 100); // what a lost request would leave
             ramp.axis().write(Number::Acceleration, 100);
-            Weather weather;
+            Simulated::Weather weather;
             weather.seed = seed;
             weather.maximumDelay = 8;
             weather.requestLoss = 0.06;
@@ -199,7 +199,7 @@ private Q_SLOTS:
             User::click(ramp.move);
             ramp.finish();
             QVERIFY2(ramp.isIdle() && ramp.moves() <= 1, where);
-            ramp.wire().setWeather(Weather());
+            ramp.wire().setWeather(Simulated::Weather());
             ramp.advance(3000);
             QVERIFY2(isTaken && ramp.moves() <= 1, where);
             if (ramp.page->move().peak() > 0) {

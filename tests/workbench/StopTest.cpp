@@ -3,7 +3,7 @@
 #include "Connection.h"
 #include "Global.h"
 #include "Instruction.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "RampPage.h"
 #include "TestCase.h"
 #include "User.h"
@@ -98,7 +98,7 @@ const State states[] = {
      [](Bench& bench) { bench.command(Instruction::SAP, Number::TargetCurrent, 500); }},
     {"commands wait",
      [](Bench& bench) {
-         Weather slow;
+         Simulated::Weather slow;
          slow.minimumDelay = slow.maximumDelay = 80;
          bench.simulator().link.setWeather(slow);
          bench.command(Instruction::ROR, 0, 2000);
@@ -110,7 +110,7 @@ const State states[] = {
      [](Bench& bench) {
          bench.showPage("ramp");
          bench.advance(500);
-         Weather slow;
+         Simulated::Weather slow;
          slow.minimumDelay = slow.maximumDelay = 20;
          bench.simulator().link.setWeather(slow);
          User::click(User::find<QPushButton>(&bench, "btnRampMove"));

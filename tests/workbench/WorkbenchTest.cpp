@@ -2,7 +2,7 @@
 #include "Connection.h"
 #include "Instruction.h"
 #include "OpenBench.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "SpinBox.h"
 #include "TestCase.h"
 #include "TraceController.h"

@@ -1,11 +1,11 @@
 #include "SimulatedWire.h"
 
 #include "HostClock.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 
 #include <QPointer>
 
-SimulatedWire::SimulatedWire(HostClock& clock, const Weather& weather, QObject* parent)
+SimulatedWire::SimulatedWire(HostClock& clock, const Simulated::Weather& weather, QObject* parent)
     : Wire(parent), m_link(m_module)
 {
     m_link.setWeather(weather);
@@ -17,6 +17,7 @@ ModuleProfile SimulatedWire::profile()
     ModuleProfile profile;
     profile.address = SimulatedModule().address();
     profile.axes = SimulatedModule::Axes;
+    profile.axisParameters.assign(AxisParameters.begin(), AxisParameters.end());
     profile.digitalInputs = SimulatedModule::DigitalInputs;
     profile.analogInputs = SimulatedModule::AnalogInputs;
     profile.keepAlive = AxisParameterNumber::ActualVelocity;

@@ -15,7 +15,7 @@ class SimulatedWire : public Wire
     Q_OBJECT
 public:
     /// The clock must outlive the wire.
-    SimulatedWire(HostClock& clock, const Weather& weather, QObject* parent = nullptr);
+    SimulatedWire(HostClock& clock, const Simulated::Weather& weather, QObject* parent = nullptr);
 
     /// What the simulated module is.
     static ModuleProfile profile();

@@ -64,12 +64,11 @@ enum class ReplyStatus : quint8 {
     OutOfRange = 13,  ///< The value lies outside the parameter's range.
     ReadOnly = 14,    ///< The parameter cannot be written.
     NotStorable = 15, ///< The parameter cannot be stored or restored.
-    Fault = 16,       ///< The module could not carry it out; only bad weather says so.
+    Fault = 16,       ///< The module could not carry it out.
     Ok = 100
 };
 
-/// Reply status of success; everything else is a failure.
-constexpr auto StatusOk = static_cast<quint8>(ReplyStatus::Ok);
+constexpr quint8 StatusOk = static_cast<quint8>(ReplyStatus::Ok);
 
 constexpr char toByte(Instruction instruction) { return static_cast<char>(instruction); }
 

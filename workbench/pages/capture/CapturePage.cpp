@@ -4,7 +4,8 @@
 #include "Instruction.h"
 #include "ModuleLink.h"
 #include "PanelParts.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
+#include "Recorder.h"
 #include "WRamDebug.h"
 
 #include <QGridLayout>
@@ -12,16 +13,6 @@
 #include <QVBoxLayout>
 
 namespace Number = AxisParameterNumber;
-
-namespace
-{
-
-// Types of RD.
-constexpr quint8 ElementsType = 1;
-constexpr quint8 ItemsType = 2;
-constexpr quint8 SampleType = 3;
-
-} // namespace
 
 CapturePage::CapturePage(const PageContext& context)
     : m_link(context.link), m_panel(new WRamDebug), m_start(PanelParts::startButton(*m_panel))
@@ -133,12 +124,12 @@ void CapturePage::answer(Command* request, Command* reply)
 
 void CapturePage::count(const Command& request, const Command& reply)
 {
-    const quint8 type = u8(request.getType());
-    if (type == ElementsType && reply.isValid())
+    const char type = request.getType();
+    if (carries(type, Recorder::Type::Elements) && reply.isValid())
         m_elements = reply.getValue();
-    if (type == ItemsType && reply.isValid())
+    if (carries(type, Recorder::Type::Items) && reply.isValid())
         m_items = reply.getValue();
-    if (type != SampleType)
+    if (!carries(type, Recorder::Type::Sample))
         return;
     ++(reply.isValid() ? m_fetched : m_missing);
     emit progressed(m_fetched + m_missing, m_elements * m_items);

@@ -4,7 +4,8 @@
 #include "Chart.h"
 #include "DrawerArea.h"
 #include "Global.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
+#include "Recorder.h"
 #include "ScreenPicture.h"
 #include "SimpleScaledDrawer.h"
 #include "SimulatedLink.h"
@@ -27,6 +28,10 @@ using namespace TourInput;
 namespace
 {
 
+using Recorder::Mode;
+using Recorder::Target;
+using Recorder::Trigger;
+
 constexpr int RunWithin = 60000;  // ms of real time
 constexpr int ShownSeries = 2;    // target and actual value; the module also takes two others
 constexpr int SamplesToStop = 80; // fetched before the stop
@@ -34,16 +39,22 @@ constexpr int SamplesToStop = 80; // fetched before the stop
 /// What to capture, as the panel's lists and boxes are set.
 struct Capture {
     const char* name;
-    int target;
-    int measure;
+    Target target;
+    Mode measure;
     int to;
-    int trigger;
+    Trigger trigger;
     int threshold;
 };
 
-void choose(const CapturePage* page, const char* list, int index)
+/// The item that stands for this number of the recorder.
+template <class Number>
+void choose(const CapturePage* page, const char* list, Number number)
 {
-    page->findChild<QComboBox*>(QString::fromLatin1(list))->setCurrentIndex(index);
+    auto* box = page->findChild<QComboBox*>(QString::fromLatin1(list));
+    for (int i = 0; i < box->count(); ++i) {
+        if (box->itemData(i).toStringList().value(1).toInt() == static_cast<int>(number))
+            box->setCurrentIndex(i);
+    }
 }
 
 void enter(const CapturePage* page, const char* box, int value)
@@ -56,9 +67,9 @@ void setUp(const CapturePage* page, const Capture& capture)
     choose(page, "cmbTargetMode", capture.target);
     choose(page, "cmbMeasureMode", capture.measure);
     choose(page, "cmbTriggerType", capture.trigger);
-    if (capture.trigger)
+    if (capture.trigger != Trigger::Always)
         enter(page, "sbTriggerValue", capture.threshold);
-    if (capture.target < 3)
+    if (capture.target != Target::None)
         enter(page, "sbToTarget", capture.to);
 }
 
@@ -70,8 +81,7 @@ QPushButton* button(const CapturePage* page, const char* name)
 bool runs() { return !Global::instance()->registeredThreads().isEmpty(); }
 
 /// The quantity that a trigger watches, and the side on which it fires.
-bool holds(const Capture& capture, const SimulatedRecorder::Element& first,
-           SimulatedRecorder::Mode mode)
+bool holds(const Capture& capture, const SimulatedRecorder::Element& first, Mode mode)
 {
     namespace N = AxisParameterNumber;
     const quint8 watched[] = {0,
@@ -81,13 +91,13 @@ bool holds(const Capture& capture, const SimulatedRecorder::Element& first,
                               N::ActualVelocity,
                               N::ActualCurrent,
                               N::ActualCurrent};
-    if (capture.trigger == 0)
+    if (capture.trigger == Trigger::Always)
         return true;
     const auto& items = SimulatedRecorder::items(mode);
     for (std::size_t item = 0; item < items.size(); ++item) {
-        if (items[item] == watched[capture.trigger])
-            return capture.trigger % 2 ? first[item] < capture.threshold
-                                       : first[item] > capture.threshold;
+        if (items[item] == watched[int(capture.trigger)])
+            return int(capture.trigger) % 2 ? first[item] < capture.threshold
+                                            : first[item] > capture.threshold;
     }
     return false;
 }
@@ -141,14 +151,19 @@ void expectCaptureOnScreen(TourGuide& guide, CapturePage* page)
 
 void captureByEachTrigger(TourGuide& guide, CapturePage* page)
 {
-    const Capture captures[] = {{"no target, always", 3, 0, 0, 0, 0},
-                                {"torque, always", 0, 0, 300, 0, 0},
-                                {"torque, torque lower", 0, 0, -300, 5, -100},
-                                {"torque, torque higher", 0, 0, 300, 6, 100},
-                                {"position, position lower", 2, 2, -9000, 1, -500},
-                                {"position, position higher", 2, 2, 9000, 2, 500},
-                                {"velocity, velocity lower", 1, 1, -500, 3, -100},
-                                {"velocity, velocity higher", 1, 1, 500, 4, 100}};
+    const Capture captures[] = {
+        {"no target, always", Target::None, Mode::Defined, 0, Trigger::Always, 0},
+        {"torque, always", Target::Torque, Mode::Torque, 300, Trigger::Always, 0},
+        {"torque, torque lower", Target::Torque, Mode::Torque, -300, Trigger::TorqueLower, -100},
+        {"torque, torque higher", Target::Torque, Mode::Torque, 300, Trigger::TorqueHigher, 100},
+        {"position, position lower", Target::Position, Mode::Position, -9000,
+         Trigger::PositionLower, -500},
+        {"position, position higher", Target::Position, Mode::Position, 9000,
+         Trigger::PositionHigher, 500},
+        {"velocity, velocity lower", Target::Velocity, Mode::Velocity, -500, Trigger::VelocityLower,
+         -100},
+        {"velocity, velocity higher", Target::Velocity, Mode::Velocity, 500,
+         Trigger::VelocityHigher, 100}};
     const auto* progress = guide.find<QProgressBar>(guide.window(), "prgFetch");
     for (const Capture& capture : captures) {
         setUp(page, capture);
@@ -225,9 +240,9 @@ void captureInBadWeather(TourGuide& guide, CapturePage* page)
     const QList<Chart*>& charts = *page->findChild<SimpleScaledDrawer*>()->getCharts();
     auto* log = guide.find<QPlainTextEdit>(guide.page(QStringLiteral("console")), "teTraffic");
     SimulatedLink& wire = guide.simulator().link;
-    const Weather before = wire.weather();
+    const Simulated::Weather before = wire.weather();
     for (double loss : {0.05, 0.4}) {
-        Weather weather = before;
+        Simulated::Weather weather = before;
         weather.replyLoss = loss;
         wire.setWeather(weather);
         log->clear();

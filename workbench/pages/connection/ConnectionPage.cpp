@@ -135,7 +135,7 @@ QWidget* ConnectionPage::makeWeather()
     delay->setSuffix(QStringLiteral(" ms"));
     delay->setValue(m_simulator->link.weather().maximumDelay);
     const auto apply = [this, loss, delay] {
-        Weather weather = m_simulator->link.weather();
+        Simulated::Weather weather = m_simulator->link.weather();
         weather.replyLoss = loss->value() / 100.0;
         weather.minimumDelay = delay->value();
         weather.maximumDelay = delay->value();

@@ -1,7 +1,7 @@
 #include "ConsolePage.h"
 
 #include "Instruction.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "SimulatedModule.h"
 #include "Simulator.h"
 #include "TourGuide.h"

@@ -7,7 +7,7 @@
 #include "Instruction.h"
 #include "ModuleLink.h"
 #include "PanelParts.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "ValueKey.h"
 #include "ValueOverTimeGraph.h"
 #include "WTraceController.h"
@@ -104,10 +104,10 @@ void GraphPage::offerParameters(char address)
         m_offered.emplace_back(address, toByte(instruction), toByte(type), toByte(bank), name);
     };
     for (int axis = 0; axis < m_link.profile().axes; ++axis) {
-        for (const ParameterInfo& parameter : axisParameters())
+        for (const ParameterInfo& parameter : m_link.profile().axisParameters)
             offer(Instruction::GAP, parameter.number, axis, caption(axis, parameter));
     }
-    for (const ParameterInfo& variable : userVariables())
+    for (const ParameterInfo& variable : UserVariables)
         offer(Instruction::GGP, variable.number, UserVariableBank,
               QString::fromUtf8(variable.name));
     for (int port = 0; port < m_link.profile().digitalInputs; ++port)

@@ -33,7 +33,7 @@ private:
     void showVelocity();
     void showNote();
 
-    RampProfile m_ramp;
+    Simulated::RampProfile m_ramp;
     QGraphicsScene m_scene;
     FunctionData* m_data;
     QRectF m_shown;

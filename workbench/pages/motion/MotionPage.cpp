@@ -6,7 +6,7 @@
 #include "Instruction.h"
 #include "ModuleLink.h"
 #include "PanelParts.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "PositionControl.h"
 #include "ShaftView.h"
 #include "SimulatedModule.h"

@@ -3,7 +3,7 @@
 #include "MotionPage.h"
 
 #include "CurrentControl.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "PositionControl.h"
 #include "ShaftView.h"
 #include "SimulatedLink.h"

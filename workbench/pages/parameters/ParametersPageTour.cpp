@@ -1,6 +1,6 @@
 #include "ParametersPage.h"
 
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "SimulatedModule.h"
 #include "Simulator.h"
 #include "SpinBox.h"
@@ -16,7 +16,7 @@ void ParametersPage::tour(TourGuide& guide)
 {
     guide.showPage(QStringLiteral("parameters"));
     int row = 0;
-    for (const ParameterInfo& parameter : axisParameters()) {
+    for (const ParameterInfo& parameter : AxisParameters) {
         if (parameter.number == Number::Acceleration)
             break;
         ++row;

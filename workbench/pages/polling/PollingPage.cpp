@@ -4,7 +4,7 @@
 #include "Fitting.h"
 #include "Instruction.h"
 #include "ModuleLink.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "TraceController.h"
 #include "ValueKey.h"
 #include "WTraceController.h"
@@ -84,7 +84,7 @@ void PollingPage::setAddress(char address)
     m_values.clear();
     m_table->setRowCount(0);
     for (int axis = 0; axis < m_link.profile().axes; ++axis) {
-        for (const ParameterInfo& parameter : axisParameters()) {
+        for (const ParameterInfo& parameter : m_link.profile().axisParameters) {
             if (!isPolled(parameter.number))
                 continue;
             const QString name = QString::fromUtf8(parameter.name);

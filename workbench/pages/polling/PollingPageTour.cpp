@@ -1,7 +1,7 @@
 #include "PollingPage.h"
 
 #include "ModuleLink.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "SimulatedModule.h"
 #include "Simulator.h"
 #include "TourGuide.h"

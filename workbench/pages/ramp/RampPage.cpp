@@ -4,7 +4,7 @@
 #include "Instruction.h"
 #include "ModuleLink.h"
 #include "Numbers.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "RampCurve.h"
 #include "SpinBox.h"
 

@@ -1,7 +1,7 @@
 // The steps of the tour on the page of the trapezoid ramp.
 
 #include "BasicTools.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "RampCurve.h"
 #include "RampPage.h"
 #include "SimulatedModule.h"
