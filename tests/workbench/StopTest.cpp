@@ -1,15 +1,14 @@
 #include "CapturePage.h"
-#include "CommandText.h"
 #include "Connection.h"
 #include "Global.h"
 #include "Instruction.h"
+#include "OpenBench.h"
 #include "ParameterCatalogue.h"
+#include "RamDebugThread_p.h"
 #include "RampPage.h"
 #include "TestCase.h"
-#include "User.h"
 #include "VelocityControl.h"
 #include "WRamDebug.h"
-#include "Workbench.h"
 
 #include <QComboBox>
 #include <QPushButton>
@@ -20,23 +19,26 @@ namespace Number = AxisParameterNumber;
 namespace
 {
 
-/// The connected workbench, with everything that leaves for the module.
-struct Bench : Workbench {
-    QStringList sent;
+/// The connected workbench.
+struct Bench : OpenBench {
+    QStringList asked; // reads, too
 
-    explicit Bench(const QStringList& arguments = {})
-        : Workbench(WorkbenchOptions::parse(
-              QStringList{"axrworkbench", "--photo", "x", "--connect"} + arguments, pageNames()))
+    Bench() : OpenBench("motion")
     {
-        QObject::connect(&link(), &ModuleLink::sent, this,
-                         [this](const Command& request) { sent << requestText(request); });
-        show();
-        advance(500);
+        connect(&link(), &ModuleLink::sent, this,
+                [this](const Command& request) { asked << requestText(request); });
+        open(500);
     }
 
     void command(Instruction instruction, int type, int value, int axis = 0)
     {
         link().command(Command(1, toByte(instruction), toByte(type), toByte(axis), value));
+    }
+    void setDelay(int delay)
+    {
+        Simulated::Weather weather;
+        weather.minimumDelay = weather.maximumDelay = delay;
+        wire().setWeather(weather);
     }
     bool waitFor(const std::function<bool()>& condition)
     {
@@ -47,32 +49,44 @@ struct Bench : Workbench {
         }
         return condition();
     }
-    bool hasSent(const QString& start) const
+    bool waitForRequest(const QString& start)
     {
-        return std::any_of(sent.begin(), sent.end(),
-                           [&start](const QString& each) { return each.startsWith(start); });
+        return start.isEmpty() || waitFor([&] {
+                   return std::any_of(asked.begin(), asked.end(), [&start](const QString& each) {
+                       return each.startsWith(start);
+                   });
+               });
     }
-    QWidget* capturePage() { return findChild<CapturePage*>(); }
-    /// In the mode of velocities, from 0 to 1000 rpm or from 1000 to 1000.
-    void startCapture(int from, int trigger, int threshold)
+    bool waitForRuns()
     {
+        return waitFor([] { return Global::instance()->registeredThreads().isEmpty(); });
+    }
+    QPushButton* button(const QString& page, const QString& name) const
+    {
+        return find<QPushButton>(page, name);
+    }
+    /// In the mode of velocities, from 0 to 1000 rpm or from 1000 to 1000, where it settles.
+    void startCapture(int from, int trigger, int threshold, int settleTime = 20)
+    {
+        RamDebugThread::Shared::settleTime = settleTime;
         showPage("capture");
-        User::find<QComboBox>(capturePage(), "cmbTargetMode")->setCurrentIndex(1);
-        User::find<QSpinBox>(capturePage(), "sbFromTarget")->setValue(from);
-        User::find<QComboBox>(capturePage(), "cmbTriggerType")->setCurrentIndex(trigger);
-        User::find<QSpinBox>(capturePage(), "sbTriggerValue")->setValue(threshold);
-        sent.clear();
-        User::click(User::find<QPushButton>(capturePage(), "btnStart"));
+        find<QComboBox>("capture", "cmbTargetMode")->setCurrentIndex(1);
+        find<QSpinBox>("capture", "sbFromTarget")->setValue(from);
+        find<QComboBox>("capture", "cmbTriggerType")->setCurrentIndex(trigger);
+        find<QSpinBox>("capture", "sbTriggerValue")->setValue(threshold);
+        asked.clear();
+        User::click(button("capture", "btnStart"));
     }
     QString driven() const
     {
         static const QRegularExpression motion("^(ROR|ROL|MVP|SAP [02] |SAP 155 )");
-        return sent.filter(motion).join(", ");
+        return asked.filter(motion).join(", ");
     }
 };
 
 enum Trigger { Always, VelocityLower = 3, VelocityHigher = 4 };
 
+/// Something under way, or a way to end it.
 struct State {
     const char* name;
     std::function<void(Bench&)> begin;
@@ -98,9 +112,7 @@ const State states[] = {
      [](Bench& bench) { bench.command(Instruction::SAP, Number::TargetCurrent, 500); }},
     {"commands wait",
      [](Bench& bench) {
-         Simulated::Weather slow;
-         slow.minimumDelay = slow.maximumDelay = 80;
-         bench.simulator().link.setWeather(slow);
+         bench.setDelay(80);
          bench.command(Instruction::ROR, 0, 2000);
          bench.advance(5);
          bench.command(Instruction::ROL, 0, 2000, 1);
@@ -110,10 +122,8 @@ const State states[] = {
      [](Bench& bench) {
          bench.showPage("ramp");
          bench.advance(500);
-         Simulated::Weather slow;
-         slow.minimumDelay = slow.maximumDelay = 20;
-         bench.simulator().link.setWeather(slow);
-         User::click(User::find<QPushButton>(&bench, "btnRampMove"));
+         bench.setDelay(20);
+         User::click(bench.button("ramp", "btnRampMove"));
          bench.advance(30);
          QCOMPARE(bench.findChild<RampPage*>()->move().state(), RampMove::State::Preparing);
      }},
@@ -121,35 +131,29 @@ const State states[] = {
      [](Bench& bench) {
          bench.showPage("ramp");
          bench.advance(500);
-         User::click(User::find<QPushButton>(&bench, "btnRampMove"));
+         User::click(bench.button("ramp", "btnRampMove"));
          bench.advance(500);
          QCOMPARE(bench.findChild<RampPage*>()->move().state(), RampMove::State::Moving);
      }},
 };
 
+/// A capture that was begun with these settings, and has come as far as this request.
+State capture(const char* name, int from, Trigger trigger, int threshold, int settleTime,
+              const char* request)
+{
+    return {name, [=](Bench& bench) {
+                bench.startCapture(from, trigger, threshold, settleTime);
+                QVERIFY(bench.waitForRequest(request));
+            }};
+}
+
 const State captures[] = {
-    {"has just begun", [](Bench& bench) { bench.startCapture(0, Always, 0); }},
-    {"rests at its start target",
-     [](Bench& bench) {
-         bench.startCapture(1000, VelocityHigher, 3000);
-         QVERIFY(bench.waitFor([&] { return bench.hasSent("SAP 2 "); }));
-     }},
-    {"waits for a trigger that does not come",
-     [](Bench& bench) {
-         bench.startCapture(0, VelocityHigher, 3000);
-         QVERIFY(bench.waitFor([&] { return bench.hasSent("RD 6"); }));
-     }},
-    {"waits for the axis to brake",
-     [](Bench& bench) {
-         bench.startCapture(1000, VelocityLower, 500);
-         QVERIFY(bench.waitFor([&] { return bench.hasSent("RD 6"); }));
-     }},
-    {"fetches and drives back",
-     [](Bench& bench) {
-         bench.startCapture(0, Always, 0);
-         QVERIFY(bench.waitFor([&] { return bench.hasSent("RD 3"); }));
-     }},
-    {"is asking",
+    capture("a capture has just begun", 0, Always, 0, 20, ""),
+    capture("a capture rests at its start target", 1000, VelocityHigher, 3000, 20000, "SAP 2 "),
+    capture("a capture waits for a trigger", 0, VelocityHigher, 3000, 20, "RD 6"),
+    capture("a capture waits for the axis to brake", 1000, VelocityLower, 500, 20, "RD 6"),
+    capture("a capture fetches and drives back", 0, Always, 0, 20, "RD 3"),
+    {"a capture is asking",
      [](Bench& bench) { // the stop comes inside the handler of one of its requests
          auto* context = new QObject(&bench);
          QObject::connect(&bench.link(), &ModuleLink::sent, context,
@@ -158,72 +162,77 @@ const State captures[] = {
                                   return;
                               context->disconnect();
                               context->deleteLater();
+                              bench.asked.clear();
                               bench.stopAxes();
                           });
          bench.startCapture(0, VelocityHigher, 3000);
-         QVERIFY(bench.waitFor([&] { return bench.hasSent("MST"); }));
+         QVERIFY(bench.waitForRequest("MST") && bench.waitForRuns());
+         QCOMPARE(bench.driven(), QString());
      }},
 };
 
-struct Stop {
-    const char* name;
-    std::function<void(Bench&)> press;
-};
-
-const Stop stops[] = {
+const State stops[] = {
     {"STOP", [](Bench& bench) { bench.stopAxes(); }},
-    {"the page's Stop",
-     [](Bench& bench) { User::click(User::find<QPushButton>(bench.capturePage(), "btnStop")); }},
+    {"the page's Stop", [](Bench& bench) { User::click(bench.button("capture", "btnStop")); }},
     {"the page's Stop, then STOP",
      [](Bench& bench) {
-         User::click(User::find<QPushButton>(bench.capturePage(), "btnStop"));
+         User::click(bench.button("capture", "btnStop"));
          QCoreApplication::processEvents();
          bench.stopAxes();
      }},
-    {"the panel's end", [](Bench& bench) { delete bench.findChild<WRamDebug*>(); }},
     {"disconnecting",
      [](Bench& bench) {
-         User::click(User::find<QPushButton>(bench.findChild<Connection*>(), "btnDisconnect"));
+         const auto* panel = bench.findChild<Connection*>();
+         User::click(User::find<QPushButton>(panel, "btnDisconnect"));
          bench.advance(100);
-         User::click(User::find<QPushButton>(bench.findChild<Connection*>(), "btnConnect"));
+         User::click(User::find<QPushButton>(panel, "btnConnect"));
      }},
+    {"the panel's end", [](Bench& bench) { delete bench.findChild<WRamDebug*>(); }},
     {"closing", [](Bench& bench) { bench.close(); }},
 };
 
 } // namespace
 
 Q_DECLARE_METATYPE(State)
-Q_DECLARE_METATYPE(Stop)
 
 /// From any state, after a stop every axis comes to rest within its ramp, and stays there.
 class StopTest : public TestCase
 {
     Q_OBJECT
 private:
+    /// One for all, as long as it is left as it was found.
+    Bench& bench()
+    {
+        if (!m_bench)
+            m_bench = std::make_unique<Bench>();
+        m_bench->setDelay(1);
+        return *m_bench;
+    }
     void expectStanding(Bench& bench)
     {
-        QVERIFY(bench.waitFor([] { return Global::instance()->registeredThreads().isEmpty(); }));
+        QVERIFY(bench.waitForRuns());
         bench.advance(2000);
         for (int i = 0; i < 100; ++i) {
             QCoreApplication::processEvents();
             bench.advance(50);
-            for (int axis = 0; axis < SimulatedModule::Axes; ++axis)
-                QVERIFY2(bench.simulator().module.axis(axis).velocity() == 0,
-                         qPrintable(bench.sent.join(", ")));
+            for (int axis : {0, 1})
+                QVERIFY2(bench.axis(axis).velocity() == 0, qPrintable(bench.sent.join(", ")));
         }
     }
+    std::unique_ptr<Bench> m_bench;
 
 private Q_SLOTS:
+    void cleanupTestCase() { m_bench.reset(); }
+
     void nothingMovesAfterAStop_data()
     {
         QTest::addColumn<State>("state");
-        QTest::addColumn<Stop>("stop");
+        QTest::addColumn<State>("stop");
         for (const State& state : states)
             QTest::newRow(state.name) << state << stops[0];
         for (const State& capture : captures) {
             for (int stop : {0, 1})
-                QTest::addRow("a capture %s, %s", capture.name, stops[stop].name)
-                    << capture << stops[stop];
+                QTest::addRow("%s, %s", capture.name, stops[stop].name) << capture << stops[stop];
         }
         for (std::size_t stop = 2; stop < std::size(stops); ++stop)
             QTest::addRow("a capture that drives, %s", stops[stop].name)
@@ -232,61 +241,56 @@ private Q_SLOTS:
     void nothingMovesAfterAStop()
     {
         QFETCH(State, state);
-        QFETCH(Stop, stop);
-        Bench bench;
+        QFETCH(State, stop);
+        const bool drivesBack = stop.name == QByteArray("the panel's end"); // before it stops
+        const auto last = qScopeGuard([this, drivesBack] {
+            if (drivesBack || QTest::currentTestFailed() || m_bench->isHidden())
+                m_bench.reset();
+        });
+        Bench& bench = this->bench();
         state.begin(bench);
         if (QTest::currentTestFailed())
             return;
-        bench.sent.clear();
-        stop.press(bench);
-        const bool isOfTheRun = stop.name == QByteArray("the panel's end"); // it drives back first
+        bench.asked.clear();
+        stop.begin(bench);
         expectStanding(bench);
-        if (isOfTheRun)
-            QVERIFY(bench.hasSent("MST"));
+        if (drivesBack)
+            QVERIFY(bench.waitForRequest("MST"));
         else
             QCOMPARE(bench.driven(), QString());
     }
 
     void aReleaseAfterTheStopIsNoClick()
     {
-        Bench bench;
-        bench.showPage("motion");
-        auto* panel = User::find<VelocityControl>(&bench, "VelocityControl0");
+        bench().showPage("motion");
+        auto* panel = User::find<VelocityControl>(&bench(), "VelocityControl0");
         for (const char* name : {"btnRight", "btnJogLeft"}) {
             auto* button = User::find<QPushButton>(panel, name);
             User::press(button);
-            bench.advance(100);
-            QTest::keyClick(&bench, Qt::Key_F12);
-            bench.advance(100);
-            bench.sent.clear();
+            bench().advance(100);
+            QTest::keyClick(&bench(), Qt::Key_F12);
+            bench().advance(100);
+            bench().asked.clear();
             User::release(button);
-            bench.advance(100);
-            QCOMPARE(bench.driven(), QString());
+            bench().advance(100);
+            QCOMPARE(bench().driven(), QString());
             QVERIFY(!button->isDown());
         }
     }
 
-    /// The next capture works as ever.
+    /// The next capture works as ever; and each stop leaves once.
     void aCaptureAfterAStop()
     {
-        Bench bench;
-        bench.startCapture(0, VelocityHigher, 3000);
-        QVERIFY(bench.waitFor([&] { return bench.hasSent("RD 6"); }));
-        bench.stopAxes();
-        auto* start = User::find<QPushButton>(bench.capturePage(), "btnStart");
-        QVERIFY(bench.waitFor([&] { return start->isEnabled(); }));
-        bench.startCapture(0, Always, 0);
-        auto* page = bench.findChild<CapturePage*>();
-        QVERIFY(bench.waitFor([&] { return start->isEnabled(); }));
-        QCOMPARE(page->fetched(), SimulatedRecorder::BufferSize);
-    }
-
-    void everyStopIsTold()
-    {
-        Bench bench;
-        bench.sent.clear();
-        bench.stopAxes();
-        QCOMPARE(bench.sent, QStringList({"MST 0 = 0, axis 0", "MST 0 = 0, axis 1"}));
+        bench().startCapture(0, VelocityHigher, 3000);
+        QVERIFY(bench().waitForRequest("RD 6"));
+        bench().sent.clear();
+        bench().stopAxes();
+        QCOMPARE(bench().sent.mid(0, 2), QStringList({"MST 0 = 0, axis 0", "MST 0 = 0, axis 1"}));
+        const auto* start = bench().button("capture", "btnStart");
+        QVERIFY(bench().waitFor([start] { return start->isEnabled(); }));
+        bench().startCapture(0, Always, 0);
+        QVERIFY(bench().waitFor([start] { return start->isEnabled(); }));
+        QCOMPARE(bench().findChild<CapturePage*>()->fetched(), SimulatedRecorder::BufferSize);
     }
 };
 
