@@ -64,11 +64,12 @@ enum class ReplyStatus : quint8 {
     OutOfRange = 13,  ///< The value lies outside the parameter's range.
     ReadOnly = 14,    ///< The parameter cannot be written.
     NotStorable = 15, ///< The parameter cannot be stored or restored.
-    Fault = 16,       ///< The module could not carry it out.
+    Fault = 16,       ///< The module could not carry it out; only bad weather says so.
     Ok = 100
 };
 
-constexpr quint8 StatusOk = static_cast<quint8>(ReplyStatus::Ok);
+/// Reply status of success; everything else is a failure.
+constexpr auto StatusOk = static_cast<quint8>(ReplyStatus::Ok);
 
 constexpr char toByte(Instruction instruction) { return static_cast<char>(instruction); }
 
