@@ -1,38 +1,27 @@
 #include "CapturePage.h"
-#include "Connection.h"
 #include "Global.h"
-#include "Instruction.h"
 #include "OpenBench.h"
-#include "ParameterCatalogue.h"
 #include "RamDebugThread_p.h"
 #include "RampPage.h"
 #include "TestCase.h"
-#include "VelocityControl.h"
 #include "WRamDebug.h"
 
 #include <QComboBox>
 #include <QPushButton>
 #include <QSpinBox>
 
-namespace Number = AxisParameterNumber;
-
 namespace
 {
 
-/// The connected workbench.
+/// The connected workbench, with all that leaves for the module.
 struct Bench : OpenBench {
-    QStringList asked; // reads, too
+    QStringList asked;
 
     Bench() : OpenBench("motion")
     {
         connect(&link(), &ModuleLink::sent, this,
                 [this](const Command& request) { asked << requestText(request); });
         open(500);
-    }
-
-    void command(Instruction instruction, int type, int value, int axis = 0)
-    {
-        link().command(Command(1, toByte(instruction), toByte(type), toByte(axis), value));
     }
     void setDelay(int delay)
     {
@@ -51,22 +40,18 @@ struct Bench : OpenBench {
     }
     bool waitForRequest(const QString& start)
     {
-        return start.isEmpty() || waitFor([&] {
-                   return std::any_of(asked.begin(), asked.end(), [&start](const QString& each) {
-                       return each.startsWith(start);
-                   });
-               });
+        return waitFor([&] {
+            return std::any_of(asked.begin(), asked.end(), [&start](const QString& each) {
+                return each.startsWith(start + ' ');
+            });
+        });
     }
     bool waitForRuns()
     {
         return waitFor([] { return Global::instance()->registeredThreads().isEmpty(); });
     }
-    QPushButton* button(const QString& page, const QString& name) const
-    {
-        return find<QPushButton>(page, name);
-    }
     /// In the mode of velocities, from 0 to 1000 rpm or from 1000 to 1000, where it settles.
-    void startCapture(int from, int trigger, int threshold, int settleTime = 20)
+    void startCapture(int from, int trigger, int threshold, int settleTime)
     {
         RamDebugThread::Shared::settleTime = settleTime;
         showPage("capture");
@@ -75,125 +60,103 @@ struct Bench : OpenBench {
         find<QComboBox>("capture", "cmbTriggerType")->setCurrentIndex(trigger);
         find<QSpinBox>("capture", "sbTriggerValue")->setValue(threshold);
         asked.clear();
-        User::click(button("capture", "btnStart"));
+        User::click(find<QPushButton>("capture", "btnStart"));
+    }
+    /// Stops inside the handler of the request that is about to turn the axis.
+    void stopInside()
+    {
+        auto* context = new QObject(this);
+        connect(&link(), &ModuleLink::sent, context, [this, context](const Command& request) {
+            if (!requestText(request).startsWith("SAP 2 = 1000"))
+                return;
+            context->disconnect();
+            context->deleteLater();
+            asked.clear();
+            stopAxes();
+        });
     }
     QString driven() const
     {
         static const QRegularExpression motion("^(ROR|ROL|MVP|SAP [02] |SAP 155 )");
         return asked.filter(motion).join(", ");
     }
+    /// Does the steps one after the other: what a user does, or an instruction with its type, axis
+    /// and value.
+    void play(const QString& steps)
+    {
+        for (const QString& step : steps.split(", ")) {
+            const QStringList word = step.split(' ');
+            const auto number = [&word](int index) { return word.value(index).toInt(); };
+            const auto button = [&] { return find<QPushButton>(word.at(1), word.at(2)); };
+            const QString& verb = word.first();
+            if (verb == "wait")
+                advance(number(1));
+            else if (verb == "delay")
+                setDelay(number(1));
+            else if (verb == "show")
+                showPage(word.at(1));
+            else if (verb == "press")
+                User::press(button());
+            else if (verb == "click")
+                User::click(button());
+            else if (verb == "capture")
+                startCapture(number(1), number(2), number(3), number(4));
+            else if (verb == "until")
+                QVERIFY(waitForRequest(step.section(' ', 1)));
+            else if (verb == "rampIs")
+                QCOMPARE(int(findChild<RampPage*>()->move().state()), number(1));
+            else if (verb == "stopInside")
+                stopInside();
+            else if (verb == "standsStill")
+                QVERIFY(waitForRuns() && driven().isEmpty());
+            else if (verb == "STOP")
+                stopAxes();
+            else if (verb == "events")
+                QCoreApplication::processEvents();
+            else if (verb == "deletePanel")
+                delete findChild<WRamDebug*>();
+            else if (verb == "close")
+                close();
+            else
+                link().command(
+                    Command(1, toByte(number(0)), toByte(number(1)), toByte(number(2)), number(3)));
+        }
+    }
 };
 
-enum Trigger { Always, VelocityLower = 3, VelocityHigher = 4 };
+using Row = const char* const[2];
 
-/// Something under way, or a way to end it.
-struct State {
-    const char* name;
-    std::function<void(Bench&)> begin;
-};
-
-const State states[] = {
-    {"both axes turn",
-     [](Bench& bench) {
-         bench.command(Instruction::ROR, 0, 2000);
-         bench.command(Instruction::ROL, 0, 2000, 1);
-         bench.advance(1000);
-     }},
-    {"a jog is held",
-     [](Bench& bench) {
-         bench.showPage("motion");
-         auto* panel = User::find<VelocityControl>(&bench, "VelocityControl0");
-         User::find<QSpinBox>(panel, "sbTargetVelocity")->setValue(2000);
-         User::press(User::find<QPushButton>(panel, "btnJogLeft"));
-         bench.advance(1000);
-     }},
-    {"a move is on its way", [](Bench& bench) { bench.command(Instruction::MVP, 1, 1000000); }},
-    {"driven by current",
-     [](Bench& bench) { bench.command(Instruction::SAP, Number::TargetCurrent, 500); }},
-    {"commands wait",
-     [](Bench& bench) {
-         bench.setDelay(80);
-         bench.command(Instruction::ROR, 0, 2000);
-         bench.advance(5);
-         bench.command(Instruction::ROL, 0, 2000, 1);
-         bench.command(Instruction::MVP, 1, 1000000);
-     }},
+Row states[] = {
+    {"both axes turn", "1 0 0 2000, 2 0 1 2000, wait 1000"},
+    {"a jog is held", "show motion, press VelocityControl0 btnJogLeft, wait 1000"},
+    {"a move is on its way", "4 1 0 1000000"},
+    {"driven by current", "5 155 0 500"},
+    {"commands wait", "delay 80, 1 0 0 2000, wait 5, 2 0 1 2000, 4 1 0 1000000"},
     {"a move asks whether it may",
-     [](Bench& bench) {
-         bench.showPage("ramp");
-         bench.advance(500);
-         bench.setDelay(20);
-         User::click(bench.button("ramp", "btnRampMove"));
-         bench.advance(30);
-         QCOMPARE(bench.findChild<RampPage*>()->move().state(), RampMove::State::Preparing);
-     }},
-    {"a ramp is turned",
-     [](Bench& bench) {
-         bench.showPage("ramp");
-         bench.advance(500);
-         User::click(bench.button("ramp", "btnRampMove"));
-         bench.advance(500);
-         QCOMPARE(bench.findChild<RampPage*>()->move().state(), RampMove::State::Moving);
-     }},
+     "show ramp, wait 500, delay 20, click ramp btnRampMove, wait 30, rampIs 1"},
+    {"a ramp is turned", "show ramp, wait 500, click ramp btnRampMove, wait 500, rampIs 2"},
 };
 
-/// A capture that was begun with these settings, and has come as far as this request.
-State capture(const char* name, int from, Trigger trigger, int threshold, int settleTime,
-              const char* request)
-{
-    return {name, [=](Bench& bench) {
-                bench.startCapture(from, trigger, threshold, settleTime);
-                QVERIFY(bench.waitForRequest(request));
-            }};
-}
-
-const State captures[] = {
-    capture("a capture has just begun", 0, Always, 0, 20, ""),
-    capture("a capture rests at its start target", 1000, VelocityHigher, 3000, 20000, "SAP 2 "),
-    capture("a capture waits for a trigger", 0, VelocityHigher, 3000, 20, "RD 6"),
-    capture("a capture waits for the axis to brake", 1000, VelocityLower, 500, 20, "RD 6"),
-    capture("a capture fetches and drives back", 0, Always, 0, 20, "RD 3"),
-    {"a capture is asking",
-     [](Bench& bench) { // the stop comes inside the handler of one of its requests
-         auto* context = new QObject(&bench);
-         QObject::connect(&bench.link(), &ModuleLink::sent, context,
-                          [&bench, context](const Command& request) {
-                              if (!requestText(request).startsWith("SAP 2 = 1000"))
-                                  return;
-                              context->disconnect();
-                              context->deleteLater();
-                              bench.asked.clear();
-                              bench.stopAxes();
-                          });
-         bench.startCapture(0, VelocityHigher, 3000);
-         QVERIFY(bench.waitForRequest("MST") && bench.waitForRuns());
-         QCOMPARE(bench.driven(), QString());
-     }},
+// From, trigger (0 always, 3 velocity lower, 4 velocity higher), threshold, time to settle.
+Row captures[] = {
+    {"has just begun", "capture 0 0 0 20"},
+    {"rests at its start target", "capture 1000 4 3000 20000, until SAP 2"},
+    {"waits for a trigger that does not come", "capture 0 4 3000 20, until RD 6"},
+    {"waits for the axis to brake", "capture 1000 3 500 20, until RD 6"},
+    {"fetches and drives back", "capture 0 0 0 20, until RD 3"},
+    {"is asking", "stopInside, capture 0 4 3000 20, until MST, standsStill"},
 };
 
-const State stops[] = {
-    {"STOP", [](Bench& bench) { bench.stopAxes(); }},
-    {"the page's Stop", [](Bench& bench) { User::click(bench.button("capture", "btnStop")); }},
-    {"the page's Stop, then STOP",
-     [](Bench& bench) {
-         User::click(bench.button("capture", "btnStop"));
-         QCoreApplication::processEvents();
-         bench.stopAxes();
-     }},
-    {"disconnecting",
-     [](Bench& bench) {
-         const auto* panel = bench.findChild<Connection*>();
-         User::click(User::find<QPushButton>(panel, "btnDisconnect"));
-         bench.advance(100);
-         User::click(User::find<QPushButton>(panel, "btnConnect"));
-     }},
-    {"the panel's end", [](Bench& bench) { delete bench.findChild<WRamDebug*>(); }},
-    {"closing", [](Bench& bench) { bench.close(); }},
+Row stops[] = {
+    {"STOP", "STOP"},
+    {"the page's Stop", "click capture btnStop"},
+    {"the page's Stop, then STOP", "click capture btnStop, events, STOP"},
+    {"disconnecting", "click Connection btnDisconnect, wait 100, click Connection btnConnect"},
+    {"closing", "close"},
+    {"the panel's end", "deletePanel"},
 };
 
 } // namespace
-
-Q_DECLARE_METATYPE(State)
 
 /// From any state, after a stop every axis comes to rest within its ramp, and stays there.
 class StopTest : public TestCase
@@ -208,17 +171,6 @@ private:
         m_bench->setDelay(1);
         return *m_bench;
     }
-    void expectStanding(Bench& bench)
-    {
-        QVERIFY(bench.waitForRuns());
-        bench.advance(2000);
-        for (int i = 0; i < 100; ++i) {
-            QCoreApplication::processEvents();
-            bench.advance(50);
-            for (int axis : {0, 1})
-                QVERIFY2(bench.axis(axis).velocity() == 0, qPrintable(bench.sent.join(", ")));
-        }
-    }
     std::unique_ptr<Bench> m_bench;
 
 private Q_SLOTS:
@@ -226,46 +178,51 @@ private Q_SLOTS:
 
     void nothingMovesAfterAStop_data()
     {
-        QTest::addColumn<State>("state");
-        QTest::addColumn<State>("stop");
-        for (const State& state : states)
-            QTest::newRow(state.name) << state << stops[0];
-        for (const State& capture : captures) {
+        QTest::addColumn<QString>("state");
+        QTest::addColumn<QString>("stop");
+        for (const auto& state : states)
+            QTest::newRow(state[0]) << state[1] << stops[0][1];
+        for (const auto& capture : captures) {
             for (int stop : {0, 1})
-                QTest::addRow("%s, %s", capture.name, stops[stop].name) << capture << stops[stop];
+                QTest::addRow("a capture %s, %s", capture[0], stops[stop][0])
+                    << capture[1] << stops[stop][1];
         }
         for (std::size_t stop = 2; stop < std::size(stops); ++stop)
-            QTest::addRow("a capture that drives, %s", stops[stop].name)
-                << captures[3] << stops[stop];
+            QTest::addRow("a capture that drives, %s", stops[stop][0])
+                << captures[3][1] << stops[stop][1];
     }
     void nothingMovesAfterAStop()
     {
-        QFETCH(State, state);
-        QFETCH(State, stop);
-        const bool drivesBack = stop.name == QByteArray("the panel's end"); // before it stops
+        QFETCH(QString, state);
+        QFETCH(QString, stop);
+        const bool drivesBack = stop == "deletePanel"; // before it stops
         const auto last = qScopeGuard([this, drivesBack] {
             if (drivesBack || QTest::currentTestFailed() || m_bench->isHidden())
                 m_bench.reset();
         });
-        Bench& bench = this->bench();
-        state.begin(bench);
+        bench().play(state);
         if (QTest::currentTestFailed())
             return;
-        bench.asked.clear();
-        stop.begin(bench);
-        expectStanding(bench);
+        m_bench->asked.clear();
+        m_bench->play(stop);
+        QVERIFY(m_bench->waitForRuns());
+        m_bench->advance(2000);
+        for (int i = 0; i < 100; ++i) {
+            QCoreApplication::processEvents();
+            m_bench->advance(50);
+            QCOMPARE(qAbs(m_bench->axis(0).velocity()) + qAbs(m_bench->axis(1).velocity()), 0.0);
+        }
         if (drivesBack)
-            QVERIFY(bench.waitForRequest("MST"));
+            QVERIFY(m_bench->waitForRequest("MST"));
         else
-            QCOMPARE(bench.driven(), QString());
+            QCOMPARE(m_bench->driven(), QString());
     }
 
     void aReleaseAfterTheStopIsNoClick()
     {
         bench().showPage("motion");
-        auto* panel = User::find<VelocityControl>(&bench(), "VelocityControl0");
         for (const char* name : {"btnRight", "btnJogLeft"}) {
-            auto* button = User::find<QPushButton>(panel, name);
+            auto* button = bench().find<QPushButton>("VelocityControl0", name);
             User::press(button);
             bench().advance(100);
             QTest::keyClick(&bench(), Qt::Key_F12);
@@ -278,18 +235,14 @@ private Q_SLOTS:
         }
     }
 
-    /// The next capture works as ever; and each stop leaves once.
+    /// The next capture works as ever.
     void aCaptureAfterAStop()
     {
-        bench().startCapture(0, VelocityHigher, 3000);
-        QVERIFY(bench().waitForRequest("RD 6"));
-        bench().sent.clear();
-        bench().stopAxes();
-        QCOMPARE(bench().sent.mid(0, 2), QStringList({"MST 0 = 0, axis 0", "MST 0 = 0, axis 1"}));
-        const auto* start = bench().button("capture", "btnStart");
-        QVERIFY(bench().waitFor([start] { return start->isEnabled(); }));
-        bench().startCapture(0, Always, 0);
-        QVERIFY(bench().waitFor([start] { return start->isEnabled(); }));
+        const auto* start = bench().find<QPushButton>("capture", "btnStart");
+        for (const char* steps : {"capture 0 4 3000 20, until RD 6, STOP", "capture 0 0 0 20"}) {
+            bench().play(steps);
+            QVERIFY(bench().waitFor([start] { return start->isEnabled(); }));
+        }
         QCOMPARE(bench().findChild<CapturePage*>()->fetched(), SimulatedRecorder::BufferSize);
     }
 };
