@@ -11,7 +11,6 @@
 #include <QCoreApplication>
 #include <QGraphicsView>
 #include <QImage>
-#include <QPixmap>
 #include <QSpinBox>
 
 inline constexpr qint64 Start = 1600000000000; // a full second
@@ -29,6 +28,7 @@ public:
         QCoreApplication::sendPostedEvents();
     }
     ~ShownGraph() { delete graph; }
+    void remove() { delete std::exchange(graph, nullptr); }
 
     void resize(QSize size)
     {
