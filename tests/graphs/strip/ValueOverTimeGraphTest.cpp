@@ -69,6 +69,7 @@ private Q_SLOTS:
     {
         ShownGraph chart({700, 400});
         chart.graph->setFont(DrawingLog::font());
+        chart.view()->viewport()->setFont(DrawingLog::font()); // which has a sheet of its own
         chart.graph->setYAxisCaption("value");
         chart.graph->setDrawBoundingEnabled(true);
         chart.add(1, "abc");
@@ -391,6 +392,7 @@ private Q_SLOTS:
         for (ShownGraph& chart : charts) {
             chart.resize({600, 300});
             chart.addCurves(4);
+            chart.graph->setYAxisCaption("value");
             chart.graph->startDrawing();
         }
         const int pauses[] = {4, 9, 40, 600}; // ms
@@ -408,15 +410,15 @@ private Q_SLOTS:
         for (int curve = 0; curve < 4; ++curve)
             take(curve, curve * 20, now - 1);
         inBoth([now](ShownGraph& chart) { chart.frame(now); });
-        for (int frame = 0; frame < 1000; ++frame) {
+        for (int frame = 0; frame < 480; ++frame) {
             now += 37 + dice(7);
-            if (frame == 600 || frame == 800) {
-                const qint64 jump = frame == 600 ? -Hour : Hour;
+            if (frame == 300 || frame == 400) {
+                const qint64 jump = frame == 300 ? -Hour : Hour;
                 now += jump;
                 for (qint64& time : next)
                     time += jump;
             }
-            if (frame == 720)
+            if (frame == 360)
                 now -= 300; // the youngest samples are to come once more
             for (int curve = 0; curve < 4; ++curve) {
                 for (; next[curve] <= now; next[curve] += 1 + dice(2 * pauses[curve])) {
@@ -425,18 +427,18 @@ private Q_SLOTS:
                     take(curve, values[curve], next[curve]);
                 }
             }
-            if (frame > 600 && frame % 97 == 50)           // and with it no picture
+            if (frame > 300 && frame % 47 == 20)           // and with it no picture
                 take(dice(4), dice(800) - 400, now - 120); // late
-            if (frame % 150 == 100)
+            if (frame % 75 == 50)
                 inBoth([](ShownGraph& chart) { chart.graph->stopDrawing(); });
-            if (frame % 150 == 112)
+            if (frame % 75 == 58)
                 inBoth([](ShownGraph& chart) { chart.graph->startDrawing(); });
-            if (frame == 650)
+            if (frame == 325)
                 inBoth([](ShownGraph& chart) { chart.button("btnScaleManually")->click(); });
-            if (frame > 650 && frame % 40 == 0)
+            if (frame > 325 && frame % 40 == 0)
                 inBoth(
                     [&](ShownGraph& chart) { chart.box("sbMax")->setValue(100 + frame % 3 * 50); });
-            if (frame % 200 == 180)
+            if (frame == 90)
                 inBoth([](ShownGraph& chart) { chart.graph->setDataPointsEnabled(false); });
             if (frame % 4) {
                 inBoth([now](ShownGraph& chart) {
