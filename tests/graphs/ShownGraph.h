@@ -74,14 +74,17 @@ public:
     }
 
     QGraphicsView* view() const { return User::find<QGraphicsView>(graph, "graphicsView"); }
+    /// From the lowest to the topmost one; the scene has them in no order.
     template <class Item>
     QList<Item*> items() const
     {
         QList<Item*> found;
-        for (QGraphicsItem* item : view()->scene()->items(Qt::AscendingOrder)) {
+        for (QGraphicsItem* item : view()->scene()->items()) {
             if (auto* one = dynamic_cast<Item*>(item))
                 found << one;
         }
+        std::sort(found.begin(), found.end(),
+                  [](const Item* a, const Item* b) { return a->zValue() < b->zValue(); });
         return found;
     }
     /// Those that are visible, as "z@y".
