@@ -115,15 +115,13 @@ private Q_SLOTS:
             int max;
             double value;
             int row;
-        } rows[] = {
-            {-50, 50, 10, 40},
-            {100, 0, 25, 25},
-            {5, 5, 5, 50},
-            {5, 5, 6, 0},
-            {INT_MIN, INT_MAX, 0, 49},
-            {INT_MAX, INT_MAX, INT_MAX, 0},
-            {INT_MIN, INT_MIN, INT_MIN, 100},
-        };
+        } rows[] = {{-50, 50, 10, 40},
+                    {100, 0, 25, 25},
+                    {5, 5, 5, 50},
+                    {5, 5, 6, 0},
+                    {INT_MIN, INT_MAX, 0, 49},
+                    {INT_MAX, INT_MAX, INT_MAX, 0},
+                    {INT_MIN, INT_MIN, INT_MIN, 100}};
         for (const auto& row : rows) {
             Curve curve;
             curve.setMinValue(row.min);

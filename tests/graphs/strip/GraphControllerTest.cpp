@@ -18,20 +18,23 @@ QAbstractButton* button(const QWidget& panel, const QString& name)
     return User::find<QAbstractButton>(&panel, name);
 }
 
-/// Which of Start and Stop is enabled, the scaling, whether the range can be edited, and the range.
+/// What is enabled and checked, and the range.
 QString shown(const QWidget& panel)
 {
-    const auto pick = [](bool is, const char* text) { return is ? text : ""; };
+    QStringList words;
+    const auto add = [&words](bool is, const char* word) {
+        if (is)
+            words << word;
+    };
     const auto* min = User::find<QSpinBox>(&panel, "sbMin");
     const auto* max = User::find<QSpinBox>(&panel, "sbMax");
-    return QString("%1%2%3%4%5%6%7..%8")
-        .arg(pick(button(panel, "btnStop")->isEnabled(), "running "),
-             pick(button(panel, "btnStart")->isEnabled(), "stopped "),
-             pick(button(panel, "btnScaleDynamic")->isChecked(), "dynamic "),
-             pick(button(panel, "btnScaleManually")->isChecked(), "manual "),
-             pick(min->isEnabled(), "min "), pick(max->isEnabled(), "max "))
-        .arg(min->value())
-        .arg(max->value());
+    add(button(panel, "btnStop")->isEnabled(), "running");
+    add(button(panel, "btnStart")->isEnabled(), "stopped");
+    add(button(panel, "btnScaleDynamic")->isChecked(), "dynamic");
+    add(button(panel, "btnScaleManually")->isChecked(), "manual");
+    add(min->isEnabled(), "min");
+    add(max->isEnabled(), "max");
+    return words.join(' ') + QString(" %1..%2").arg(min->value()).arg(max->value());
 }
 
 using Stored = QMap<QString, QVariant>;
@@ -117,57 +120,42 @@ private Q_SLOTS:
         QCOMPARE(told(), QString("maxValueChanged 300 (200), minValueChanged 100 (200)"));
     }
 
-    void loads_data()
-    {
-        QTest::addColumn<Stored>("values");
-        QTest::addColumn<QString>("emitted");
-        QTest::addColumn<QString>("after");
-        const QString untouched = "running dynamic -100..100";
-        const struct {
-            const char* name;
-            Stored values;
-            QString emitted;
-            QString after;
-        } rows[] = {
-            {"nothing", {}, "scaleDynamic", untouched},
-            {"wider, manual",
-             {{"checkedId", ManualId}, {"sbMax", 900}, {"sbMin", -900}},
-             "scaleManually,maxValueChanged 900,minValueChanged -900",
-             "running manual min max -900..900"},
-            {"below",
-             {{"checkedId", DynamicId}, {"sbMax", -300}, {"sbMin", -500}},
-             "scaleDynamic,maxValueChanged -100,minValueChanged -500,maxValueChanged -300",
-             "running dynamic -500..-300"},
-            {"inverted",
-             {{"sbMax", -50}, {"sbMin", 50}},
-             "scaleDynamic,maxValueChanged -50,minValueChanged -50",
-             "running dynamic -50..-50"},
-            {"unknown button", {{"checkedId", 5}}, "", untouched},
-            {"no numbers",
-             {{"checkedId", "x"}, {"sbMax", "9e9"}, {"sbMin", QSize(1, 2)}},
-             "scaleDynamic",
-             untouched},
-            {"beyond int",
-             {{"checkedId", qint64(1) << 32}, {"sbMax", (qint64(1) << 32) + 7}, {"sbMin", 1e300}},
-             "scaleDynamic",
-             untouched},
-        };
-        for (const auto& row : rows)
-            QTest::newRow(row.name) << row.values << row.emitted << row.after;
-    }
     void loads()
     {
-        QFETCH(Stored, values);
-        QFETCH(QString, after);
-        const auto panel = panelOf(values);
-        panel->setEnabled(false); // a click would not get through
-        SignalLog log(panel.get());
-        panel->setAppSettingsKey(QString());
-        QCOMPARE(log.takeLines(), QStringList());
-        panel->setAppSettingsKey("key");
-        QTEST(log.takeLines().join(','), "emitted");
-        panel->setEnabled(true);
-        QCOMPARE(shown(*panel), after);
+        const qint64 beyond = (qint64(1) << 32) + 7;
+        const struct {
+            Stored values;
+            const char* emitted;
+            const char* after;
+        } rows[] = {
+            {{}, "scaleDynamic", "running dynamic -100..100"},
+            {{{"checkedId", ManualId}, {"sbMax", 900}, {"sbMin", -900}},
+             "scaleManually,maxValueChanged 900,minValueChanged -900",
+             "running manual min max -900..900"},
+            {{{"checkedId", DynamicId}, {"sbMax", -300}, {"sbMin", -500}}, // below
+             "scaleDynamic,maxValueChanged -100,minValueChanged -500,maxValueChanged -300",
+             "running dynamic -500..-300"},
+            {{{"sbMax", -50}, {"sbMin", 50}}, // inverted
+             "scaleDynamic,maxValueChanged -50,minValueChanged -50",
+             "running dynamic -50..-50"},
+            {{{"checkedId", 5}}, "", "running dynamic -100..100"},
+            {{{"checkedId", "x"}, {"sbMax", beyond}, {"sbMin", QSize(1, 2)}}, // no numbers
+             "scaleDynamic",
+             "running dynamic -100..100"},
+        };
+        for (const auto& row : rows) {
+            AppSettings().remove("key");
+            const auto panel = panelOf(row.values);
+            panel->setEnabled(false); // a click would not get through
+            SignalLog log(panel.get());
+            panel->setAppSettingsKey(QString());
+            QCOMPARE(log.takeLines(), QStringList());
+            panel->setAppSettingsKey("key");
+            QCOMPARE(log.takeLines().join(','), QString(row.emitted));
+            panel->setEnabled(true);
+            QCOMPARE(shown(*panel), QString(row.after));
+            panel->setAppSettingsKey(QString()); // or its end would store
+        }
     }
 
     void storesAtTheEnd()
@@ -180,12 +168,11 @@ private Q_SLOTS:
         panel->handleScaleChanged(-5, 60);
         panel.reset();
         const AppSettings settings;
-        QStringList lines;
-        for (const QString& key : settings.allKeys())
-            lines << key + " " + settings.value(key, QVariant()).toString();
-        QCOMPARE(lines,
-                 QStringList({"key/graphController/checkedId -3", "key/graphController/sbMax 60",
-                              "key/graphController/sbMin -5"}));
+        const QString keys[] = {"checkedId", "sbMax", "sbMin"};
+        const int values[] = {ManualId, 60, -5};
+        QCOMPARE(settings.allKeys().size(), 3);
+        for (int i = 0; i < 3; ++i)
+            QCOMPARE(settings.value("key/graphController/" + keys[i], 0).toInt(), values[i]);
     }
 
     void hostDeletesThePanelInsideAnEmission()
