@@ -476,7 +476,7 @@ private:
             complain(QStringLiteral("STOP was not heard"));
         m_isStopHeard = false;
         m_isStopping = false;
-        SimulatedModule& module = m_bench.link().module();
+        SimulatedModule& module = m_bench.simulator().module;
         for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
             const double acceleration = module.axis(axis).read(AxisParameterNumber::Acceleration);
             const double needed =
@@ -531,7 +531,7 @@ private:
 
     bool stands(int axis) const
     {
-        return std::abs(m_bench.link().module().axis(axis).velocity()) < Standing;
+        return std::abs(m_bench.simulator().module.axis(axis).velocity()) < Standing;
     }
 
     void connectAgain()

@@ -31,7 +31,7 @@ struct ShownBench {
               WorkbenchOptions::parse({"axrworkbench", "--photo", "x", "--connect", "--page", page},
                                       Workbench::pageNames()))
         , stop(User::find<QToolButton>(&bench, "btnStopAll"))
-        , axis(bench.link().module().axis(0))
+        , axis(bench.simulator().module.axis(0))
     {
         bench.startClock();
         Screen::show(&bench);

@@ -56,7 +56,7 @@ private Q_SLOTS:
         QVERIFY(Screen::changes(shaft) >= 8);
         Screen::key("F12");
         QVERIFY(Screen::waitFor(
-            [&] { return qFuzzyIsNull(shown.bench.link().module().axis(0).velocity()); }));
+            [&] { return qFuzzyIsNull(shown.bench.simulator().module.axis(0).velocity()); }));
         QVERIFY(Screen::stands(shaft));
     }
 
@@ -149,7 +149,7 @@ private Q_SLOTS:
         ShownBench shown("motion");
         auto* strip = User::find<QLabel>(&shown.bench, "lblLinkState");
         QVERIFY(Screen::stands(strip));
-        shown.bench.link().wire().setSilent(true);
+        shown.bench.simulator().link.setSilent(true);
         QVERIFY(Screen::waitFor([&] { return Screen::has(Screen::picture(strip), "crimson"); }));
         QVERIFY(Screen::changes(strip) >= 8);
     }
