@@ -56,6 +56,13 @@ public:
         Command answer = reply(1, command, 0, 0, value);
         graph->IN_replyValue(&answer);
     }
+    /// One after the other for each of the curves of addCurves().
+    void takeAll(const QVector<int>& values, qint64 at)
+    {
+        for (int value : values)
+            for (int i = 1; i <= graph->getGraphs().size(); ++i)
+                take(i, value, at);
+    }
     void update(qint64 at)
     {
         time = at;

@@ -13,40 +13,26 @@ namespace
 
 const double NaN = std::numeric_limits<double>::quiet_NaN();
 
-struct Arrival {
-    double value;
-    qint64 time;
-};
-
 qint64 slotOf(qint64 time) { return static_cast<qint64>(std::floor(time / 10.0)); }
 
-using Column = std::vector<double>; // slot, time, first, lowest, highest, last
-
-/// \param arrivals in their order, numbers only
-std::vector<Column> columnsOf(const std::deque<Arrival>& arrivals)
+/// Columns in the order of arrival, of samples that are numbers.
+std::vector<CurveColumns::Column> columnsOf(const std::deque<TValue>& samples)
 {
-    std::vector<Column> list;
-    for (const auto& [value, time] : arrivals) {
-        const auto slot = static_cast<double>(slotOf(time));
-        if (list.empty() || list.back()[0] != slot)
-            list.push_back({slot, static_cast<double>(time), value, value, value, value});
-        Column& column = list.back();
-        column[3] = std::min(column[3], value);
-        column[4] = std::max(column[4], value);
-        column[5] = value;
+    std::vector<CurveColumns::Column> list;
+    for (const auto& [value, time] : samples) {
+        if (list.empty() || list.back().slot != slotOf(time))
+            list.push_back({slotOf(time), time, value, value, value, value});
+        list.back().lowest = std::min(list.back().lowest, value);
+        list.back().highest = std::max(list.back().highest, value);
+        list.back().last = value;
     }
     return list;
 }
 
-std::vector<Column> columnsOf(const CurveColumns& columns)
+bool isSame(const CurveColumns::Column& a, const CurveColumns::Column& b)
 {
-    std::vector<Column> list;
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        const auto& column = columns[i];
-        list.push_back({static_cast<double>(column.slot), static_cast<double>(column.time),
-                        column.first, column.lowest, column.highest, column.last});
-    }
-    return list;
+    return a.slot == b.slot && a.time == b.time && a.first == b.first && a.lowest == b.lowest &&
+           a.highest == b.highest && a.last == b.last;
 }
 
 } // namespace
@@ -128,39 +114,41 @@ private Q_SLOTS:
     void columns()
     {
         std::mt19937 random(2);
+        const auto dice = [&random](int sides) { return static_cast<int>(random() % sides); };
         for (int round = 0; round < 60; ++round) {
             CurveColumns columns;
-            std::deque<Arrival> arrivals;
+            std::deque<TValue> samples;
             qint64 time = -300; // through the epoch, where division cuts to the other side
             qint64 timeOut = std::numeric_limits<int>::min();
             for (int i = 0; i < 150; ++i) {
-                const int back = random() % 50 == 0 ? static_cast<int>(random() % 200) : 0;
-                time += static_cast<int>(random() % 12) - back;
-                if (random() % 20 == 0) {
-                    timeOut = time - static_cast<int>(random() % 100);
-                    columns.setTimeOutTime(timeOut);
-                }
-                const double value =
-                    random() % 30 == 0 ? NaN : static_cast<int>(random() % 100) - 50;
+                time += dice(12) - (dice(50) ? 0 : dice(200));
+                if (dice(20) == 0)
+                    columns.setTimeOutTime(timeOut = time - dice(100));
+                const double value = dice(30) ? dice(100) - 50 : NaN;
                 columns.append(value, time);
                 if (!std::isnan(value))
-                    arrivals.push_back({value, time});
-                while (!arrivals.empty() && slotOf(arrivals.front().time) < slotOf(timeOut))
-                    arrivals.pop_front();
+                    samples.push_back({value, time});
+                while (!samples.empty() && slotOf(samples.front().time) < slotOf(timeOut))
+                    samples.pop_front();
 
-                const std::vector<Column> expected = columnsOf(arrivals);
-                QVERIFY(columnsOf(columns) == expected);
-                QCOMPARE(columns.isAscending(), std::is_sorted(expected.begin(), expected.end()));
-                if (!columns.isAscending())
+                const auto expected = columnsOf(samples);
+                const qint64 wanted = time - dice(200);
+                std::size_t before = 0; // and the same by time:
+                std::size_t notAfter = 0;
+                bool isAscending = true;
+                QCOMPARE(columns.size(), expected.size());
+                for (std::size_t k = 0; k < expected.size(); ++k) {
+                    QVERIFY(isSame(columns[k], expected[k]));
+                    before += expected[k].slot < slotOf(wanted);
+                    notAfter += expected[k].time <= wanted;
+                    isAscending =
+                        isAscending && (k == 0 || expected[k - 1].slot < expected[k].slot);
+                }
+                QCOMPARE(columns.isAscending(), isAscending);
+                if (!isAscending)
                     continue;
-                const qint64 wanted = time - static_cast<int>(random() % 200);
-                std::size_t at = 0;
-                while (at < columns.size() && columns[at].slot < slotOf(wanted))
-                    ++at;
-                QCOMPARE(columns.find(slotOf(wanted)), at);
-                while (at < columns.size() && columns[at].time <= wanted)
-                    ++at;
-                QCOMPARE(columns.findAfter(wanted), at);
+                QCOMPARE(columns.find(slotOf(wanted)), before);
+                QCOMPARE(columns.findAfter(wanted), notAfter);
             }
         }
     }
@@ -189,33 +177,24 @@ private Q_SLOTS:
         }
         QCOMPARE(columns.takeChange(CurveColumns::Dots), qint64(10)); // each reader has its own
         columns.setTimeOutTime(125);
-        columns.append(NaN, 0);
+        columns.append(NaN, 0); // the first two go, out of sight
         QCOMPARE(columns.size(), std::size_t(3));
-        QCOMPARE(columns.takeChange(CurveColumns::Lines),
-                 CurveColumns::Nothing); // out of date, out of sight
+        QCOMPARE(columns.takeChange(CurveColumns::Lines), CurveColumns::Nothing);
+        columns.freeze(300); // and so nothing that would be seen is taken
+        columns.append(1, 300);
+        QVERIFY(columns.isIncomplete());
         columns.clear();
         QCOMPARE(columns.takeChange(CurveColumns::Lines), qint64(15));
-        QVERIFY(columns.isAscending());
+        QVERIFY(columns.isAscending() && !columns.isIncomplete());
+        columns.append(1, 301);
+        columns.unfreeze();
+        columns.append(1, 300);
+        QVERIFY(columns.size() == 1 && !columns.isIncomplete());
+        columns.clear();
         for (int i = 0; i < 60000; ++i) // from two sources, of which one lags behind for good
             columns.append(i, 1000 + 10 * i - i % 2 * 500);
         QCOMPARE(columns.size(), std::size_t(50000));
         QCOMPARE(columns[columns.size() - 1].last, 59999.0);
-    }
-
-    /// A picture that stands still takes nothing that would be seen in it.
-    void frozen()
-    {
-        CurveColumns columns;
-        columns.freeze(100);
-        columns.add(1, 100);
-        QVERIFY(columns.isIncomplete());
-        columns.add(2, 101);
-        QCOMPARE(columns.size(), std::size_t(1));
-        columns.clear();
-        QVERIFY(!columns.isIncomplete());
-        columns.unfreeze();
-        columns.add(1, 100);
-        QVERIFY(columns.size() == 1 && !columns.isIncomplete());
     }
 };
 

@@ -17,13 +17,13 @@ namespace
 
 enum Column { Cmd, Type, Name, Color, Address, Motor };
 
-/// The cells of each row, of the first columns.
-QString rows(const QTableWidget* table, int columns = Motor + 1)
+/// The cells of each row.
+QString rows(const QTableWidget* table)
 {
     QStringList lines;
     for (int row = 0; row < table->rowCount(); ++row) {
         QStringList cells;
-        for (int column = columns == 1 ? Name : 0; column < columns || cells.isEmpty(); ++column)
+        for (int column = 0; column < table->columnCount(); ++column)
             cells << (column == Color ? table->item(row, column)->background().color().name()
                                       : table->item(row, column)->text());
         lines << cells.join(' ');
@@ -31,7 +31,13 @@ QString rows(const QTableWidget* table, int columns = Motor + 1)
     return lines.join(", ");
 }
 
-QString names(const QTableWidget* table) { return rows(table, 1); }
+QString names(const QTableWidget* table)
+{
+    QStringList texts;
+    for (int row = 0; row < table->rowCount(); ++row)
+        texts << table->item(row, Name)->text();
+    return texts.join(", ");
+}
 
 } // namespace
 

@@ -85,9 +85,7 @@ private Q_SLOTS:
         const QSizeF size = chart.view()->viewport()->size();
         QCOMPARE(frame, QRectF(QPointF(), size));
 
-        for (int command : {1, 2})
-            for (int value : {-13, 87})
-                chart.take(command, value, Start);
+        chart.takeAll({-13, 87}, Start);
         chart.frame(Start);
         QList<double> depths;
         for (const auto* item : chart.items<QGraphicsItem>())
@@ -143,8 +141,7 @@ private Q_SLOTS:
         QVERIFY(running != chart.frame(Start + 500));
         QCOMPARE(chart.frame(Start + 1300).copy(0, 0, 400, 160), running.copy(0, 0, 400, 160));
         chart.addCurves(1);
-        chart.take(1, 0, Start);
-        chart.take(1, 999, Start);
+        chart.takeAll({0, 999}, Start);
         SignalLog log(chart.graph);
         const auto ticks = [&] {
             QMetaObject::invokeMethod(chart.graph, "updateItemClock");
@@ -211,8 +208,7 @@ private Q_SLOTS:
     {
         ShownGraph chart;
         chart.addCurves(1);
-        chart.take(1, 5, Start);
-        chart.take(1, 500, Start);
+        chart.takeAll({5, 500}, Start);
         chart.button("btnScaleManually")->click();
         SignalLog log(chart.items<XTimeAxisItem>().at(0), {"updateMinMaxValue"});
         const auto range = [&](int max, int min) {
@@ -355,8 +351,7 @@ private Q_SLOTS:
                 chart.resize(size + QSize(3, 2));
             }
             chart.graph->clearValues();
-            chart.take(1, 0, chart.time);
-            chart.take(1, 100, chart.time);
+            chart.takeAll({0, 100}, chart.time);
             chart.frame(chart.time);
             QCOMPARE(chart.range(), QString("0..100"));
         }
@@ -546,9 +541,7 @@ private Q_SLOTS:
             chart.graph->setAppSettingKey("key");
             chart.addCurves(2);
             chart.graph->startDrawing();
-            for (int value : {0, 999})
-                for (int command : {1, 2})
-                    chart.take(command, value, Start);
+            chart.takeAll({0, 999}, Start);
         };
         const struct {
             const char* signal;
