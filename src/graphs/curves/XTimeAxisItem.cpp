@@ -109,7 +109,6 @@ void XTimeAxisItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QW
     const int fontHeight = painter->fontMetrics().height();
     const TimeAxisGeometry geometry = this->geometry(fontHeight);
     m_leftMargin = m_maxTextWidth;
-    m_topMargin = m_bottomMargin = 1.5 * fontHeight;
     m_labels->setFont(painter->font(), fontHeight);
     painter->setPen(m_pen);
     clipToDevice(painter);

@@ -47,28 +47,15 @@ QString drawn(QGraphicsItem& item)
     return log.takeLines().join(", ").remove("line ").remove("ellipse ").remove("text ");
 }
 
-QImage picture(QGraphicsItem& item, double scale = 1)
+/// Smooth, on white.
+QImage picture(const std::function<void(QPainter*)>& paint)
 {
     QImage image(120, 120, QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(scale, scale);
-    item.paint(&painter, nullptr);
+    paint(&painter);
     return image;
-}
-
-/// The columns in which something is drawn.
-QString drawnColumns(const QImage& image)
-{
-    QString columns;
-    for (int x = 0; x < image.width(); ++x) {
-        bool isDrawn = false;
-        for (int y = 0; y < image.height(); ++y)
-            isDrawn = isDrawn || image.pixel(x, y) != qRgb(255, 255, 255);
-        columns += isDrawn ? '#' : '.';
-    }
-    return columns;
 }
 
 } // namespace
@@ -173,11 +160,15 @@ private Q_SLOTS:
         QCOMPARE(drawn(curve), QString("-1 48 4 4, 20 48 4 4, 41 48 4 4"));
         curve.add(50, 62); // the frame before is taken over as far as it goes
         curve.add(10, 63);
-        QCOMPARE(
-            drawn(curve),
-            QString("-1 48 4 4, 20 48 4 4, 41 48 4 4, 60 48 4 4, 61 88 4 4").remove("60 48 4 4, "));
+        QCOMPARE(drawn(curve), QString("-1 48 4 4, 20 48 4 4, 41 48 4 4, 61 88 4 4"));
+        curve.setMaxValue(200); // and not at all in another scale
+        QCOMPARE(drawn(curve), QString("-1 73 4 4, 20 73 4 4, 41 73 4 4, 61 93 4 4"));
+        curve.setMinValue(-200);
+        QCOMPARE(drawn(curve), QString("-1 35 4 4, 20 35 4 4, 41 35 4 4, 61 45 4 4"));
+        curve.setSize(101, 200);
+        QCOMPARE(drawn(curve), QString("-1 73 4 4, 20 73 4 4, 41 73 4 4, 61 93 4 4"));
         curve.setActualTime(Now + 300);
-        QCOMPARE(drawn(curve), QString("-2 48 4 4, 19 48 4 4, 31 88 4 4"));
+        QCOMPARE(drawn(curve), QString("-2 73 4 4, 19 73 4 4, 31 93 4 4"));
 
         Curve column(101); // of which the first, highest, lowest and last sample count
         column.setUseConnectedDataPoints(false);
@@ -201,43 +192,43 @@ private Q_SLOTS:
         Curve curve(101);
         curve.setUseConnectedDataPoints(false);
         curve.setDataPointsEnabled(true);
-        curve.setMinValue(-20);
-        curve.setMaxValue(80);
-        for (int x = 20; x <= 100; x += 40)
-            curve.add(50, x);
-        const auto ellipses = [&curve](int diameter, const QColor& color) {
-            QImage image(120, 120, QImage::Format_RGB32);
-            image.fill(Qt::white);
-            QPainter painter(&image);
-            painter.setRenderHint(QPainter::Antialiasing);
-            painter.setPen(QPen(color, 0));
-            for (int x = 20; x <= 100; x += 40)
-                painter.drawEllipse(x - diameter / 2, 30 - diameter / 2, diameter, diameter);
-            return image;
-        };
-        QCOMPARE(picture(curve), ellipses(4, Qt::black));
-        curve.setUseBoldDataPoints(false);
-        QCOMPARE(picture(curve), ellipses(2, Qt::black));
         QList<TValue> values;
         for (int x = 20; x <= 100; x += 40)
-            values << TValue{50, Now - 10 * (101 - x)};
-        curve.setValues(Qt::red, values);
-        QCOMPARE(picture(curve), ellipses(2, Qt::red));
-        QCOMPARE(drawnColumns(picture(curve, 0.5)).count('#'), 6); // scaled, it is drawn itself
+            values << TValue{70, Now - 10 * (101 - x)};
+        for (double scale : {1.0, 0.5}) { // scaled, each is drawn itself
+            for (int diameter : {4, 2}) {
+                for (const auto color : {Qt::red, Qt::blue}) {
+                    curve.setUseBoldDataPoints(diameter == 4);
+                    curve.setValues(color, values);
+                    const QImage painted = picture([&](QPainter* painter) {
+                        painter->scale(scale, scale);
+                        curve.paint(painter, nullptr);
+                    });
+                    QCOMPARE(painted, picture([&](QPainter* painter) {
+                                 painter->scale(scale, scale);
+                                 painter->setPen(QPen(color, 0, Qt::SolidLine, Qt::RoundCap));
+                                 for (int x = 20; x <= 100; x += 40)
+                                     painter->drawEllipse(x - diameter / 2, 30 - diameter / 2,
+                                                          diameter, diameter);
+                             }));
+                }
+            }
+        }
     }
 
     void staysWithinThePaintersClip()
     {
         Curve curve(101);
-        for (int x = 10; x < 100; ++x)
-            curve.add(x, x);
-        QImage image(200, 10, QImage::Format_RGB32);
-        image.fill(Qt::white);
-        QPainter painter(&image);
-        painter.setClipRect(0, 0, 95, 10);
-        curve.paint(&painter, nullptr);
-        painter.end();
-        QCOMPARE(drawnColumns(image), QString(91, '.') + QString(4, '#') + QString(105, '.'));
+        curve.add(90, 10);
+        curve.add(10, 90);
+        const auto paint = [&curve](QPainter* painter) { curve.paint(painter, nullptr); };
+        const QRect part(0, 0, 50, 120);
+        const QImage clipped = picture([&](QPainter* painter) {
+            painter->setClipRect(part);
+            paint(painter);
+        });
+        QCOMPARE(clipped.copy(part), picture(paint).copy(part));
+        QCOMPARE(clipped.copy(50, 0, 70, 120), picture([](QPainter*) {}).copy(50, 0, 70, 120));
     }
 
     void axis()

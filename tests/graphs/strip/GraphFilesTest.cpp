@@ -135,8 +135,7 @@ private Q_SLOTS:
         QVERIFY(!log->isChecked());
         start("none/log.csv");
         QVERIFY(log->isChecked());
-        chart.take(1, 1, Start);
-        chart.time = Start + 1000;
+        chart.take(1, 1, Start + 1000);
         start("first.csv");
         QVERIFY(log->isChecked());
         chart.take(1, 1234567, Start + 1000);
