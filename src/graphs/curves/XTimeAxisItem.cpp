@@ -56,9 +56,10 @@ public:
         return m_caption;
     }
 
+    /// \param second within the minute; negative before the epoch
     const Label& second(int second)
     {
-        Label& label = m_seconds[static_cast<std::size_t>(qBound(0, second, 59))];
+        Label& label = m_seconds[static_cast<std::size_t>(qMax(0, second))];
         if (label.width < 0)
             lay(&label, QStringLiteral("%1 s").arg(second));
         return label;
