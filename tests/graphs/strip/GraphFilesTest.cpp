@@ -63,7 +63,7 @@ private:
     {
         return name.isEmpty() ? name : m_folder->filePath(name);
     }
-    /// The rows of a file; of one that is no log or export of ours: none.
+    /// The rows of a file.
     QString rows(const QString& name) const
     {
         QStringList lines;
