@@ -128,7 +128,7 @@ bool Register::setValue(unsigned long long raw)
     return true;
 }
 
-bool Register::setValue(int raw) { return setValue(extended(raw)); }
+bool Register::setValue(int raw) { return setValue(static_cast<unsigned long long>(raw)); }
 
 bool Register::setValue(double value)
 {

@@ -79,7 +79,7 @@ private Q_SLOTS:
         for (const auto& [width, min, max] : rows) {
             Register ranged = field(width);
             QVERIFY2(ranged.getMin() == min && ranged.getMax() == max, row(width, 0, min));
-            QVERIFY(std::signbit(ranged.getMin()) == (min < 0));
+            QVERIFY(std::signbit(ranged.getMin()) == (min < 0) && ranged.getDecimals() == 0);
             ranged.setRange(qQNaN(), qQNaN(), 0);
             ranged.setRange(-qInf(), qInf(), 1);
             ranged.setMin(qQNaN());
