@@ -178,13 +178,15 @@ private Q_SLOTS:
             }
         }
         TrapezialRamp expected(Area);
+        TrapezialRamp nothing(Area);
         AbstractRamp ramp(AbstractRamp::Trapezoid, Area);
         for (const auto& [noDistance, distance] : {std::pair(true, 500.0), {false, 500.0}}) {
             Parameters{2000, 1000, 100, 200, 50, 40, 30, 20, noDistance, distance}.take(expected);
             ramp.ramp(layout, noDistance, distance);
             QCOMPARE(ramp.str(), expected.str());
             ramp.ramp(static_cast<QLayout*>(nullptr), noDistance, distance);
-            QVERIFY(ramp.str().contains("A1 = 0!"));
+            Parameters{0, 0, 0, 0, 0, 0, 0, 0, noDistance, distance}.take(nothing);
+            QVERIFY(ramp.str() == nothing.str() && ramp.path() == nothing.path());
             ramp.ramp(scene.items() + QList<QGraphicsItem*>{nullptr}, noDistance, distance);
             QCOMPARE(ramp.str(), expected.str());
             QVERIFY(ramp.path() == expected.path() && ramp.size() == Area);

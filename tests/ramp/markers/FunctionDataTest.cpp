@@ -86,6 +86,7 @@ private Q_SLOTS:
         const std::tuple<double, double, double, QString, QString> rows[] = {
             {0, 400, 0.4, "400.000  ", "0.000  "},
             {0, 401, 0.401, "401.000  ", "1.000  "}, // labels go to the steps nearest to even ones
+            {-60, 43, 0.143, "23.000  ", "-102.000  "}, // its zero is -2e-17
             {0, 33, 0.33, "32.50  ", "2.50  "},
             {0, 0.33, 0.5, "0.50  ", "0.00  "},
             {-0.9, -0.33, 0.9, "0.00  ",
@@ -113,12 +114,12 @@ private Q_SLOTS:
 
     void linesAndTexts()
     {
-        Plot plot({0, 400, 0, 400, 400});
+        Plot plot({-200, 200, -200, 200, 200});
         plot.data.setCaption("Top", "Left", "Bottom", "");
         const QSize size = plot.fill();
         QStringList lines;
         for (int y : {0, 21, 43, 65, 87, 109, 131, 153, 175})
-            lines << line({-3., double(y), 703, double(y)}, y == 175 ? QColor(Qt::black) : Grid);
+            lines << line({-3., double(y), 703, double(y)}, y == 87 ? QColor(Qt::black) : Grid);
         for (int y : {10, 32, 54, 76, 98, 120, 142, 164})
             lines << line({0, double(y), 700, double(y)}, "lightgrey");
         for (int x = 0; x <= 700; x += 10) {
@@ -129,7 +130,7 @@ private Q_SLOTS:
         for (int i = 0; i < 4; ++i)
             lines << line({i * 175., ys[i], i * 175. + 175, ys[i + 1]}, Qt::red, 1);
         const double font = QFontMetricsF(Plot::font(12)).height();
-        const double left = Plot::widthOf("400.000  ") + font;
+        const double left = Plot::widthOf("-200.000  ") + font;
         const double footer = Plot::widthOf("     ") + font;
         const double width = left + footer;
         const double h = width / 2;
