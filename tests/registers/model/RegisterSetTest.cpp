@@ -121,6 +121,7 @@ private Q_SLOTS:
         QVERIFY(inner.Register::wasWritten() && !QString(outer).contains("low"));
         outer.resetWasWritten();
         QVERIFY(!inner.Register::wasWritten() && low.wasWritten());
+        QVERIFY(debugLines().filter("setValue").isEmpty());
     }
 
     void clones()
