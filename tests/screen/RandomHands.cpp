@@ -15,33 +15,10 @@
 #include "Workbench.h"
 #include "XHands.h"
 
-#include <QAbstractButton>
-#include <QAbstractItemView>
-#include <QAbstractSlider>
-#include <QAbstractSpinBox>
-#include <QApplication>
-#include <QComboBox>
-#include <QCommandLineParser>
-#include <QDir>
-#include <QElapsedTimer>
-#include <QFile>
-#include <QFileDialog>
-#include <QGroupBox>
-#include <QLoggingCategory>
-#include <QPointer>
-#include <QPushButton>
-#include <QRandomGenerator>
-#include <QSettings>
-#include <QSpinBox>
-#include <QStackedWidget>
-#include <QTemporaryDir>
-#include <QTextStream>
-#include <QTimer>
+#include <QtWidgets>
 
-#include <atomic>
-#include <chrono>
 #include <cmath>
-#include <thread>
+#include <unistd.h>
 
 namespace
 {
@@ -53,7 +30,7 @@ constexpr int Slowness = 4;
 constexpr int Slowness = 1;
 #endif
 constexpr int AnswerWithin = 1000 * Slowness; // ms
-constexpr int HangsAfter = 30;                // s
+constexpr int HangsAfter = 30;                // s, then SIGALRM ends the program
 constexpr int GesturesARound = 60;            // then STOP is pressed
 constexpr int Settling = 1500;      // ms of real time after STOP; a capture rests a second
 constexpr int StandingFor = 5000;   // ms of simulated time
@@ -65,42 +42,12 @@ constexpr int KeptGestures = 25;    // for the report
 /// the program's.
 qint64 waitedForProcessor()
 {
-    QFile file(QStringLiteral("/proc/self/schedstat"));
+    QFile file(QString("/proc/self/schedstat"));
     constexpr int WaitColumn = 1;
     return file.open(QIODevice::ReadOnly)
                ? file.readAll().split(' ').value(WaitColumn).toLongLong() / 1000000
                : 0;
 }
-
-/// Ends the program when its event loop does not come round any more.
-class Watchdog
-{
-public:
-    Watchdog()
-        : m_thread([this] {
-            for (int silent = 0; !m_isOver;) {
-                std::this_thread::sleep_for(std::chrono::milliseconds(250));
-                silent = m_isAlive.exchange(false) ? 0 : silent + 1;
-                if (silent > 4 * HangsAfter) {
-                    std::fprintf(stderr, "RandomHands: the program hangs\n");
-                    std::abort();
-                }
-            }
-        })
-    {
-    }
-    ~Watchdog()
-    {
-        m_isOver = true;
-        m_thread.join();
-    }
-    void pat() { m_isAlive = true; }
-
-private:
-    std::atomic<bool> m_isAlive{true};
-    std::atomic<bool> m_isOver{false};
-    std::thread m_thread;
-};
 
 /// The widget whose own doing a gesture on `widget` is: a field for its line edit, a combo box for
 /// its list.
@@ -148,14 +95,13 @@ public:
     bool isFine() const { return m_complaints.isEmpty(); }
     QString report() const
     {
-        return QStringLiteral(
-                   "%1 gestures, %2 commands, %3 stops, slowest answer %4 ms, seed %5: %6")
+        return QString("%1 gestures, %2 commands, %3 stops, slowest answer %4 ms, seed %5: %6")
             .arg(m_gestures)
             .arg(m_commands)
             .arg(m_stops)
             .arg(m_slowest)
             .arg(m_seed)
-            .arg(isFine() ? QStringLiteral("fine") : m_complaints.join(QLatin1Char('\n')));
+            .arg(isFine() ? QString("fine") : m_complaints.join(QLatin1Char('\n')));
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override
@@ -183,13 +129,13 @@ private:
 
     void step()
     {
-        m_watchdog.pat();
+        ::alarm(HangsAfter);
         const qint64 waited = waitedForProcessor();
         const qint64 passed = m_sinceBeat.elapsed() - (waited - m_waitedBefore);
         if (m_hasRested) {
             m_slowest = qMax(m_slowest, passed);
             if (passed > AnswerWithin)
-                complain(QStringLiteral("no answer for %1 ms").arg(passed));
+                complain(QString("no answer for %1 ms").arg(passed));
         }
         m_hasRested = true;
         if (m_isStopping) {
@@ -284,17 +230,16 @@ private:
     QString nameAt(QPoint place) const
     {
         const QWidget* widget = QApplication::widgetAt(place);
-        return widget ? QStringLiteral("%1 %2").arg(
-                            QString::fromLatin1(widget->metaObject()->className()),
-                            widget->objectName())
-                      : QStringLiteral("nothing");
+        return widget ? QString("%1 %2").arg(QString::fromLatin1(widget->metaObject()->className()),
+                                             widget->objectName())
+                      : QString("nothing");
     }
 
     void tell(const QString& text, bool maySend)
     {
         m_now.text = text;
         m_now.maySend = maySend;
-        m_history << QStringLiteral("%1 %2").arg(m_gestures).arg(text);
+        m_history << QString("%1 %2").arg(m_gestures).arg(text);
         while (m_history.size() > KeptGestures)
             m_history.removeFirst();
         if (m_isVerbose)
@@ -304,17 +249,11 @@ private:
     void click(unsigned button)
     {
         const QPoint at = place();
-        tell(QStringLiteral("click %1 on %2 at %3,%4")
-                 .arg(button)
-                 .arg(nameAt(at))
-                 .arg(at.x())
-                 .arg(at.y()),
+        tell(QString("click %1 on %2 at %3,%4").arg(button).arg(nameAt(at)).arg(at.x()).arg(at.y()),
              button == 1 && canSendAt(at));
         XHands::move(at.x(), at.y());
-        for (int i = any(6) == 0 ? 2 : 1; i > 0; --i) {
-            XHands::button(button, true);
-            XHands::button(button, false);
-        }
+        for (int i = any(6) == 0 ? 2 : 1; i > 0; --i)
+            clickButton(button);
         m_heldButton = button == m_heldButton ? 0 : m_heldButton;
     }
 
@@ -322,7 +261,7 @@ private:
     {
         const QPoint from = place();
         const QPoint to = any(2) ? place() : from + QPoint(any(80) - 40, any(80) - 40);
-        tell(QStringLiteral("drag from %1 to %2").arg(nameAt(from), nameAt(to)), canSendAt(from));
+        tell(QString("drag from %1 to %2").arg(nameAt(from), nameAt(to)), canSendAt(from));
         XHands::move(from.x(), from.y());
         XHands::button(1, true);
         for (int i = 1; i <= 4; ++i)
@@ -338,21 +277,29 @@ private:
         QWidget* widget = QApplication::widgetAt(at);
         QWidget* focus = QApplication::focusWidget();
         const bool hasFocus = widget && focus && actor(widget) && actor(focus) == actor(widget);
-        tell(QStringLiteral("wheel over %1").arg(nameAt(at)),
+        tell(QString("wheel over %1").arg(nameAt(at)),
              hasFocus || QApplication::activePopupWidget());
         XHands::move(at.x(), at.y());
         const unsigned button = any(2) ? 4 : 5;
-        for (int i = any(3); i >= 0; --i) {
-            XHands::button(button, true);
-            XHands::button(button, false);
-        }
+        for (int i = any(3); i >= 0; --i)
+            clickButton(button);
     }
 
-    void tap(const char* name)
+    static void tap(unsigned code)
     {
-        const unsigned code = XHands::codeOf(name);
         XHands::key(code, true);
         XHands::key(code, false);
+    }
+    static void tap(const char* name) { tap(XHands::codeOf(name)); }
+    static void tap(char character)
+    {
+        bool isShifted = false;
+        tap(XHands::codeOf(character, &isShifted));
+    }
+    static void clickButton(unsigned button)
+    {
+        XHands::button(button, true);
+        XHands::button(button, false);
     }
 
     void key()
@@ -365,8 +312,7 @@ private:
                       "Escape", "Up", "Down", "Left", "Right", "Home", "End", "Prior", "Next",
                       "BackSpace", "Menu"});
             const bool moves = QByteArray(name).endsWith("Tab") || QByteArray(name) == "Menu";
-            tell(QStringLiteral("key %1 in %2")
-                     .arg(QString::fromLatin1(name), focus ? focus->objectName() : QString()),
+            tell(QString("key %1 in %2").arg(name, focus ? focus->objectName() : QString()),
                  canSend && !moves);
             if (XHands::codeOf(name))
                 tap(name);
@@ -374,16 +320,12 @@ private:
         }
         const bool ends = any(2) == 0;
         const QByteArray text = QByteArray::number(any(2) ? any(20) : any(6000) - 3000);
-        tell(QStringLiteral("type %1%2 in %3")
-                 .arg(QString::fromLatin1(text), ends ? QStringLiteral(" Return") : QString(),
+        tell(QString("type %1%2 in %3")
+                 .arg(text, ends ? QString(" Return") : QString(),
                       focus ? focus->objectName() : QString()),
              canSend && ends);
-        for (char character : text) {
-            bool isShifted = false;
-            const unsigned code = XHands::codeOf(character, &isShifted);
-            XHands::key(code, true);
-            XHands::key(code, false);
-        }
+        for (char character : text)
+            tap(character);
         if (ends)
             tap("Return");
     }
@@ -393,7 +335,7 @@ private:
         if (m_heldButton)
             return;
         const QPoint at = place();
-        tell(QStringLiteral("hold on %1").arg(nameAt(at)), canSendAt(at));
+        tell(QString("hold on %1").arg(nameAt(at)), canSendAt(at));
         XHands::move(at.x(), at.y());
         XHands::button(1, true);
         m_heldButton = 1;
@@ -404,7 +346,7 @@ private:
         if (!m_heldKey.isEmpty())
             return;
         QWidget* focus = QApplication::focusWidget();
-        tell(QStringLiteral("hold space in %1").arg(focus ? focus->objectName() : QString()),
+        tell(QString("hold space in %1").arg(focus ? focus->objectName() : QString()),
              focus && actor(focus));
         m_heldKey = "space";
         XHands::key(XHands::codeOf("space"), true);
@@ -413,20 +355,16 @@ private:
     void turnPage()
     {
         const char digit = static_cast<char>('0' + any(10));
-        tell(QStringLiteral("ctrl+%1").arg(QLatin1Char(digit)), false);
-        bool isShifted = false;
-        const unsigned control = XHands::codeOf("Control_L");
-        const unsigned code = XHands::codeOf(digit, &isShifted);
-        XHands::key(control, true);
-        XHands::key(code, true);
-        XHands::key(code, false);
-        XHands::key(control, false);
+        tell(QString("ctrl+%1").arg(QLatin1Char(digit)), false);
+        XHands::key(XHands::codeOf("Control_L"), true);
+        tap(digit);
+        XHands::key(XHands::codeOf("Control_L"), false);
     }
 
     void letGo()
     {
         // What was held may do its work now, as a button that is clicked by its release.
-        tell(QStringLiteral("let go"), true);
+        tell(QString("let go"), true);
         if (m_heldButton)
             XHands::button(m_heldButton, false);
         if (!m_heldKey.isEmpty())
@@ -449,19 +387,18 @@ private:
         ++m_gestures;
         m_before = Gesture();
         letGo();
-        tell(QStringLiteral("STOP"), false);
+        tell(QString("STOP"), false);
         m_now.maySend = false;
         if (any(2)) {
             tap("F12");
         } else {
-            const auto* button = m_bench.findChild<QWidget*>(QStringLiteral("btnStopAll"));
+            const auto* button = m_bench.findChild<QWidget*>("btnStopAll");
             const QPoint at = button->mapToGlobal(button->rect().center());
             if (QApplication::activeModalWidget() && QApplication::widgetAt(at) != button)
                 tap("F12"); // a dialog stands before it
             else {
                 XHands::move(at.x(), at.y());
-                XHands::button(1, true);
-                XHands::button(1, false);
+                clickButton(1);
             }
         }
         XHands::sync();
@@ -473,37 +410,32 @@ private:
     void checkStanding()
     {
         if (!m_isStopHeard)
-            complain(QStringLiteral("STOP was not heard"));
+            complain(QString("STOP was not heard"));
         m_isStopHeard = false;
         m_isStopping = false;
         SimulatedModule& module = m_bench.link().module();
         for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
-            const double acceleration = module.axis(axis).read(AxisParameterNumber::Acceleration);
-            const double needed =
-                2000 + 1000 * std::abs(module.axis(axis).rampVelocity()) / qMax(1.0, acceleration);
-            const double before = std::abs(module.axis(axis).velocity());
-            for (int time = 0; time < qMin<double>(needed, LongestRamp) && !stands(axis); time += 5)
+            SimulatedAxis& motor = module.axis(axis);
+            const auto needed = [&motor] { // ms
+                return 2000 + 1000 * std::abs(motor.rampVelocity()) /
+                                  qMax(1, motor.read(AxisParameterNumber::Acceleration));
+            };
+            if (needed() > LongestRamp) // it would brake for an hour
+                motor.write(AxisParameterNumber::Acceleration, 4000);
+            const double within = needed();
+            for (int time = 0; time < within && !stands(axis); time += 5)
                 m_bench.advance(5);
-            if (!stands(axis) && needed > LongestRamp &&
-                std::abs(module.axis(axis).velocity()) < before) {
-                module.axis(axis).write(AxisParameterNumber::Acceleration,
-                                        4000); // it brakes, for an hour
-                for (int time = 0; time < LongestRamp && !stands(axis); time += 5)
-                    m_bench.advance(5);
-            }
             if (!stands(axis))
-                complain(QStringLiteral("axis %1 turns at %2 rpm after STOP, beyond its ramp")
+                complain(QString("axis %1 turns at %2 rpm after STOP, beyond its ramp")
                              .arg(axis)
-                             .arg(module.axis(axis).velocity()));
+                             .arg(motor.velocity()));
         }
         for (int time = 0; isFine() && time < StandingFor; time += 5) {
             m_bench.advance(5);
             for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
                 if (!stands(axis))
-                    complain(QStringLiteral("axis %1 turns at %2 rpm, %3 ms after it had stopped")
-                                 .arg(axis)
-                                 .arg(module.axis(axis).velocity())
-                                 .arg(time));
+                    complain(
+                        QString("axis %1 turns, %2 ms after it had stopped").arg(axis).arg(time));
             }
         }
         ++m_gestures;
@@ -518,13 +450,12 @@ private:
     {
         if (any(4))
             closeAll();
-        const QStringList drivers = {QStringLiteral("motion"),     QStringLiteral("motion"),
-                                     QStringLiteral("capture"),    QStringLiteral("ramp"),
-                                     QStringLiteral("parameters"), QStringLiteral("console")};
+        const QStringList drivers = {QString("motion"), QString("motion"),     QString("capture"),
+                                     QString("ramp"),   QString("parameters"), QString("console")};
         m_bench.showPage(any(4) ? drivers.at(any(drivers.size()))
                                 : Workbench::pageNames().at(any(Workbench::pageNames().size())));
         for (const char* name : {"sbTargetVelocity", "sbTargetCurrent", "sbTargetPosition"}) {
-            for (QSpinBox* box : m_bench.findChildren<QSpinBox*>(QString::fromLatin1(name)))
+            for (QSpinBox* box : m_bench.findChildren<QSpinBox*>(name))
                 box->setValue(any(2000) - 1000);
         }
     }
@@ -536,10 +467,8 @@ private:
 
     void connectAgain()
     {
-        m_now = {QStringLiteral("connect"), true};
-        m_bench.findChild<Connection*>()
-            ->findChild<QPushButton*>(QStringLiteral("btnConnect"))
-            ->click();
+        m_now = {QString("connect"), true};
+        m_bench.findChild<Connection*>()->findChild<QPushButton*>("btnConnect")->click();
     }
 
     /// A capture and a ramp move send step by step what their start has set going.
@@ -571,7 +500,7 @@ private:
         if (m_isVerbose)
             QTextStream(stderr) << "    " << requestText(request) << Qt::endl;
         if (m_isStopHeard)
-            complain(QStringLiteral("after STOP: %1").arg(requestText(request)));
+            complain(QString("after STOP: %1").arg(requestText(request)));
     }
 
     /// What a page wants to be sent; it may wait for its turn until the next gestures.
@@ -581,13 +510,12 @@ private:
         // when the next one has begun.
         if (moves(request) && !m_isStopping && !m_now.maySend && !m_before.maySend &&
             !isStopOfHeld(request) && !somethingRuns())
-            complain(QStringLiteral("sent without a cause: %1").arg(requestText(request)));
+            complain(QString("sent without a cause: %1").arg(requestText(request)));
     }
 
     void complain(const QString& text)
     {
-        m_complaints
-            << QStringLiteral("%1\nafter\n%2").arg(text, m_history.join(QLatin1Char('\n')));
+        m_complaints << QString("%1\nafter\n%2").arg(text, m_history.join(QLatin1Char('\n')));
     }
 
     Workbench& m_bench;
@@ -599,7 +527,6 @@ private:
     QElapsedTimer m_total;
     QElapsedTimer m_sinceBeat;
     QElapsedTimer m_sinceStop;
-    Watchdog m_watchdog;
     Gesture m_now;
     Gesture m_before;
     QStringList m_history;
@@ -618,17 +545,14 @@ private:
 
 int main(int argc, char* argv[])
 {
-    QCoreApplication::setOrganizationName(QStringLiteral("AXRTest"));
-    QCoreApplication::setApplicationName(QStringLiteral("RandomHands"));
-    QLoggingCategory::setFilterRules(QStringLiteral("axr.*=false"));
+    QCoreApplication::setOrganizationName("AXRTest");
+    QCoreApplication::setApplicationName("RandomHands");
+    QLoggingCategory::setFilterRules("axr.*=false");
     QApplication app(argc, argv);
     QCommandLineParser parser;
-    parser.addOptions(
-        {{QStringLiteral("seed"), QStringLiteral("Seed, default 1."), QStringLiteral("N"),
-          QStringLiteral("1")},
-         {QStringLiteral("seconds"), QStringLiteral("How long, default 20."), QStringLiteral("S"),
-          QStringLiteral("20")},
-         {QStringLiteral("verbose"), QStringLiteral("Tell each gesture and each command.")}});
+    parser.addOptions({{"seed", "Seed, default 1.", "N", "1"},
+                       {"seconds", "How long, default 20.", "S", "20"},
+                       {"verbose", "Tell each gesture and each command."}});
     parser.addHelpOption();
     parser.process(app);
     if (!XHands::areThere())
@@ -638,16 +562,14 @@ int main(int argc, char* argv[])
     QDir::setCurrent(folder.path());
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
     Workbench bench(WorkbenchOptions::parse(
-        {QStringLiteral("RandomHands"), QStringLiteral("--photo"), QStringLiteral("x")},
-        Workbench::pageNames()));
+        {QString("RandomHands"), QString("--photo"), QString("x")}, Workbench::pageNames()));
     bench.move(20, 20);
     bench.show();
     bench.activateWindow();
     bench.startClock();
-    bench.findChild<Connection*>()->findChild<QPushButton*>(QStringLiteral("btnConnect"))->click();
-    RandomHands hands(bench, parser.value(QStringLiteral("seed")).toUInt(),
-                      parser.value(QStringLiteral("seconds")).toInt(),
-                      parser.isSet(QStringLiteral("verbose")));
+    bench.findChild<Connection*>()->findChild<QPushButton*>("btnConnect")->click();
+    RandomHands hands(bench, parser.value("seed").toUInt(), parser.value("seconds").toInt(),
+                      parser.isSet("verbose"));
     QApplication::exec();
     QTextStream(stdout) << hands.report() << Qt::endl;
     return hands.isFine() ? EXIT_SUCCESS : EXIT_FAILURE;

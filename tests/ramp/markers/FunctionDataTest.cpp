@@ -86,13 +86,15 @@ private Q_SLOTS:
         const std::tuple<double, double, double, QString, QString> rows[] = {
             {0, 400, 0.4, "400.000  ", "0.000  "},
             {0, 401, 0.401, "401.000  ", "1.000  "}, // labels go to the steps nearest to even ones
-            {-60, 43, 0.143, "23.000  ", "-102.000  "}, // its zero is -2e-17
             {0, 33, 0.33, "32.50  ", "2.50  "},
             {0, 0.33, 0.5, "0.50  ", "0.00  "},
             {-0.9, -0.33, 0.9, "0.00  ",
              "-0.90  "}, // the remainder has the sign of what is divided
             {-1, 1, 0.2, "1.00  ", "-1.00  "},
             {-3, 7, 0.17, "5.00  ", "-10.00  "}};
+        Plot nearZero({-60, 43});
+        nearZero.fill();
+        QVERIFY(!nearZero.text("2.000  ").isEmpty()); // -2 is at the step nearest to 0
         for (const auto& [min, max, span, top, bottom] : rows) {
             for (int fontSize : {12, 40}) {
                 Plot plot({min, max}, fontSize);
