@@ -114,18 +114,8 @@ public:
     }
 
 private:
-    /// What a gesture may bring about.
-    struct Gesture {
-        QString text;
-        bool maySend = false;
-    };
-
+    bool holds() const { return m_isButtonHeld || m_isKeyHeld; }
     int any(int end) { return m_random.bounded(end); }
-    template <class T>
-    T pick(std::initializer_list<T> all)
-    {
-        return *(all.begin() + any(static_cast<int>(all.size())));
-    }
 
     void step()
     {
@@ -145,12 +135,13 @@ private:
             m_beat.stop();
             closeAll();
             QApplication::exit(isFine() ? EXIT_SUCCESS : EXIT_FAILURE);
-        } else if (m_gestures % GesturesARound == GesturesARound - 1) {
-            // What a release opens is open before STOP is looked for.
-            if (m_heldButton || !m_heldKey.isEmpty())
+        } else if (m_gestures % GesturesARound == GesturesARound - 2) {
+            // What the last gesture or a release opens is open before STOP is looked for.
+            ++m_gestures;
+            if (holds())
                 letGo();
-            else
-                stop();
+        } else if (m_gestures % GesturesARound == GesturesARound - 1) {
+            stop();
         } else {
             gesture();
         }
@@ -161,36 +152,26 @@ private:
     void gesture()
     {
         ++m_gestures;
-        m_before = m_now;
-        m_now = Gesture();
+        m_mightSend = std::exchange(m_maySend, false);
         // Without a window manager nobody else gives the keys to a window.
         if (QWidget* modal = QApplication::activeModalWidget())
             modal->activateWindow();
         else if (!QApplication::activeWindow())
             m_bench.activateWindow();
-        if (m_heldButton || !m_heldKey.isEmpty()) {
-            if (any(3) == 0) {
-                letGo();
-                return;
-            }
+        if (holds() && any(3) == 0) {
+            letGo();
+            return;
         }
+        // The hand's habits, in percent up to each.
+        const std::pair<int, void (RandomHands::*)()> habits[] = {
+            {45, &RandomHands::click},    {53, &RandomHands::drag}, {63, &RandomHands::wheel},
+            {83, &RandomHands::key},      {92, &RandomHands::hold}, {97, &RandomHands::holdKey},
+            {100, &RandomHands::turnPage}};
         const int kind = any(100);
-        if (kind < 40)
-            click(1);
-        else if (kind < 45)
-            click(3);
-        else if (kind < 53)
-            drag();
-        else if (kind < 63)
-            wheel();
-        else if (kind < 83)
-            key();
-        else if (kind < 92)
-            hold();
-        else if (kind < 97)
-            holdKey();
-        else
-            turnPage();
+        const auto* habit = habits;
+        while (kind >= habit->first)
+            ++habit;
+        (this->*habit->second)();
         XHands::sync();
     }
 
@@ -227,18 +208,21 @@ private:
         return widget && (QApplication::activePopupWidget() || actor(widget));
     }
 
-    QString nameAt(QPoint place) const
+    static QString nameAt(QPoint place)
     {
         const QWidget* widget = QApplication::widgetAt(place);
-        return widget ? QString("%1 %2").arg(QString::fromLatin1(widget->metaObject()->className()),
-                                             widget->objectName())
+        return widget ? widget->metaObject()->className() + (' ' + widget->objectName())
                       : QString("nothing");
+    }
+    static QString focusName()
+    {
+        const QWidget* focus = QApplication::focusWidget();
+        return focus ? " in " + focus->objectName() : QString();
     }
 
     void tell(const QString& text, bool maySend)
     {
-        m_now.text = text;
-        m_now.maySend = maySend;
+        m_maySend = maySend;
         m_history << QString("%1 %2").arg(m_gestures).arg(text);
         while (m_history.size() > KeptGestures)
             m_history.removeFirst();
@@ -246,15 +230,15 @@ private:
             QTextStream(stderr) << m_history.last() << Qt::endl;
     }
 
-    void click(unsigned button)
+    void click()
     {
+        const unsigned button = any(9) ? 1 : 3;
         const QPoint at = place();
-        tell(QString("click %1 on %2 at %3,%4").arg(button).arg(nameAt(at)).arg(at.x()).arg(at.y()),
-             button == 1 && canSendAt(at));
+        tell(QString("click %1 on ").arg(button) + nameAt(at), button == 1 && canSendAt(at));
         XHands::move(at.x(), at.y());
         for (int i = any(6) == 0 ? 2 : 1; i > 0; --i)
             clickButton(button);
-        m_heldButton = button == m_heldButton ? 0 : m_heldButton;
+        m_isButtonHeld &= button != 1;
     }
 
     void drag()
@@ -268,7 +252,7 @@ private:
             XHands::move(from.x() + (to.x() - from.x()) * i / 4,
                          from.y() + (to.y() - from.y()) * i / 4);
         XHands::button(1, false);
-        m_heldButton = m_heldButton == 1 ? 0 : m_heldButton;
+        m_isButtonHeld = false;
     }
 
     void wheel()
@@ -277,8 +261,7 @@ private:
         QWidget* widget = QApplication::widgetAt(at);
         QWidget* focus = QApplication::focusWidget();
         const bool hasFocus = widget && focus && actor(widget) && actor(focus) == actor(widget);
-        tell(QString("wheel over %1").arg(nameAt(at)),
-             hasFocus || QApplication::activePopupWidget());
+        tell("wheel over " + nameAt(at), hasFocus || QApplication::activePopupWidget());
         XHands::move(at.x(), at.y());
         const unsigned button = any(2) ? 4 : 5;
         for (int i = any(3); i >= 0; --i)
@@ -307,23 +290,20 @@ private:
         QWidget* focus = QApplication::focusWidget();
         const bool canSend = QApplication::activePopupWidget() || (focus && actor(focus));
         if (any(2)) {
-            const char* const name =
-                pick({"Tab", "Tab", "ISO_Left_Tab", "Return", "Return", "KP_Enter", "space",
-                      "Escape", "Up", "Down", "Left", "Right", "Home", "End", "Prior", "Next",
-                      "BackSpace", "Menu"});
-            const bool moves = QByteArray(name).endsWith("Tab") || QByteArray(name) == "Menu";
-            tell(QString("key %1 in %2").arg(name, focus ? focus->objectName() : QString()),
-                 canSend && !moves);
+            static const QList<QByteArray> names = {
+                "Tab",   "Tab",    "ISO_Left_Tab", "Return", "Return",    "KP_Enter",
+                "space", "Escape", "Up",           "Down",   "Left",      "Right",
+                "Home",  "End",    "Prior",        "Next",   "BackSpace", "Menu"};
+            const QByteArray name = names.at(any(names.size()));
+            const bool moves = name.endsWith("Tab") || name == "Menu";
+            tell("key " + name + focusName(), canSend && !moves);
             if (XHands::codeOf(name))
-                tap(name);
+                tap(name.constData());
             return;
         }
         const bool ends = any(2) == 0;
         const QByteArray text = QByteArray::number(any(2) ? any(20) : any(6000) - 3000);
-        tell(QString("type %1%2 in %3")
-                 .arg(text, ends ? QString(" Return") : QString(),
-                      focus ? focus->objectName() : QString()),
-             canSend && ends);
+        tell("type " + text + (ends ? " Return" : "") + focusName(), canSend && ends);
         for (char character : text)
             tap(character);
         if (ends)
@@ -332,30 +312,29 @@ private:
 
     void hold()
     {
-        if (m_heldButton)
+        if (m_isButtonHeld)
             return;
         const QPoint at = place();
-        tell(QString("hold on %1").arg(nameAt(at)), canSendAt(at));
+        tell("hold on " + nameAt(at), canSendAt(at));
         XHands::move(at.x(), at.y());
         XHands::button(1, true);
-        m_heldButton = 1;
+        m_isButtonHeld = true;
     }
 
     void holdKey()
     {
-        if (!m_heldKey.isEmpty())
+        if (m_isKeyHeld)
             return;
         QWidget* focus = QApplication::focusWidget();
-        tell(QString("hold space in %1").arg(focus ? focus->objectName() : QString()),
-             focus && actor(focus));
-        m_heldKey = "space";
+        tell("hold space" + focusName(), focus && actor(focus));
+        m_isKeyHeld = true;
         XHands::key(XHands::codeOf("space"), true);
     }
 
     void turnPage()
     {
         const char digit = static_cast<char>('0' + any(10));
-        tell(QString("ctrl+%1").arg(QLatin1Char(digit)), false);
+        tell(QString("ctrl+") + digit, false);
         XHands::key(XHands::codeOf("Control_L"), true);
         tap(digit);
         XHands::key(XHands::codeOf("Control_L"), false);
@@ -364,13 +343,12 @@ private:
     void letGo()
     {
         // What was held may do its work now, as a button that is clicked by its release.
-        tell(QString("let go"), true);
-        if (m_heldButton)
-            XHands::button(m_heldButton, false);
-        if (!m_heldKey.isEmpty())
-            XHands::key(XHands::codeOf(m_heldKey.constData()), false);
-        m_heldButton = 0;
-        m_heldKey.clear();
+        tell("let go", true);
+        if (m_isButtonHeld)
+            XHands::button(1, false);
+        if (m_isKeyHeld)
+            XHands::key(XHands::codeOf("space"), false);
+        m_isButtonHeld = m_isKeyHeld = false;
         XHands::sync();
     }
 
@@ -385,21 +363,17 @@ private:
     void stop()
     {
         ++m_gestures;
-        m_before = Gesture();
-        letGo();
-        tell(QString("STOP"), false);
-        m_now.maySend = false;
-        if (any(2)) {
+        tell("STOP", false);
+        m_mightSend = false;
+        const auto* button = m_bench.findChild<QWidget*>("btnStopAll");
+        const QPoint at = button->mapToGlobal(button->rect().center());
+        const bool isBehind =
+            QApplication::activeModalWidget() && QApplication::widgetAt(at) != button;
+        if (any(2) || isBehind) {
             tap("F12");
         } else {
-            const auto* button = m_bench.findChild<QWidget*>("btnStopAll");
-            const QPoint at = button->mapToGlobal(button->rect().center());
-            if (QApplication::activeModalWidget() && QApplication::widgetAt(at) != button)
-                tap("F12"); // a dialog stands before it
-            else {
-                XHands::move(at.x(), at.y());
-                clickButton(1);
-            }
+            XHands::move(at.x(), at.y());
+            clickButton(1);
         }
         XHands::sync();
         m_isStopping = true;
@@ -467,7 +441,7 @@ private:
 
     void connectAgain()
     {
-        m_now = {QString("connect"), true};
+        m_maySend = true;
         m_bench.findChild<Connection*>()->findChild<QPushButton*>("btnConnect")->click();
     }
 
@@ -480,10 +454,7 @@ private:
     }
 
     /// A held jog ends at whatever takes its button away, as a turn of the page.
-    bool isStopOfHeld(const Command& request) const
-    {
-        return (m_heldButton || !m_heldKey.isEmpty()) && request.getValue() == 0;
-    }
+    bool isStopOfHeld(const Command& request) const { return holds() && request.getValue() == 0; }
 
     static bool moves(const Command& request)
     {
@@ -508,7 +479,7 @@ private:
     {
         // The release that goes before STOP does its work. What a gesture brings about may come
         // when the next one has begun.
-        if (moves(request) && !m_isStopping && !m_now.maySend && !m_before.maySend &&
+        if (moves(request) && !m_isStopping && !m_maySend && !m_mightSend &&
             !isStopOfHeld(request) && !somethingRuns())
             complain(QString("sent without a cause: %1").arg(requestText(request)));
     }
@@ -527,12 +498,12 @@ private:
     QElapsedTimer m_total;
     QElapsedTimer m_sinceBeat;
     QElapsedTimer m_sinceStop;
-    Gesture m_now;
-    Gesture m_before;
+    bool m_maySend = false;   // the gesture
+    bool m_mightSend = false; // the one before, whose effect may come late
     QStringList m_history;
     QStringList m_complaints;
-    unsigned m_heldButton = 0;
-    QByteArray m_heldKey;
+    bool m_isButtonHeld = false; // the left one
+    bool m_isKeyHeld = false;    // space
     bool m_isStopping = false;
     bool m_isStopHeard = false;
     bool m_hasRested = false;
