@@ -17,6 +17,13 @@ Option optionOf(const Widget* widget)
     return option;
 }
 
+template <class Option, class Widget>
+QRect contentsOf(const Widget* widget, QStyle::SubElement contents)
+{
+    const auto option = optionOf<Widget, Option>(widget);
+    return widget->style()->subElementRect(contents, &option, widget);
+}
+
 class Search
 {
 public:
@@ -24,28 +31,25 @@ public:
 
     void look(const QWidget* widget)
     {
-        if (const auto* label = qobject_cast<const QLabel*>(widget))
-            look(label);
-        else if (const auto* box = qobject_cast<const QGroupBox*>(widget))
-            look(box);
-        else if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
-            look(button);
-        else if (const auto* number = qobject_cast<const QAbstractSpinBox*>(widget))
-            look(number);
-        else if (const auto* line = qobject_cast<const QLineEdit*>(widget))
-            look(line);
-        else if (const auto* choice = qobject_cast<const QComboBox*>(widget))
-            look(choice);
-        else if (const auto* tabs = qobject_cast<const QTabBar*>(widget))
-            look(tabs);
-        else if (const auto* view = qobject_cast<const QAbstractItemView*>(widget))
-            look(view);
+        lookAs<QLabel>(widget) || lookAs<QGroupBox>(widget) || lookAs<QAbstractButton>(widget) ||
+            lookAs<QAbstractSpinBox>(widget) || lookAs<QLineEdit>(widget) ||
+            lookAs<QComboBox>(widget) || lookAs<QTabBar>(widget) ||
+            lookAs<QAbstractItemView>(widget);
         if (const auto* area = qobject_cast<const QAbstractScrollArea*>(widget))
             lookForNesting(area);
         lookWhetherInside(widget);
     }
 
 private:
+    template <class Widget>
+    bool lookAs(const QWidget* widget)
+    {
+        const auto* known = qobject_cast<const Widget*>(widget);
+        if (known)
+            look(known);
+        return known;
+    }
+
     void complain(const QWidget* widget, const QString& text, int needed, int room)
     {
         QStringList path;
@@ -103,40 +107,29 @@ private:
 
     void look(const QAbstractButton* button)
     {
-        if (button->text().isEmpty() || button->metaObject()->className() != realClass(button))
+        if (button->text().isEmpty())
             return;
         QSize needed = sizeOf(button, button->text());
-        QRect room;
+        QRect room = button->rect();
         if (const auto* push = qobject_cast<const QPushButton*>(button)) {
-            const auto option = optionOf<QPushButton, QStyleOptionButton>(push);
-            room = push->style()->subElementRect(QStyle::SE_PushButtonContents, &option, push);
+            room = contentsOf<QStyleOptionButton>(push, QStyle::SE_PushButtonContents);
             if (!push->icon().isNull())
                 needed.rwidth() += push->iconSize().width() + 4;
         } else if (const auto* check = qobject_cast<const QCheckBox*>(button)) {
-            const auto option = optionOf<QCheckBox, QStyleOptionButton>(check);
-            room = check->style()->subElementRect(QStyle::SE_CheckBoxContents, &option, check);
+            room = contentsOf<QStyleOptionButton>(check, QStyle::SE_CheckBoxContents);
         } else if (const auto* radio = qobject_cast<const QRadioButton*>(button)) {
-            const auto option = optionOf<QRadioButton, QStyleOptionButton>(radio);
-            room = radio->style()->subElementRect(QStyle::SE_RadioButtonContents, &option, radio);
+            room = contentsOf<QStyleOptionButton>(radio, QStyle::SE_RadioButtonContents);
         } else if (qobject_cast<const QToolButton*>(button)) {
             needed = button->fontMetrics().tightBoundingRect(button->text()).size();
-            room = button->rect();
         } else {
             return;
         }
         compare(button, button->text(), needed, room.intersected(button->rect()).size());
     }
 
-    static const char* realClass(const QAbstractButton* button)
-    {
-        return button->metaObject()->className();
-    }
-
     void lookInside(const QLineEdit* line, const QWidget* owner, const QStringList& texts)
     {
-        QStyleOptionFrame option = optionOf<QLineEdit, QStyleOptionFrame>(line);
-        const QSize room =
-            line->style()->subElementRect(QStyle::SE_LineEditContents, &option, line).size();
+        const QSize room = contentsOf<QStyleOptionFrame>(line, QStyle::SE_LineEditContents).size();
         const QMargins text = line->textMargins();
         for (const QString& each : texts)
             compare(owner, each,
@@ -225,13 +218,11 @@ private:
     {
         for (const QWidget* outer = area->parentWidget(); outer; outer = outer->parentWidget()) {
             const auto* around = qobject_cast<const QAbstractScrollArea*>(outer);
-            if (!around)
-                continue;
-            if (area->verticalScrollBar()->isVisible() && around->verticalScrollBar()->isVisible())
-                complain(area, "vertical scroll bar in a vertical one", 0, 0);
-            if (area->horizontalScrollBar()->isVisible() &&
-                around->horizontalScrollBar()->isVisible())
-                complain(area, "horizontal scroll bar in a horizontal one", 0, 0);
+            if (around && ((area->verticalScrollBar()->isVisible() &&
+                            around->verticalScrollBar()->isVisible()) ||
+                           (area->horizontalScrollBar()->isVisible() &&
+                            around->horizontalScrollBar()->isVisible())))
+                complain(area, "scroll bar in one of the same direction", 0, 0);
         }
     }
 

@@ -1,220 +1,154 @@
-#include "CapturePage.h"
 #include "ColorPicker.h"
-#include "CommandText.h"
-#include "Instruction.h"
-#include "PositionControl.h"
-#include "Screen.h"
 #include "TestCase.h"
-#include "User.h"
-#include "ValueOverTimeGraph.h"
-#include "VelocityControl.h"
-#include "Workbench.h"
+#include "TurningBench.h"
 
-#include <QComboBox>
-#include <QMenu>
-#include <QPushButton>
-#include <QSpinBox>
-#include <QTableWidget>
-#include <QToolButton>
+#include <QtWidgets>
 
 namespace
 {
 
-/// The connected workbench on the screen, in real time.
-struct ShownBench {
-    Workbench bench;
-    QToolButton* stop;
-    SimulatedAxis& axis;
-
-    explicit ShownBench(const QString& page)
-        : bench(
-              WorkbenchOptions::parse({"axrworkbench", "--photo", "x", "--connect", "--page", page},
-                                      Workbench::pageNames()))
-        , stop(User::find<QToolButton>(&bench, "btnStopAll"))
-        , axis(bench.simulator().module.axis(0))
-    {
-        bench.startClock();
-        Screen::show(&bench);
-        if (!Screen::waitFor([this] { return bench.link().answers() > 10; }))
-            qFatal("the module does not answer");
-    }
-    ~ShownBench() { Screen::letGo(); }
-
-    template <class T>
-    T* find(const char* name)
-    {
-        return User::find<T>(&bench, name);
-    }
-    QPushButton* save()
-    {
-        return User::find<QPushButton>(bench.findChild<CapturePage*>(), "btnSave");
-    }
-    bool turns() const { return qAbs(axis.velocity()) > 100; }
-    void turn()
-    {
-        bench.link().command(Command(1, toByte(Instruction::ROR), 0, 0, 300));
-        if (!Screen::waitFor([this] { return turns(); }))
-            qFatal("the axis does not turn");
-    }
-    /// Comes to rest, and stays there for five seconds of the module's clock.
-    bool stands()
-    {
-        if (!Screen::waitFor([this] { return axis.velocity() == 0; }))
-            return false;
-        bool isStanding = true;
-        for (int i = 0; i < 100 && isStanding; ++i) {
-            Screen::pass(5);
-            bench.advance(50);
-            isStanding = axis.velocity() == 0;
-        }
-        return isStanding;
-    }
-};
-
+/// What a real click opens, and the class of it.
 struct Opened {
-    const char* name;
     const char* page;
-    /// Opens it by a click, which may return only once it has closed.
-    std::function<void(ShownBench&)> open;
+    QByteArray type;
+    std::function<void(QWidget* page)> open; // may return only once it has closed
 };
+
+void click(QWidget* page, const char* name, Qt::MouseButton button = Qt::LeftButton)
+{
+    Screen::click(User::find<QWidget>(page, name), button);
+}
+
+const QString stopOfTheAxis = "MST 0 = 0, axis 0";
 
 const Opened rows[] = {
-    {"nothing", "motion", [](ShownBench&) {}},
-    {"menu", "graph",
-     [](ShownBench& shown) {
-         Screen::click(shown.bench.findChild<ValueOverTimeGraph*>(), QPoint(300, 200),
-                       Qt::RightButton);
+    {"motion", "", [](QWidget*) {}},
+    {"motion", "QMenu", [](QWidget* page) { click(page, "sbTargetVelocity", Qt::RightButton); }},
+    {"graph", "QMenu", [](QWidget* page) { click(page, "graphicsView", Qt::RightButton); }},
+    {"graph", "GraphSelector",
+     [](QWidget* page) {
+         Screen::onceOpen([](QWidget* menu) {
+             Screen::click(
+                 menu, static_cast<QMenu*>(menu)->actionGeometry(menu->actions().last()).center());
+         });
+         click(page, "graphicsView", Qt::RightButton);
      }},
-    {"combo list", "motion",
-     [](ShownBench& shown) {
-         Screen::click(
-             User::find<QComboBox>(shown.bench.findChild<PositionControl*>(), "cmbRelativeTo"));
+    {"graph", "QFileDialog",
+     [](QWidget* page) {
+         if (!User::find<QWidget>(page, "cbLog")->isVisible()) {
+             click(page, "btnHideController");
+             Screen::pass(500);
+         }
+         click(page, "cbLog");
      }},
-    {"colour popup", "colours",
-     [](ShownBench& shown) { Screen::click(shown.bench.findChild<ColorPicker*>()); }},
-    {"file dialog", "capture", [](ShownBench& shown) { Screen::click(shown.save()); }},
-    {"combo list of a file dialog", "capture",
-     [](ShownBench& shown) {
-         Screen::onceOpen(
-             [](QWidget* dialog) { Screen::click(User::find<QComboBox>(dialog, "lookInCombo")); });
-         Screen::click(shown.save());
+    {"registers", "QFileDialog", [](QWidget* page) { click(page, "btnOpen"); }},
+    {"console", "QComboBoxPrivateContainer", [](QWidget* page) { click(page, "cbCommand"); }},
+    {"colours", "ColorPickerPopup",
+     [](QWidget* page) { Screen::click(page->findChild<ColorPicker*>()); }},
+    {"capture", "QComboBoxPrivateContainer",
+     [](QWidget* page) {
+         Screen::onceOpen([](QWidget* dialog) { click(dialog, "lookInCombo"); });
+         click(page, "btnSave");
      }},
 };
+
+QWidget* whatIsOpen()
+{
+    return QApplication::activePopupWidget() ? QApplication::activePopupWidget()
+                                             : QApplication::activeModalWidget();
+}
 
 } // namespace
 
 class StopScreenTest : public TestCase
 {
     Q_OBJECT
-private Q_SLOTS:
-    void oneClickOrKeyStops_data()
+    std::unique_ptr<Screen::WindowManager> m_manager;
+    std::unique_ptr<TurningBench> m_shown; // kept by a row that leaves it as it was
+
+    std::unique_ptr<TurningBench> show(bool isManaged = false)
     {
-        QTest::addColumn<int>("row");
-        QTest::addColumn<bool>("byKey");
-        QTest::addColumn<bool>("isManaged");
-        for (int row = 0; row < int(std::size(rows)); ++row) {
-            for (bool byKey : {false, true})
-                QTest::addRow("%s, by %s", rows[row].name, byKey ? "key" : "click")
-                    << row << byKey << false;
-            QTest::addRow("%s, with a window manager", rows[row].name) << row << false << true;
+        if (isManaged && !m_manager) {
+            m_shown.reset();
+            m_manager = std::make_unique<Screen::WindowManager>();
         }
-    }
-    void oneClickOrKeyStops()
-    {
-        QFETCH(int, row);
-        QFETCH(bool, byKey);
-        QFETCH(bool, isManaged);
-        const Screen::WindowManager manager(isManaged);
-        ShownBench shown(rows[row].page);
-        shown.turn();
-        int stops = 0;
-        connect(&shown.bench.link(), &ModuleLink::sent, this, [&stops](const Command& request) {
-            stops += requestText(request) == "MST 0 = 0, axis 0";
-        });
-        bool isStopped = false;
-        QString open;
-        Screen::meanwhile(
-            [&] {
-                const QWidget* popup = QApplication::activePopupWidget();
-                const QWidget* dialog = QApplication::activeModalWidget();
-                open = popup    ? popup->metaObject()->className()
-                       : dialog ? dialog->metaObject()->className()
-                                : "";
-                if (byKey)
-                    Screen::key("F12");
-                else
-                    Screen::click(shown.stop);
-                isStopped = Screen::waitFor([&] { return shown.axis.velocity() == 0; });
-                for (int i = 0; i < 5 && (QApplication::activePopupWidget() ||
-                                          QApplication::activeModalWidget());
-                     ++i)
-                    Screen::key("Escape");
-            },
-            700);
-        rows[row].open(shown);
-        QVERIFY(Screen::waitFor([&] { return isStopped; }, 20000));
-        QCOMPARE(open.isEmpty(), row == 0);
-        QCOMPARE(stops, 1);
-        QVERIFY(shown.stands());
+        return m_shown ? std::move(m_shown) : std::make_unique<TurningBench>();
     }
 
-    /// Not even a hand that still holds the button starts the axis again.
-    void aHeldJogStaysStopped_data()
+private Q_SLOTS:
+    void cleanupTestCase() { m_shown.reset(); }
+
+    /// Not even a hand that still holds the button starts the axis again, and nothing weaker than a
+    /// stop comes last: a jog's own end is for the current a target of 0, which lets the axis
+    /// coast.
+    void aHeldJogIsStopped_data()
     {
+        QTest::addColumn<QString>("panel");
+        QTest::addColumn<QString>("target");
         QTest::addColumn<bool>("isStrayed");
-        QTest::newRow("on the button") << false;
-        QTest::newRow("strayed from it") << true;
+        QTest::newRow("velocity") << "VelocityControl0"
+                                  << "sbTargetVelocity" << false;
+        QTest::newRow("velocity, strayed") << "VelocityControl0"
+                                           << "sbTargetVelocity" << true;
+        QTest::newRow("current") << "CurrentControl0"
+                                 << "sbTargetCurrent" << false;
     }
-    void aHeldJogStaysStopped()
+    void aHeldJogIsStopped()
     {
+        QFETCH(QString, panel);
+        QFETCH(QString, target);
         QFETCH(bool, isStrayed);
-        ShownBench shown("motion");
-        auto* panel = shown.bench.findChild<VelocityControl*>("VelocityControl0");
-        User::find<QSpinBox>(panel, "sbTargetVelocity")->setValue(500);
-        const auto* jog = User::find<QPushButton>(panel, "btnJogLeft");
+        auto shown = show();
+        auto* held = User::find<QWidget>(shown->showPage("motion"), panel);
+        User::find<QSpinBox>(held, target)->setValue(500);
+        const auto* jog = User::find<QPushButton>(held, "btnJogLeft");
         const QPoint on = Screen::middle(jog);
         const QPoint beside = on + QPoint(0, jog->height());
         Screen::moveTo(on);
         Screen::press();
-        QVERIFY(Screen::waitFor([&] { return shown.axis.velocity() < -400; }));
+        QVERIFY(shown->reaches(400));
         if (isStrayed)
             Screen::moveTo(beside);
         Screen::key("F12");
         for (const QPoint& place : {beside, on, on + QPoint(1, 0), beside, on})
             Screen::moveTo(place);
-        QVERIFY(shown.stands());
+        QVERIFY(shown->stands());
         Screen::release();
-        QVERIFY(shown.stands());
+        QVERIFY(shown->stands());
+        QCOMPARE(shown->sent.filter("axis 0").last(), stopOfTheAxis);
+        m_shown = std::move(shown);
     }
 
-    /// Its own end is a target current of 0, which would let the axis coast.
-    void aHeldCurrentIsBraked()
+    /// A capture that is stopped in its rest, or while it waits for its trigger, lets the axis be.
+    void aCaptureStays()
     {
-        ShownBench shown("motion");
-        auto* panel = shown.bench.findChild<QWidget*>("CurrentControl0");
-        User::find<QSpinBox>(panel, "sbTargetCurrent")->setValue(300);
-        Screen::moveTo(Screen::middle(User::find<QPushButton>(panel, "btnJogRight")));
-        Screen::press();
-        QVERIFY(Screen::waitFor([&] { return shown.axis.velocity() > 400; }));
-        Command last;
-        QObject::connect(&shown.bench.link(), &ModuleLink::sent, &shown.bench,
-                         [&](const Command& request) {
-                             if (!isRead(request))
-                                 last = request;
-                         });
-        Screen::key("F12");
-        QVERIFY(Screen::waitFor([&] { return shown.axis.velocity() == 0; }));
-        Screen::release();
-        QVERIFY(shown.stands());
-        QCOMPARE(int(last.getCommand()), int(Instruction::MST));
+        auto shown = show();
+        auto* page = shown->showPage("capture");
+        User::find<QComboBox>(page, "cmbTargetMode")->setCurrentIndex(1);
+        for (bool isInItsRest : {true, false}) {
+            User::find<QSpinBox>(page, "sbFromTarget")->setValue(isInItsRest ? 0 : 1000);
+            User::find<QComboBox>(page, "cmbTriggerType")->setCurrentIndex(isInItsRest ? 4 : 3);
+            User::find<QSpinBox>(page, "sbTriggerValue")->setValue(isInItsRest ? 3000 : 500);
+            shown->sent.clear();
+            const auto isPolling = [&] { return !shown->sent.filter("RD 6").isEmpty(); };
+            click(page, "btnStart");
+            Screen::pass(300);
+            QVERIFY(isInItsRest || (Screen::waitFor(isPolling) && shown->reaches(100)));
+            QCOMPARE(isPolling(), !isInItsRest);
+            if (!isInItsRest)
+                click(page, "btnStop");
+            Screen::key("F12");
+            QVERIFY(shown->stands());
+        }
+        m_shown = std::move(shown);
     }
 
     /// A drag takes every key, but not this one.
     void theKeyStopsDuringADrag()
     {
-        ShownBench shown("ramp");
-        auto* text = shown.find<QLabel>("lblPlan");
-        shown.turn();
+        auto shown = show();
+        auto* text = User::find<QLabel>(shown->showPage("ramp"), "lblPlan");
+        shown->turn();
         const QPoint word(20, 8);
         Screen::click(text, word);
         Screen::click(text, word); // selects it
@@ -227,108 +161,98 @@ private Q_SLOTS:
             [&] {
                 Screen::moveTo(text, word + QPoint(60, 0));
                 Screen::key("F12");
-                isStopped = Screen::waitFor([&] { return shown.axis.velocity() == 0; }, 2000);
+                isStopped = Screen::waitFor([&] { return shown->axis.velocity() == 0; }, 2000);
                 Screen::release();
             },
             300);
         Screen::moveTo(text, word + QPoint(30, 0));
         Screen::pass(500);
         QVERIFY(Screen::waitFor([&] { return isStopped; }));
+        m_shown = std::move(shown);
+    }
+
+    /// What a click opens comes to the screen; one click or key stops, and Escape closes it.
+    void whateverIsOpen_data()
+    {
+        QTest::addColumn<int>("row");
+        QTest::addColumn<bool>("byKey");
+        QTest::addColumn<bool>("isManaged");
+        for (const auto& [how, byKey, isManaged] : {std::tuple("key", true, false),
+                                                    {"click", false, false},
+                                                    {"click with a window manager", false, true}}) {
+            for (int row = 0; row < int(std::size(rows)); ++row)
+                QTest::addRow("%s on %s, %s", rows[row].type.constData(), rows[row].page, how)
+                    << row << byKey << isManaged;
+        }
+    }
+    void whateverIsOpen()
+    {
+        QFETCH(int, row);
+        QFETCH(bool, byKey);
+        QFETCH(bool, isManaged);
+        auto shown = show(isManaged);
+        auto* page = shown->showPage(rows[row].page);
+        shown->turn();
+        shown->sent.clear();
+        const QImage before = Screen::picture();
+        bool isOnScreen = false;
+        bool isStopped = false;
+        int looks = 0;
+        QTimer look;
+        connect(&look, &QTimer::timeout, &look, [&] {
+            QWidget* open = whatIsOpen();
+            if ((open ? open->metaObject()->className() : "") != rows[row].type || ++looks < 15)
+                return; // the click that opens a list has still to let go
+            look.stop();
+            isOnScreen = !open || Screen::waitFor([&] {
+                const QRect place(open->mapToGlobal(QPoint()), open->size());
+                return before.rect().contains(place) &&
+                       Screen::picture(place) != before.copy(place);
+            });
+            if (byKey)
+                Screen::key("F12");
+            else
+                click(&shown->bench, "btnStopAll");
+            isStopped = Screen::waitFor([&] { return shown->axis.velocity() == 0; });
+            for (int i = 0; i < 5 && whatIsOpen(); ++i)
+                Screen::key("Escape");
+        });
+        look.start(20);
+        rows[row].open(page);
+        QVERIFY(Screen::waitFor([&] { return isStopped; }, 20000));
+        QVERIFY(isOnScreen);
+        QVERIFY(shown->stands());
+        QCOMPARE(shown->sent.count(stopOfTheAxis), 1);
+        QVERIFY(Screen::waitFor([] { return !whatIsOpen(); }));
+        m_shown = std::move(shown);
     }
 
     /// The button cannot be taken away, pushed out or covered.
-    void theButtonStays_data()
-    {
-        QTest::addColumn<QString>("look");
-        QTest::addColumn<QString>("size");
-        for (const char* look : {"on", "off"}) {
-            for (const char* size : {"8", "20"})
-                QTest::addRow("%s %s", look, size) << look << size;
-        }
-    }
     void theButtonStays()
     {
-        QFETCH(QString, look);
-        QFETCH(QString, size);
-        Workbench bench(WorkbenchOptions::parse(
-            {"axrworkbench", "--photo", "x", "--theme", look, "--font-size", size},
-            Workbench::pageNames()));
-        Screen::show(&bench);
-        auto* stop = User::find<QToolButton>(&bench, "btnStopAll");
-        const auto isWhole = [&] {
-            return stop->isVisible() && stop->width() >= stop->sizeHint().width() &&
-                   QApplication::widgetAt(stop->mapToGlobal(QPoint(1, 1))) == stop &&
-                   QApplication::widgetAt(
-                       stop->mapToGlobal(stop->rect().bottomRight() - QPoint(1, 1))) == stop;
-        };
-        for (const QPoint place :
-             {stop->geometry().center(), stop->geometry().topRight() + QPoint(20, 10)}) {
-            Screen::click(&bench, place, Qt::RightButton);
-            QVERIFY(!QApplication::activePopupWidget());
+        for (const auto& [look, size] : {std::pair("on", "8"), {"off", "20"}}) {
+            Workbench bench(WorkbenchOptions::parse(
+                {"axrworkbench", "--photo", "x", "--theme", look, "--font-size", size},
+                Workbench::pageNames()));
+            Screen::show(&bench);
+            auto* stop = User::find<QToolButton>(&bench, "btnStopAll");
+            const auto isWhole = [&] {
+                const auto isSeen = [&](QPoint place) {
+                    return QApplication::widgetAt(stop->mapToGlobal(place)) == stop;
+                };
+                return stop->isVisible() && stop->width() >= stop->sizeHint().width() &&
+                       isSeen({1, 1}) && isSeen(stop->rect().bottomRight() - QPoint(1, 1));
+            };
+            for (const QPoint place :
+                 {stop->geometry().center(), stop->geometry().topRight() + QPoint(20, 10)}) {
+                Screen::click(&bench, place, Qt::RightButton);
+                QVERIFY(!QApplication::activePopupWidget());
+            }
+            for (const QSize wanted : {QSize(1, 1), QSize(700, 400), QSize(1400, 900)}) {
+                bench.resize(wanted);
+                QVERIFY(Screen::waitFor([&] { return isWhole(); }));
+            }
         }
-        for (const QSize wanted : {QSize(1, 1), QSize(700, 400), QSize(1400, 900)}) {
-            bench.resize(wanted);
-            QVERIFY(Screen::waitFor([&] { return isWhole(); }));
-        }
-    }
-
-    void aCaptureStays_data()
-    {
-        QTest::addColumn<int>("from");
-        QTest::addColumn<int>("trigger");
-        QTest::addColumn<bool>("inItsRest");
-        QTest::addColumn<QString>("by");
-        QTest::newRow("rest, key") << 0 << 4 << true << "F12";
-        QTest::newRow("poll, key") << 0 << 4 << false << "F12";
-        QTest::newRow("braking triggers, key") << 1000 << 3 << false << "F12";
-        QTest::newRow("rest, button") << 0 << 4 << true << "STOP";
-        QTest::newRow("rest, page") << 0 << 4 << true << "Stop";
-        QTest::newRow("braking triggers, page and key") << 1000 << 3 << false << "Stop F12";
-    }
-    /// Stopped in the first second, or while it waits for its trigger, the axis stands.
-    void aCaptureStays()
-    {
-        QFETCH(int, from);
-        QFETCH(int, trigger);
-        QFETCH(bool, inItsRest);
-        QFETCH(QString, by);
-        ShownBench shown("capture");
-        shown.find<QComboBox>("cmbTargetMode")->setCurrentIndex(1);
-        shown.find<QSpinBox>("sbFromTarget")->setValue(from);
-        shown.find<QComboBox>("cmbTriggerType")->setCurrentIndex(trigger);
-        shown.find<QSpinBox>("sbTriggerValue")->setValue(trigger == 3 ? 500 : 3000);
-        bool isPolling = false;
-        connect(&shown.bench.link(), &ModuleLink::sent, this, [&isPolling](const Command& request) {
-            isPolling = isPolling || requestText(request).startsWith("RD 6");
-        });
-        auto* page = shown.bench.findChild<CapturePage*>();
-        Screen::click(User::find<QPushButton>(page, "btnStart"));
-        Screen::pass(300);
-        QVERIFY(inItsRest || Screen::waitFor([&] { return isPolling && shown.turns(); }));
-        QCOMPARE(isPolling, !inItsRest);
-        if (by.startsWith("Stop"))
-            Screen::click(User::find<QPushButton>(page, "btnStop"));
-        if (by.endsWith("F12"))
-            Screen::key("F12");
-        if (by == "STOP")
-            Screen::click(shown.stop);
-        QVERIFY(shown.stands());
-    }
-
-    /// An unconnected page says what it needs, and a key connects.
-    void theFirstMinute()
-    {
-        Workbench bench(WorkbenchOptions::parse(
-            {"axrworkbench", "--photo", "x", "--page", "motion"}, Workbench::pageNames()));
-        bench.startClock();
-        Screen::show(&bench);
-        auto* notice = User::find<QLabel>(&bench, "lblNeedsLink");
-        QVERIFY(Screen::has(Screen::picture(notice), "#fff8d8"));
-        QVERIFY(!Screen::has(Screen::picture(&bench), "gold"));
-        Screen::key("alt+c");
-        QVERIFY(Screen::waitFor([&] { return bench.link().answers() > 10; }));
-        QVERIFY(notice->isHidden() &&
-                User::find<QPushButton>(&bench, "btnConnectLast")->isHidden());
     }
 };
 

@@ -13,8 +13,6 @@
 namespace
 {
 
-constexpr double StepFactor = 0.00390625;            // steps of v^2 / a
-constexpr double TimeFactor = 131072.0 / 16000000.0; // s of v / a
 constexpr double ToMilliseconds = 1000.0;
 constexpr double Margin = 20;
 constexpr double PointRadius = 2;
@@ -39,6 +37,8 @@ QString reddened(const char* attributes, const QString& complaint)
         .arg(QLatin1String(attributes), complaint);
 }
 
+constexpr double StepFactor = TrapezialRamp::ChangeSteps;
+
 /// A change between two velocities, whichever way it is passed.
 struct Phase {
     double steps = 0;
@@ -47,7 +47,7 @@ struct Phase {
     Phase() = default;
     Phase(double upper, double lower, double acceleration)
         : steps((upper * upper - lower * lower) / acceleration * StepFactor)
-        , time(std::abs(upper - lower) * TimeFactor / acceleration)
+        , time(std::abs(upper - lower) * TrapezialRamp::ChangeTime / acceleration)
     {
     }
 };
@@ -67,7 +67,12 @@ struct TrapezialRamp::Profile {
     Phase third;
     Phase fourth;
     enum { Vmax, BelowVmax, BelowV1 } reached = Vmax;
-    QString complaints; // of the parameters as they came in
+    // Of the parameters as they came in:
+    bool isWithoutA1;
+    bool isWithoutAmax;
+    bool isWithoutDmax;
+    bool isWithoutD1;
+    bool isV1AboveVmax;
 
     Profile(double vmaxGiven, double v1Given, double vstartGiven, double vstopGiven, double a1,
             double amax, double dmax, double d1, bool noDistance, double distance)
@@ -76,21 +81,14 @@ struct TrapezialRamp::Profile {
         , vstart(static_cast<float>(qBound(-LargestSingle, qMin(vstartGiven, vmax), LargestSingle)))
         , vstop(qMin(vstopGiven, vmax))
         , peak(vmax)
+        , isWithoutA1(a1 <= 0)
+        , isWithoutAmax(amax <= 0)
+        , isWithoutDmax(dmax <= 0)
+        , isWithoutD1(d1 <= 0)
+        , isV1AboveVmax(v1Given > vmaxGiven)
     {
-        const struct {
-            double* acceleration;
-            const char* message;
-        } accelerations[] = {
-            {&a1, " A1 = 0!"}, {&amax, " AMAX = 0!"}, {&dmax, " DMAX = 0!"}, {&d1, " D1 = 0!"}};
-        for (const auto& each : accelerations) {
-            if (*each.acceleration > 0)
-                continue;
-            complaints += QLatin1String(each.message);
-            *each.acceleration = 1.0;
-        }
-        if (v1Given > vmaxGiven)
-            complaints += QLatin1String(" V1 exceed VMAX");
-
+        for (double* acceleration : {&a1, &amax, &dmax, &d1})
+            *acceleration = *acceleration > 0 ? *acceleration : 1.0;
         first = Phase(v1, vstart, a1);
         second = Phase(vmax, v1, amax);
         third = Phase(vmax, v1, dmax);
@@ -141,6 +139,17 @@ QString TrapezialRamp::Profile::text() const
     if (cruise > 0)
         text += QStringLiteral(" + ") + shown(cruise * ToMilliseconds);
     text += QStringLiteral(" ms (") + shown(steps()) + QStringLiteral(" steps)");
+    const struct {
+        bool isRaised;
+        const char* message;
+    } raised[] = {{isWithoutA1, " A1 = 0!"},
+                  {isWithoutAmax, " AMAX = 0!"},
+                  {isWithoutDmax, " DMAX = 0!"},
+                  {isWithoutD1, " D1 = 0!"},
+                  {isV1AboveVmax, " V1 exceed VMAX"}};
+    QString complaints;
+    for (const auto& each : raised)
+        complaints += each.isRaised ? QLatin1String(each.message) : QLatin1String();
     if (!complaints.isEmpty())
         text += reddened("color:red;", complaints);
     if (vstart > v1)

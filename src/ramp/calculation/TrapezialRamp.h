@@ -18,12 +18,22 @@ class QWidget;
 /// polygon in a drawing area and a rich text of its duration (ms), its length (steps) and what is
 /// wrong with the parameters.
 ///
-/// Velocities and accelerations are in the device's internal units. Bad ones are limited or
-/// replaced, and named in the text; nothing fails. An argument that is not finite counts as 0, and
+/// Velocities v and accelerations a are in the device's internal units, see below. Bad ones are
+/// limited or replaced, and named in the text; nothing fails. An argument that is not finite counts as 0, and
 /// so does a time, length or place that would not be finite.
 class AXRGUI_EXPORT TrapezialRamp
 {
 public:
+    /// A change of velocity takes dv / a times this, in s.
+    static constexpr double ChangeTime = 131072.0 / 16000000.0;
+    /// From or to rest it is v^2 / a times this long, in steps.
+    static constexpr double ChangeSteps = 1.0 / 256;
+    /// A unit of velocity by which both hold together, 0.9537 steps/s. Where the velocity is
+    /// constant, the calculation takes its unit for 1 step/s: that part comes out 4.6 % shorter.
+    static constexpr double VelocityUnit = 2 * ChangeSteps / ChangeTime;
+    /// The unit of acceleration that goes with it, 116.4 steps/s^2.
+    static constexpr double AccelerationUnit = VelocityUnit / ChangeTime;
+
     /// \param size of the drawing area, for good; the ramp keeps 20 from its left and right edge
     explicit TrapezialRamp(QSizeF size);
 

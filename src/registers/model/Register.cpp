@@ -46,16 +46,12 @@ Register::Register(QString title, unsigned char offset, unsigned char width, int
     , m_access(access)
     , m_value(resetValue)
     , m_resetValue(resetValue)
-    , m_min(-9223372036854775808.0)
-    , m_max(18446744073709551616.0)
     , m_defaultTransformer(std::make_shared<DefaultValueTransformer>())
 {
     m_transformer = m_defaultTransformer.get();
-    if (width < RegisterBits::AllBits) {
-        const unsigned long long highest = RegisterBits::mask(width);
-        m_min = static_cast<double>(-static_cast<long long>(highest >> 1U));
-        m_max = static_cast<double>(highest);
-    }
+    const unsigned long long highest = RegisterBits::mask(width);
+    m_min = static_cast<double>(-static_cast<long long>(highest >> 1U));
+    m_max = static_cast<double>(highest); // of 64 ones, 2^64: the nearest double
     announceType();
 }
 
@@ -132,7 +128,7 @@ bool Register::setValue(unsigned long long raw)
     return true;
 }
 
-bool Register::setValue(int raw) { return setValue(extended(raw)); }
+bool Register::setValue(int raw) { return setValue(static_cast<unsigned long long>(raw)); }
 
 bool Register::setValue(double value)
 {

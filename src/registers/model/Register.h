@@ -85,15 +85,15 @@ public:
     bool setValue(double value);
 
     // Other whole numbers are raw values too; signed ones keep their sign in all upper bits.
-    template <class T, std::enable_if_t<std::is_integral<T>::value, int> = 0>
+    template <class T, class = std::enable_if_t<std::is_integral<T>::value>>
     bool checkValue(T raw) const
     {
-        return checkValue(extended(raw));
+        return checkValue(static_cast<unsigned long long>(raw));
     }
-    template <class T, std::enable_if_t<std::is_integral<T>::value, int> = 0>
+    template <class T, class = std::enable_if_t<std::is_integral<T>::value>>
     bool setValue(T raw)
     {
-        return setValue(extended(raw));
+        return setValue(static_cast<unsigned long long>(raw));
     }
 
     // Null pointers are ignored.
@@ -144,14 +144,6 @@ protected:
     double m_tick = 1.0;
 
 private:
-    template <class T>
-    static unsigned long long extended(T raw)
-    {
-        if (std::is_signed<T>::value)
-            return static_cast<unsigned long long>(static_cast<long long>(raw));
-        return static_cast<unsigned long long>(raw);
-    }
-
     QMap<unsigned long long, bool> m_restrictedValues;
     ValueTransformer* m_transformer;
     std::shared_ptr<ValueTransformer> m_defaultTransformer; // of this and its clones

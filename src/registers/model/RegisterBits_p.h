@@ -1,6 +1,8 @@
 #ifndef REGISTERBITS_P_H
 #define REGISTERBITS_P_H
 
+#include <QtGlobal>
+
 #include <cmath>
 
 /// Arithmetic of raw values that is defined for every width and offset.
@@ -35,9 +37,7 @@ inline unsigned long long fromNumber(double value)
         return ~0ULL;
     if (value >= twoTo63)
         return static_cast<unsigned long long>(value);
-    if (value < -twoTo63)
-        return 1ULL << (AllBits - 1);
-    return static_cast<unsigned long long>(static_cast<long long>(value));
+    return static_cast<unsigned long long>(static_cast<long long>(qMax(value, -twoTo63)));
 }
 
 /// As a signed number of `width` bits, negative when any bit from the sign's upward is set. Beyond

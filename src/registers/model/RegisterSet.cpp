@@ -37,9 +37,8 @@ void RegisterSet::addFraction(Register* fraction)
     const RegisterSet* set = asSet(fraction);
     if (set && set->holds(this))
         return;
-    if (endOf(*fraction) >= m_width)
-        m_width = static_cast<unsigned char>(
-            qMin<int>(endOf(*fraction), std::numeric_limits<unsigned char>::max()));
+    m_width = static_cast<unsigned char>(
+        qBound<int>(m_width, endOf(*fraction), std::numeric_limits<unsigned char>::max()));
     m_resetValue |= RegisterBits::shiftedLeft(fraction->getResetValue(), fraction->getOffset());
     m_access |= fraction->getAccess() & AccessBits;
     m_fractions.insert(fraction->getTitle(), fraction);

@@ -25,9 +25,6 @@ namespace Number = AxisParameterNumber;
 namespace
 {
 
-// A unit of the calculation, see the class.
-constexpr double TimeFactor = 131072.0 / 16000000.0;
-constexpr double StepsPerSecond = 2 / (256 * TimeFactor);
 constexpr double Minute = 60; // s
 constexpr double ToMilliseconds = 1000;
 
@@ -160,7 +157,7 @@ char RampPage::axis() const { return toByte(m_axis->currentIndex()); }
 
 double RampPage::rpmPerUnit() const
 {
-    return m_encoderSteps > 0 ? StepsPerSecond * Minute / m_encoderSteps : 0;
+    return m_encoderSteps > 0 ? TrapezialRamp::VelocityUnit * Minute / m_encoderSteps : 0;
 }
 
 RampMove::Plan RampPage::plan() const
@@ -169,7 +166,8 @@ RampMove::Plan RampPage::plan() const
     plan.axis = m_axis->currentIndex();
     plan.encoderSteps = m_encoderSteps;
     plan.maxVelocity = roundToInt(m_maxVelocity->value() * rpmPerUnit());
-    plan.acceleration = roundToInt(m_acceleration->value() * rpmPerUnit() / TimeFactor);
+    plan.acceleration =
+        roundToInt(m_acceleration->value() * rpmPerUnit() / TrapezialRamp::ChangeTime);
     plan.distance = toInt(m_distance->value()) * (m_left->isChecked() ? -1 : 1);
     return plan;
 }

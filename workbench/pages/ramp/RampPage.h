@@ -16,13 +16,9 @@ class SpinBox;
 
 /// The trapezoid ramp of eight parameters, and over it the one that an axis really turns.
 ///
-/// Units. The calculation tells the time of a change of velocity, dv x k / a with
-/// k = 131072 / 16000000 s, and its length, v^2 / a / 256 steps. Both hold together if a unit of
-/// velocity is 2 / (256 k) = 0.9537 steps/s and one of acceleration that, divided by k,
-/// 116.4 steps/s^2. A step is taken for one increment of the axis' encoder; its steps in a turn
-/// give rpm and rpm/s, rounded to the whole numbers that the module takes. Where the velocity is
-/// constant, the calculation takes its unit for 1 step/s: that part comes out 4.6 % shorter than
-/// the axis turns it.
+/// Units. A step of the calculation is taken for one increment of the axis' encoder; its steps in
+/// a turn and the units of TrapezialRamp give rpm and rpm/s, rounded to the whole numbers that the
+/// module takes.
 ///
 /// The simulated axis has one acceleration, which also brakes, and starts and stops at rest: it
 /// takes VMAX as its maximum velocity and AMAX as its acceleration, and no other. Nothing is sent

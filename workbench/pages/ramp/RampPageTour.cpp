@@ -20,9 +20,8 @@ namespace Number = AxisParameterNumber;
 namespace
 {
 
-constexpr double Distance = 60000;         // steps
-constexpr double Ms = 131072.0 / 16000000; // of a unit of velocity at a unit of acceleration, in s
-constexpr double MovesWithin = 5000;       // ms
+constexpr double Distance = 60000;   // steps
+constexpr double MovesWithin = 5000; // ms
 
 QString shown(double number) { return BasicTools::intInsertDot(number, 1); }
 
@@ -42,17 +41,18 @@ void RampPage::tour(TourGuide& guide)
         type(guide.find<SpinBox>(this, entry.box), QString::number(entry.value));
 
     const auto steps = [](double upper, double lower, double a) {
-        return (upper * upper - lower * lower) / a / 256;
+        return (upper * upper - lower * lower) / a * TrapezialRamp::ChangeSteps;
     };
-    const double changes = 39500 / 2500.0 + 40000 / 1800.0 + 40000 / 1600.0 + 39400 / 2400.0;
+    const double onChanges = // ms
+        (39500 / 2500.0 + 40000 / 1800.0 + 40000 / 1600.0 + 39400 / 2400.0) * 1000 *
+        TrapezialRamp::ChangeTime;
     const double onRamps = steps(40000, 500, 2500) + steps(80000, 40000, 1800) +
                            steps(80000, 40000, 1600) + steps(40000, 600, 2400);
     guide.expectText(
         QStringLiteral("type a ramp of eight parameters: its time and length"),
         [this] { return result(); },
         QStringLiteral("<htm><b>Time from VSTART to VSTOP: <></b>  %1 + %2 ms (%3 steps)</html>")
-            .arg(shown(changes * Ms * 1000), shown((Distance - onRamps) / 80000 * 1000),
-                 shown(Distance)),
+            .arg(shown(onChanges), shown((Distance - onRamps) / 80000 * 1000), shown(Distance)),
         0);
 
     const SimulatedAxis& axis = guide.simulator().module.axis(0);
@@ -90,7 +90,7 @@ void RampPage::tour(TourGuide& guide)
                 QStringLiteral("80000 units are 1118 rpm; longer, for it starts at rest"),
                 guide.find<QLabel>(this, "lblTurned")->text(),
                 std::abs(m_move.peak() - 1118) < 1 &&
-                    m_move.duration() > changes * Ms * 1000 + (Distance - onRamps) / 80);
+                    m_move.duration() > onChanges + (Distance - onRamps) / 80);
 
     auto* curve = guide.find<RampCurve>(this, "rampCurve");
     const QPointF top =

@@ -25,8 +25,6 @@ const QStringList typeNames = {QStringLiteral("unsigned"), QStringLiteral("signe
                                QStringLiteral("fixed"), QStringLiteral("signed fixed")};
 enum Type { Unsigned, Signed, Fixed, SignedFixed };
 
-quint64 maskOf(int width) { return ~quint64(0) >> (RegisterBits - width); }
-
 } // namespace
 
 /// Reads the text, and keeps the first complaint.

@@ -13,6 +13,9 @@
 class QJsonObject;
 class ValueTransformer;
 
+/// The lowest `width` bits, 0..64.
+constexpr quint64 maskOf(int width) { return width > 63 ? ~quint64(0) : (quint64(1) << width) - 1; }
+
 /// The registers of a chip with their bit fields, as a JSON text tells them. The form of the text
 /// stands in docs/chip-description.md. Owns all of its registers.
 class ChipDescription

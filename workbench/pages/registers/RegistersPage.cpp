@@ -46,11 +46,6 @@ public:
     }
 };
 
-Raw maskOf(const Register& field)
-{
-    return field.getWidth() > 63 ? ~Raw(0) : (Raw(1) << field.getWidth()) - 1;
-}
-
 QString hexText(Raw raw, int width)
 {
     return QStringLiteral("0x") +
@@ -225,7 +220,8 @@ void RegistersPage::show(QTreeWidgetItem* item)
 {
     Register* field = fieldOf(item);
     const RegisterSet* set = setOf(item);
-    const Raw raw = (set ? static_cast<Raw>(*set) : static_cast<Raw>(*field)) & maskOf(*field);
+    const Raw raw =
+        (set ? static_cast<Raw>(*set) : static_cast<Raw>(*field)) & maskOf(field->getWidth());
     item->setText(RawColumn, hexText(raw, field->getWidth()));
     item->setText(BitsColumn, bitText(raw, field->getWidth()));
     item->setText(PhysicalColumn,
@@ -264,7 +260,7 @@ QString RegistersPage::write(const QTreeWidgetItem* item, int column, const QStr
     Raw raw = 0;
     if (column == PhysicalColumn || !readRaw(text, column, &raw))
         return tr("%1: \"%2\" is no raw value").arg(field->getTitle(), text);
-    if (raw > maskOf(*field))
+    if (raw > maskOf(field->getWidth()))
         return tr("%1: \"%2\" is wider than %3 bits")
             .arg(field->getTitle(), text)
             .arg(field->getWidth());
@@ -285,7 +281,7 @@ QString RegistersPage::refusal(const RegisterSet& set, quint64 raw) const
 {
     const QList<Register*> fields = set.getFractions();
     for (const Register* field : fields) {
-        const Raw bits = raw >> field->getOffset() & maskOf(*field);
+        const Raw bits = raw >> field->getOffset() & maskOf(field->getWidth());
         if (field->checkValue(bits))
             continue;
         if (!(field->getAccess() & WriteAccess))
