@@ -9,9 +9,9 @@ class QWidget;
 struct CurrentLook {
     /// How the application's sheet begins in the dark blue look; empty before it was ever on.
     QString darkBlueSheet;
-    /// The window whose sheet is off for a moment while the look is switched, null otherwise. A font
-    /// that is set now below it would be lost when the sheet comes back, for a sheet keeps what was
-    /// set under it.
+    /// The window whose sheet is off for a moment while the look is switched, null otherwise. A
+    /// font that is set now below it would be lost when the sheet comes back, for a sheet keeps
+    /// what was set under it.
     const QWidget* windowBetweenLooks = nullptr;
 
     bool isDarkBlue() const;

@@ -176,20 +176,22 @@ QMainWindow 4 4 #9AA9B6 QSplitter 9 9 veil 1 #9AA9B6 QSizeGrip 16 16 QToolTip 1 
 
     void whatWasNotShownFollows()
     {
-        QWidget window;
+        QWidget window, polished;
         auto* edit = new QLineEdit(&window);
-        QPushButton button("button", &window);
+        QPushButton button("button", &polished);
         button.ensurePolished();
-        MainAppStyle style(&window);
-        style.setMainStyle(false);
-        const QSize size = button.sizeHint();
+        MainAppStyle style(&window), other(&polished);
         const QColor dark = edit->palette().color(QPalette::Text);
-        for (const bool on : {true, false}) {
+        for (const bool on : {true, false, true}) {
             style.setMainStyle(on);
             QCOMPARE(edit->palette().color(QPalette::Text), on ? QColor(Qt::white) : dark);
         }
-        window.show();
-        style.setMainStyle(false);
+        edit->ensurePolished();
+        QCOMPARE(edit->palette().color(QPalette::Active, QPalette::Text), QColor(Qt::white));
+        other.setMainStyle(false);
+        const QSize size = button.sizeHint();
+        polished.show();
+        other.setMainStyle(false);
         QCOMPARE(button.sizeHint(), size);
     }
 
