@@ -127,6 +127,7 @@ private Q_SLOTS:
         for (int row : {-1, 3}) { // there is none
             emit m_available->cellClicked(row, Cmd);
             emit m_selected->cellClicked(row, Cmd);
+            emit m_selected->cellClicked(row, Color);
         }
         // the first standard colours that are not in use
         QCOMPARE(rows(m_selected), QString("6 3 velocity #ff0000 1 0, 6 1 position #00ff00 1 0, "
