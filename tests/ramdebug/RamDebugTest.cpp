@@ -481,6 +481,10 @@ private Q_SLOTS:
                 hasSign |= image.pixelColor(corner.x() + i % 30, i / 30) == QColor(0xff, 0x99, 0);
             QCOMPARE(hasSign, !isGood);
         }
+        Chart* chart = host.drawer()->getCharts()->first();
+        for (int i : {1, 2})
+            chart->addValue(i);
+        QCOMPARE(chart->getValues(), QList<double>{2}); // one buffer fills it
     }
 
     void savedFile()
