@@ -15,6 +15,8 @@ QString text(int type, const void* value)
     const QByteArray name = QMetaType::typeName(type);
     if (type == QMetaType::Char)
         return QString::number(quint8(*static_cast<const char*>(value)));
+    if (name == "Command")
+        return line(*static_cast<const Command*>(value));
     if (name == "Command*")
         return line(**static_cast<Command* const*>(value));
     if (name == "TraceCommand*") {
@@ -29,6 +31,7 @@ QString text(int type, const void* value)
 SignalLog::SignalLog(QObject* sender, const QStringList& names)
 {
     // A pointer that is not registered would come without its type.
+    qRegisterMetaType<Command>("Command");
     qRegisterMetaType<Command*>("Command*");
     qRegisterMetaType<TraceCommand*>("TraceCommand*");
     const QMetaObject* meta = sender->metaObject();
@@ -72,7 +75,11 @@ bool endsInside(QObject* object, const QString& signal, const std::function<void
 {
     const QPointer<QObject> doomed(object);
     SignalLog log(object, {signal.section('(', 0, 0)});
-    log.onSignal([&doomed](const QString&) { delete doomed.data(); });
+    bool isOver = false; // an object may have more to say while it ends
+    log.onSignal([&](const QString&) {
+        if (!std::exchange(isOver, true))
+            delete doomed.data();
+    });
     gesture();
     return doomed.isNull() && !log.takeLines().isEmpty();
 }
