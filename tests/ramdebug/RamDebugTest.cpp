@@ -426,6 +426,7 @@ private Q_SLOTS:
         };
         for (int height : {-1, QWIDGETSIZE_MAX + 1}) // warns of nothing
             panel.setMaximumDrawerHeight(height);
+        QCOMPARE(items("cmbMeasureMode"), QString("Torque=0"));
         panel.setVelocityUnit("[pps]");
         QCOMPARE(items("cmbTargetMode"), QString("Torque=0 Velocity=1 Position=2"));
         for (bool allow : {false, false, true, true}) {
@@ -474,6 +475,7 @@ private Q_SLOTS:
             const int before = host.box("sbDuration")->value();
             host.panel->updateValues();
             QCOMPARE(host.box("sbDuration")->value(), isGood ? size : before);
+            QCOMPARE(host.box("sbMeasureDelay")->value(), isGood ? 1 : 2);
             const QImage image = host.panel->grab().toImage();
             const QPoint corner = host.button("btnStart")->pos();
             bool hasSign = false;

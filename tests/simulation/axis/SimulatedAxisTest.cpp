@@ -161,6 +161,8 @@ private Q_SLOTS:
                 QVERIFY(near(axis.read(quint8(N::PhaseCurrentA + i)), phase, 1));
             }
             QVERIFY(near(axis.read(N::RawEncoder), axis.turns() * 4096, 1));
+            const double sector = (std::floor(axis.turns() * 6) + 0.5) / 6;
+            QVERIFY(near(axis.read(N::HallAngle), (sector - (sector > 0.5)) * 65536, 1));
         }
         QCOMPARE(states, (QVector<int>{1, 3, 2, 6, 4, 5}));
     }
@@ -178,6 +180,22 @@ private Q_SLOTS:
         axis.moveTo(-last + 9000);              // goes on, not all the way back
         QVERIFY(timeToTarget(axis) > 0);
         QVERIFY(near(axis.turns(), 11, 0.01));
+    }
+
+    void brakeChopper()
+    {
+        SimulatedAxis axis;
+        const std::tuple<quint8, int, int> rows[] = {
+            {N::BrakeVoltageLimit, 230, 240},
+            {N::BrakeEnabled, 1, 230},
+            {N::BrakeVoltageLimit, 244, 240}, // within the hysteresis
+            {N::BrakeVoltageLimit, 246, 240},
+            {N::BrakeVoltageLimit, 241, 240}};
+        for (const auto& [number, value, voltage] : rows) {
+            change(axis, number, value, 0.01);
+            QCOMPARE(axis.read(N::SupplyVoltage), voltage);
+            QCOMPARE(axis.read(N::BrakeActive), int(number == N::BrakeEnabled || value == 244));
+        }
     }
 
     void nullChannel()
