@@ -426,6 +426,7 @@ private Q_SLOTS:
         };
         for (int height : {-1, QWIDGETSIZE_MAX + 1}) // warns of nothing
             panel.setMaximumDrawerHeight(height);
+        QCOMPARE(items("cmbMeasureMode"), QString("Torque=0"));
         panel.setVelocityUnit("[pps]");
         QCOMPARE(items("cmbTargetMode"), QString("Torque=0 Velocity=1 Position=2"));
         for (bool allow : {false, false, true, true}) {
@@ -474,6 +475,7 @@ private Q_SLOTS:
             const int before = host.box("sbDuration")->value();
             host.panel->updateValues();
             QCOMPARE(host.box("sbDuration")->value(), isGood ? size : before);
+            QCOMPARE(host.box("sbMeasureDelay")->value(), isGood ? 1 : 2);
             const QImage image = host.panel->grab().toImage();
             const QPoint corner = host.button("btnStart")->pos();
             bool hasSign = false;
@@ -481,6 +483,10 @@ private Q_SLOTS:
                 hasSign |= image.pixelColor(corner.x() + i % 30, i / 30) == QColor(0xff, 0x99, 0);
             QCOMPARE(hasSign, !isGood);
         }
+        Chart* chart = host.drawer()->getCharts()->first();
+        for (int i : {1, 2})
+            chart->addValue(i);
+        QCOMPARE(chart->getValues(), QList<double>{2}); // one buffer fills it
     }
 
     void savedFile()

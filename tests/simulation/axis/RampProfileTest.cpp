@@ -10,24 +10,6 @@ class RampProfileTest : public TestCase
 {
     Q_OBJECT
 private Q_SLOTS:
-    // Maximum velocity 10, acceleration 5: the full ramp takes 2 s and 10 units.
-    void position()
-    {
-        const struct {
-            double velocity, distance, duration;
-        } cases[] = {{0, 100, 100 / 10.0 + 10 / 5.0}, // trapezoid
-                     {0, 20, 4},                      // just a triangle
-                     {0, 5, 2 * std::sqrt(5 / 5.0)},
-                     {10, -10, 2 + 4}, // to rest within 10 units, then 20 back as a triangle
-                     {-10, 10, 2 + 4},
-                     {10, 60, 5 + 2},
-                     {20, 100, 2 + 6 + 2}}; // 30 units from 20 to 10, 60 of cruise, 10 to rest
-        for (const auto& c : cases) {
-            const auto profile = RampProfile::toPosition({-3, c.velocity}, c.distance - 3, 10, 5);
-            QCOMPARE(profile.duration(), c.duration);
-        }
-    }
-
     // Whatever the start: continuous, within both limits, and at rest on the target.
     void anyStart()
     {

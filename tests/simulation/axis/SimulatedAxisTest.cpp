@@ -113,6 +113,24 @@ private Q_SLOTS:
         QVERIFY(near(axis.current(), 250, 0.01)); // holds the load
     }
 
+    void friction()
+    {
+        MotorData data;
+        data.viscousFriction = 0;
+        SimulatedAxis axis;
+        axis.setMotorData(data);
+        change(axis, N::TargetCurrent, 45); // 0.0018 Nm of the 0.002 that hold the shaft
+        QCOMPARE(axis.turns(), 0.0);
+        change(axis, N::TargetCurrent, 100);
+        QVERIFY(near(axis.velocity(), 0.002 / 5e-5 / Turn * 60 * 0.1, 0.01));
+        data.viscousFriction = 1e-3;
+        axis.setMotorData(data);
+        run(axis, 1);
+        QVERIFY(near(axis.velocity(), 0.002 / 1e-3 / Turn * 60, 0.01));
+        change(axis, N::TargetCurrent, 0, 1);
+        QCOMPARE(axis.velocity(), 0.0);
+    }
+
     void temperatureAndThermalLoad()
     {
         SimulatedAxis axis;
@@ -138,9 +156,13 @@ private Q_SLOTS:
             axis.step();
             if (states.isEmpty() || states.last() != axis.read(N::HallState))
                 states << axis.read(N::HallState);
-            const double phaseB = axis.current() * std::cos(Turn * (axis.turns() - 1 / 3.0));
-            QVERIFY(near(axis.read(N::PhaseCurrentB), phaseB, 1));
+            for (int i = 0; i < 3; ++i) {
+                const double phase = axis.current() * std::cos(Turn * (axis.turns() - i / 3.0));
+                QVERIFY(near(axis.read(quint8(N::PhaseCurrentA + i)), phase, 1));
+            }
             QVERIFY(near(axis.read(N::RawEncoder), axis.turns() * 4096, 1));
+            const double sector = (std::floor(axis.turns() * 6) + 0.5) / 6;
+            QVERIFY(near(axis.read(N::HallAngle), (sector - (sector > 0.5)) * 65536, 1));
         }
         QCOMPARE(states, (QVector<int>{1, 3, 2, 6, 4, 5}));
     }
@@ -158,6 +180,33 @@ private Q_SLOTS:
         axis.moveTo(-last + 9000);              // goes on, not all the way back
         QVERIFY(timeToTarget(axis) > 0);
         QVERIFY(near(axis.turns(), 11, 0.01));
+    }
+
+    void brakeChopper()
+    {
+        SimulatedAxis axis;
+        const std::tuple<quint8, int, int> rows[] = {
+            {N::BrakeVoltageLimit, 230, 240},
+            {N::BrakeEnabled, 1, 230},
+            {N::BrakeVoltageLimit, 244, 240}, // within the hysteresis
+            {N::BrakeVoltageLimit, 246, 240},
+            {N::BrakeVoltageLimit, 241, 240}};
+        for (const auto& [number, value, voltage] : rows) {
+            change(axis, number, value, 0.01);
+            QCOMPARE(axis.read(N::SupplyVoltage), voltage);
+            QCOMPARE(axis.read(N::BrakeActive), int(number == N::BrakeEnabled || value == 244));
+        }
+    }
+
+    void nullChannel()
+    {
+        SimulatedAxis axis = frictionless({{N::ClearOnce, 1}, {N::TargetVelocity, 600}});
+        for (double cleared : {1.0, 1.0, 5.0}) { // the third time at each turn
+            run(axis, 0.2);
+            QVERIFY(near(axis.read(N::ActualPosition), (axis.turns() - cleared) * 4096, 1));
+            if (axis.turns() > 2)
+                axis.write(N::ClearOnNull, 1);
+        }
     }
 
     void limitSwitches()

@@ -72,6 +72,7 @@ private Q_SLOTS:
             }
         }
         QCOMPARE(module.axis(0).mode(), SimulatedAxis::Mode::Velocity); // it was all for axis 1
+        QCOMPARE(module.axis(0).read(255), 0);
     }
 
     void failures()
@@ -99,6 +100,7 @@ private Q_SLOTS:
         const QVector<int> before = module.readings();
         for (const auto& [status, asked] : cases) {
             const Command reply = module.execute(asked);
+            QVERIFY(reply.isValid());
             QCOMPARE(line(reply), line(asked));
             QVERIFY2(u8(reply.getStatus()) == quint8(status), qPrintable(line(asked)));
         }
@@ -114,6 +116,7 @@ private Q_SLOTS:
         QCOMPARE(module.ask(I::ROL, 0, 1, 600), QString("100 600"));
         module.advance(1000);
         QCOMPARE(axis.velocity(), -600.0);
+        QVERIFY(!(axis.read(N::StatusFlags) & StatusFlag::MotorHalted));
         QCOMPARE(module.axis(0).turns(), 0.0);
         QCOMPARE(module.ask(I::MST, 0, 1), QString("100 0"));
         module.advance(1000);
@@ -122,7 +125,8 @@ private Q_SLOTS:
         QCOMPARE(module.ask(I::MVP, 1, 1, -4096), text(S::Ok, target));
         module.advance(3000);
         QCOMPARE(axis.read(N::ActualPosition), target);
-        QVERIFY(axis.read(N::StatusFlags) & StatusFlag::PositionEnd);
+        for (int flag : {StatusFlag::PositionEnd, StatusFlag::MotorHalted})
+            QVERIFY(axis.read(N::StatusFlags) & flag);
     }
 
     void statusFlagsFollowLimits()
@@ -156,10 +160,15 @@ private Q_SLOTS:
         module.ask(I::STGP, 55, 2);
         module.ask(I::SGP, 55, 2, 8);
         QCOMPARE(module.ask(I::RSGP, 55, 2), QString("100 -7"));
-        module.ask(I::SIO, 3, 2, 1);
-        QCOMPARE(module.ask(I::GIO, 3, 2), QString("100 1"));
+        QCOMPARE(module.ask(I::GGP, 10, 0), QString("100 9600"));
+        for (int value : {1, 0, 1}) {
+            module.ask(I::SIO, 3, 2, value);
+            QCOMPARE(module.ask(I::GIO, 3, 2), text(S::Ok, value));
+        }
+        module.ask(I::SAP, N::TargetCurrent, 0, 700);
 
         module.reset();
+        QCOMPARE(module.ask(I::GAP, N::TargetCurrent, 0), QString("100 0"));
         QCOMPARE(module.ask(I::GAP, N::PowerOnVelocity, 0), QString("100 300"));
         QCOMPARE(module.ask(I::GAP, N::PowerOnVelocity, 1), QString("100 0"));
         QCOMPARE(module.ask(I::GAP, N::ActualPosition, 0), QString("100 0"));
