@@ -40,6 +40,7 @@ public:
                     m_sent << QString("%1 was %2").arg(value).arg(last);
                 });
     }
+    using SpinBox::initStyleOption;
     using SpinBox::lineEdit;
 
     QString takeSent() { return std::exchange(m_sent, {}).join(", "); }
@@ -562,6 +563,17 @@ private Q_SLOTS:
         box.setReadOnly(true);
         User::drag(&box, {10, below}, {60, below});
         QCOMPARE(box.value(), 40.0);
+    }
+
+    void arrowsStep()
+    {
+        Box box;
+        QStyleOptionSpinBox option;
+        box.initStyleOption(&option);
+        const QRect up =
+            box.style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxUp, &box);
+        QTest::mouseClick(&box, Qt::LeftButton, {}, up.center());
+        QCOMPARE(box.seen(), QString("[1] gold"));
     }
 
     void hoverAndFocusAreForwarded()
