@@ -2,6 +2,7 @@
 #define MODULEPROFILE_H
 
 #include "Command.h"
+#include "ParameterCatalogue.h"
 
 #include <QtGlobal>
 
@@ -11,6 +12,7 @@
 struct ModuleProfile {
     char address = 1; ///< As it is delivered, an unsigned byte.
     int axes = 1;
+    std::vector<ParameterInfo> axisParameters; ///< Of each axis, by number.
     int digitalInputs = 0;
     int analogInputs = 0;
     /// The axis parameter that is read to hear whether the module answers.

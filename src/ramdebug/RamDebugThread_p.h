@@ -12,7 +12,7 @@
 
 /// What a thread shares with the panel that owns it, beyond its interface. The panel may be
 /// destroyed while a request is with its host; this then lives on with the thread.
-struct RamDebugThread::Shared {
+struct AXRGUI_EXPORT RamDebugThread::Shared {
     explicit Shared(SimpleScaledDrawer* samplesGoTo) : drawer(samplesGoTo) {}
 
     /// How long the axis settles at the start target. Tests shorten it.

@@ -15,6 +15,8 @@ QString text(int type, const void* value)
     const QByteArray name = QMetaType::typeName(type);
     if (type == QMetaType::Char)
         return QString::number(quint8(*static_cast<const char*>(value)));
+    if (name == "Command")
+        return line(*static_cast<const Command*>(value));
     if (name == "Command*")
         return line(**static_cast<Command* const*>(value));
     if (name == "TraceCommand*") {
@@ -29,6 +31,7 @@ QString text(int type, const void* value)
 SignalLog::SignalLog(QObject* sender, const QStringList& names)
 {
     // A pointer that is not registered would come without its type.
+    qRegisterMetaType<Command>("Command");
     qRegisterMetaType<Command*>("Command*");
     qRegisterMetaType<TraceCommand*>("TraceCommand*");
     const QMetaObject* meta = sender->metaObject();

@@ -1,42 +1,33 @@
 #include "CapturePage.h"
-#include "CommandText.h"
-#include "Connection.h"
 #include "Global.h"
-#include "Instruction.h"
-#include "ParameterCatalogue.h"
+#include "OpenBench.h"
+#include "RamDebugThread_p.h"
 #include "RampPage.h"
 #include "TestCase.h"
-#include "User.h"
-#include "VelocityControl.h"
 #include "WRamDebug.h"
-#include "Workbench.h"
 
 #include <QComboBox>
 #include <QPushButton>
 #include <QSpinBox>
 
-namespace Number = AxisParameterNumber;
-
 namespace
 {
 
-/// The connected workbench, with everything that leaves for the module.
-struct Bench : Workbench {
-    QStringList sent;
+/// The connected workbench, with all that leaves for the module.
+struct Bench : OpenBench {
+    QStringList asked;
 
-    explicit Bench(const QStringList& arguments = {})
-        : Workbench(WorkbenchOptions::parse(
-              QStringList{"axrworkbench", "--photo", "x", "--connect"} + arguments, pageNames()))
+    Bench() : OpenBench("motion")
     {
-        QObject::connect(&link(), &ModuleLink::sent, this,
-                         [this](const Command& request) { sent << requestText(request); });
-        show();
-        advance(500);
+        connect(&link(), &ModuleLink::sent, this,
+                [this](const Command& request) { asked << requestText(request); });
+        open(500);
     }
-
-    void command(Instruction instruction, int type, int value, int axis = 0)
+    void setDelay(int delay)
     {
-        link().command(Command(1, toByte(instruction), toByte(type), toByte(axis), value));
+        Simulated::Weather weather;
+        weather.minimumDelay = weather.maximumDelay = delay;
+        wire().setWeather(weather);
     }
     bool waitFor(const std::function<bool()>& condition)
     {
@@ -47,221 +38,199 @@ struct Bench : Workbench {
         }
         return condition();
     }
-    bool hasSent(const QString& start) const
+    bool waitForRequest(const QString& start)
     {
-        return std::any_of(sent.begin(), sent.end(),
-                           [&start](const QString& each) { return each.startsWith(start); });
+        return waitFor([&] {
+            return std::any_of(asked.begin(), asked.end(), [&start](const QString& each) {
+                return each.startsWith(start + ' ');
+            });
+        });
     }
-    QWidget* capturePage() { return findChild<CapturePage*>(); }
-    /// In the mode of velocities, from 0 to 1000 rpm or from 1000 to 1000.
-    void startCapture(int from, int trigger, int threshold)
+    bool waitForRuns()
     {
+        return waitFor([] { return Global::instance()->registeredThreads().isEmpty(); });
+    }
+    /// In the mode of velocities, from 0 to 1000 rpm or from 1000 to 1000, where it settles.
+    void startCapture(int from, int trigger, int threshold, int settleTime)
+    {
+        RamDebugThread::Shared::settleTime = settleTime;
         showPage("capture");
-        User::find<QComboBox>(capturePage(), "cmbTargetMode")->setCurrentIndex(1);
-        User::find<QSpinBox>(capturePage(), "sbFromTarget")->setValue(from);
-        User::find<QComboBox>(capturePage(), "cmbTriggerType")->setCurrentIndex(trigger);
-        User::find<QSpinBox>(capturePage(), "sbTriggerValue")->setValue(threshold);
-        sent.clear();
-        User::click(User::find<QPushButton>(capturePage(), "btnStart"));
+        find<QComboBox>("capture", "cmbTargetMode")->setCurrentIndex(1);
+        find<QSpinBox>("capture", "sbFromTarget")->setValue(from);
+        find<QComboBox>("capture", "cmbTriggerType")->setCurrentIndex(trigger);
+        find<QSpinBox>("capture", "sbTriggerValue")->setValue(threshold);
+        asked.clear();
+        User::click(find<QPushButton>("capture", "btnStart"));
+    }
+    /// Stops inside the handler of the request that is about to turn the axis.
+    void stopInside()
+    {
+        auto* context = new QObject(this);
+        connect(&link(), &ModuleLink::sent, context, [this, context](const Command& request) {
+            if (!requestText(request).startsWith("SAP 2 = 1000"))
+                return;
+            context->disconnect();
+            context->deleteLater();
+            asked.clear();
+            stopAxes();
+        });
     }
     QString driven() const
     {
         static const QRegularExpression motion("^(ROR|ROL|MVP|SAP [02] |SAP 155 )");
-        return sent.filter(motion).join(", ");
+        return asked.filter(motion).join(", ");
+    }
+    /// Does the steps one after the other: what a user does, or an instruction with its type, axis
+    /// and value.
+    void play(const QString& steps)
+    {
+        for (const QString& step : steps.split(", ")) {
+            const QStringList word = step.split(' ');
+            const auto number = [&word](int index) { return word.value(index).toInt(); };
+            const auto button = [&] { return find<QPushButton>(word.at(1), word.at(2)); };
+            const QString& verb = word.first();
+            if (verb == "wait")
+                advance(number(1));
+            else if (verb == "delay")
+                setDelay(number(1));
+            else if (verb == "show")
+                showPage(word.at(1));
+            else if (verb == "press")
+                User::press(button());
+            else if (verb == "click")
+                User::click(button());
+            else if (verb == "capture")
+                startCapture(number(1), number(2), number(3), number(4));
+            else if (verb == "until")
+                QVERIFY(waitForRequest(step.section(' ', 1)));
+            else if (verb == "rampIs")
+                QCOMPARE(int(findChild<RampPage*>()->move().state()), number(1));
+            else if (verb == "stopInside")
+                stopInside();
+            else if (verb == "standsStill")
+                QVERIFY(waitForRuns() && driven().isEmpty());
+            else if (verb == "STOP")
+                stopAxes();
+            else if (verb == "events")
+                QCoreApplication::processEvents();
+            else if (verb == "deletePanel")
+                delete findChild<WRamDebug*>();
+            else if (verb == "close")
+                close();
+            else
+                link().command(
+                    Command(1, toByte(number(0)), toByte(number(1)), toByte(number(2)), number(3)));
+        }
     }
 };
 
-enum Trigger { Always, VelocityLower = 3, VelocityHigher = 4 };
+using Row = const char* const[2];
 
-struct State {
-    const char* name;
-    std::function<void(Bench&)> begin;
-};
-
-const State states[] = {
-    {"both axes turn",
-     [](Bench& bench) {
-         bench.command(Instruction::ROR, 0, 2000);
-         bench.command(Instruction::ROL, 0, 2000, 1);
-         bench.advance(1000);
-     }},
-    {"a jog is held",
-     [](Bench& bench) {
-         bench.showPage("motion");
-         auto* panel = User::find<VelocityControl>(&bench, "VelocityControl0");
-         User::find<QSpinBox>(panel, "sbTargetVelocity")->setValue(2000);
-         User::press(User::find<QPushButton>(panel, "btnJogLeft"));
-         bench.advance(1000);
-     }},
-    {"a move is on its way", [](Bench& bench) { bench.command(Instruction::MVP, 1, 1000000); }},
-    {"driven by current",
-     [](Bench& bench) { bench.command(Instruction::SAP, Number::TargetCurrent, 500); }},
-    {"commands wait",
-     [](Bench& bench) {
-         Simulated::Weather slow;
-         slow.minimumDelay = slow.maximumDelay = 80;
-         bench.simulator().link.setWeather(slow);
-         bench.command(Instruction::ROR, 0, 2000);
-         bench.advance(5);
-         bench.command(Instruction::ROL, 0, 2000, 1);
-         bench.command(Instruction::MVP, 1, 1000000);
-     }},
+Row states[] = {
+    {"both axes turn", "1 0 0 2000, 2 0 1 2000, wait 1000"},
+    {"a jog is held", "show motion, press VelocityControl0 btnJogLeft, wait 1000"},
+    {"a move is on its way", "4 1 0 1000000"},
+    {"driven by current", "5 155 0 500"},
+    {"commands wait", "delay 80, 1 0 0 2000, wait 5, 2 0 1 2000, 4 1 0 1000000"},
     {"a move asks whether it may",
-     [](Bench& bench) {
-         bench.showPage("ramp");
-         bench.advance(500);
-         Simulated::Weather slow;
-         slow.minimumDelay = slow.maximumDelay = 20;
-         bench.simulator().link.setWeather(slow);
-         User::click(User::find<QPushButton>(&bench, "btnRampMove"));
-         bench.advance(30);
-         QCOMPARE(bench.findChild<RampPage*>()->move().state(), RampMove::State::Preparing);
-     }},
-    {"a ramp is turned",
-     [](Bench& bench) {
-         bench.showPage("ramp");
-         bench.advance(500);
-         User::click(User::find<QPushButton>(&bench, "btnRampMove"));
-         bench.advance(500);
-         QCOMPARE(bench.findChild<RampPage*>()->move().state(), RampMove::State::Moving);
-     }},
+     "show ramp, wait 500, delay 20, click ramp btnRampMove, wait 30, rampIs 1"},
+    {"a ramp is turned", "show ramp, wait 500, click ramp btnRampMove, wait 500, rampIs 2"},
 };
 
-const State captures[] = {
-    {"has just begun", [](Bench& bench) { bench.startCapture(0, Always, 0); }},
-    {"rests at its start target",
-     [](Bench& bench) {
-         bench.startCapture(1000, VelocityHigher, 3000);
-         QVERIFY(bench.waitFor([&] { return bench.hasSent("SAP 2 "); }));
-     }},
-    {"waits for a trigger that does not come",
-     [](Bench& bench) {
-         bench.startCapture(0, VelocityHigher, 3000);
-         QVERIFY(bench.waitFor([&] { return bench.hasSent("RD 6"); }));
-     }},
-    {"waits for the axis to brake",
-     [](Bench& bench) {
-         bench.startCapture(1000, VelocityLower, 500);
-         QVERIFY(bench.waitFor([&] { return bench.hasSent("RD 6"); }));
-     }},
-    {"fetches and drives back",
-     [](Bench& bench) {
-         bench.startCapture(0, Always, 0);
-         QVERIFY(bench.waitFor([&] { return bench.hasSent("RD 3"); }));
-     }},
-    {"is asking",
-     [](Bench& bench) { // the stop comes inside the handler of one of its requests
-         auto* context = new QObject(&bench);
-         QObject::connect(&bench.link(), &ModuleLink::sent, context,
-                          [&bench, context](const Command& request) {
-                              if (!requestText(request).startsWith("SAP 2 = 1000"))
-                                  return;
-                              context->disconnect();
-                              context->deleteLater();
-                              bench.stopAxes();
-                          });
-         bench.startCapture(0, VelocityHigher, 3000);
-         QVERIFY(bench.waitFor([&] { return bench.hasSent("MST"); }));
-     }},
+// From, trigger (0 always, 3 velocity lower, 4 velocity higher), threshold, time to settle.
+Row captures[] = {
+    {"has just begun", "capture 0 0 0 20"},
+    {"rests at its start target", "capture 1000 4 3000 20000, until SAP 2"},
+    {"waits for a trigger that does not come", "capture 0 4 3000 20, until RD 6"},
+    {"waits for the axis to brake", "capture 1000 3 500 20, until RD 6"},
+    {"fetches and drives back", "capture 0 0 0 20, until RD 3"},
+    {"is asking", "stopInside, capture 0 4 3000 20, until MST, standsStill"},
 };
 
-struct Stop {
-    const char* name;
-    std::function<void(Bench&)> press;
-};
-
-const Stop stops[] = {
-    {"STOP", [](Bench& bench) { bench.stopAxes(); }},
-    {"the page's Stop",
-     [](Bench& bench) { User::click(User::find<QPushButton>(bench.capturePage(), "btnStop")); }},
-    {"the page's Stop, then STOP",
-     [](Bench& bench) {
-         User::click(User::find<QPushButton>(bench.capturePage(), "btnStop"));
-         QCoreApplication::processEvents();
-         bench.stopAxes();
-     }},
-    {"the panel's end", [](Bench& bench) { delete bench.findChild<WRamDebug*>(); }},
-    {"disconnecting",
-     [](Bench& bench) {
-         User::click(User::find<QPushButton>(bench.findChild<Connection*>(), "btnDisconnect"));
-         bench.advance(100);
-         User::click(User::find<QPushButton>(bench.findChild<Connection*>(), "btnConnect"));
-     }},
-    {"closing", [](Bench& bench) { bench.close(); }},
+Row stops[] = {
+    {"STOP", "STOP"},
+    {"the page's Stop", "click capture btnStop"},
+    {"the page's Stop, then STOP", "click capture btnStop, events, STOP"},
+    {"disconnecting", "click Connection btnDisconnect, wait 100, click Connection btnConnect"},
+    {"closing", "close"},
+    {"the panel's end", "deletePanel"},
 };
 
 } // namespace
-
-Q_DECLARE_METATYPE(State)
-Q_DECLARE_METATYPE(Stop)
 
 /// From any state, after a stop every axis comes to rest within its ramp, and stays there.
 class StopTest : public TestCase
 {
     Q_OBJECT
 private:
-    void expectStanding(Bench& bench)
+    /// One for all, as long as it is left as it was found.
+    Bench& bench()
     {
-        QVERIFY(bench.waitFor([] { return Global::instance()->registeredThreads().isEmpty(); }));
-        bench.advance(2000);
-        for (int i = 0; i < 100; ++i) {
-            QCoreApplication::processEvents();
-            bench.advance(50);
-            for (int axis = 0; axis < SimulatedModule::Axes; ++axis)
-                QVERIFY2(bench.simulator().module.axis(axis).velocity() == 0,
-                         qPrintable(bench.sent.join(", ")));
-        }
+        if (!m_bench)
+            m_bench = std::make_unique<Bench>();
+        m_bench->setDelay(1);
+        return *m_bench;
     }
+    std::unique_ptr<Bench> m_bench;
 
 private Q_SLOTS:
+    void cleanupTestCase() { m_bench.reset(); }
+
     void nothingMovesAfterAStop_data()
     {
-        QTest::addColumn<State>("state");
-        QTest::addColumn<Stop>("stop");
-        for (const State& state : states)
-            QTest::newRow(state.name) << state << stops[0];
-        for (const State& capture : captures) {
+        QTest::addColumn<QString>("state");
+        QTest::addColumn<QString>("stop");
+        for (const auto& state : states)
+            QTest::newRow(state[0]) << state[1] << stops[0][1];
+        for (const auto& capture : captures) {
             for (int stop : {0, 1})
-                QTest::addRow("a capture %s, %s", capture.name, stops[stop].name)
-                    << capture << stops[stop];
+                QTest::addRow("a capture %s, %s", capture[0], stops[stop][0])
+                    << capture[1] << stops[stop][1];
         }
         for (std::size_t stop = 2; stop < std::size(stops); ++stop)
-            QTest::addRow("a capture that drives, %s", stops[stop].name)
-                << captures[3] << stops[stop];
+            QTest::addRow("a capture that drives, %s", stops[stop][0])
+                << captures[3][1] << stops[stop][1];
     }
     void nothingMovesAfterAStop()
     {
-        QFETCH(State, state);
-        QFETCH(Stop, stop);
-        Bench bench;
-        state.begin(bench);
+        QFETCH(QString, state);
+        QFETCH(QString, stop);
+        const bool drivesBack = stop == "deletePanel"; // before it stops
+        const auto last = qScopeGuard([this, drivesBack] {
+            if (drivesBack || QTest::currentTestFailed() || m_bench->isHidden())
+                m_bench.reset();
+        });
+        bench().play(state);
         if (QTest::currentTestFailed())
             return;
-        bench.sent.clear();
-        stop.press(bench);
-        const bool isOfTheRun = stop.name == QByteArray("the panel's end"); // it drives back first
-        expectStanding(bench);
-        if (isOfTheRun)
-            QVERIFY(bench.hasSent("MST"));
+        m_bench->asked.clear();
+        m_bench->play(stop);
+        QVERIFY(m_bench->waitForRuns());
+        m_bench->advance(2000);
+        for (int i = 0; i < 100; ++i) {
+            QCoreApplication::processEvents();
+            m_bench->advance(50);
+            QCOMPARE(qAbs(m_bench->axis(0).velocity()) + qAbs(m_bench->axis(1).velocity()), 0.0);
+        }
+        if (drivesBack)
+            QVERIFY(m_bench->waitForRequest("MST"));
         else
-            QCOMPARE(bench.driven(), QString());
+            QCOMPARE(m_bench->driven(), QString());
     }
 
     void aReleaseAfterTheStopIsNoClick()
     {
-        Bench bench;
-        bench.showPage("motion");
-        auto* panel = User::find<VelocityControl>(&bench, "VelocityControl0");
+        bench().showPage("motion");
         for (const char* name : {"btnRight", "btnJogLeft"}) {
-            auto* button = User::find<QPushButton>(panel, name);
+            auto* button = bench().find<QPushButton>("VelocityControl0", name);
             User::press(button);
-            bench.advance(100);
-            QTest::keyClick(&bench, Qt::Key_F12);
-            bench.advance(100);
-            bench.sent.clear();
+            bench().advance(100);
+            QTest::keyClick(&bench(), Qt::Key_F12);
+            bench().advance(100);
+            bench().asked.clear();
             User::release(button);
-            bench.advance(100);
-            QCOMPARE(bench.driven(), QString());
+            bench().advance(100);
+            QCOMPARE(bench().driven(), QString());
             QVERIFY(!button->isDown());
         }
     }
@@ -269,24 +238,12 @@ private Q_SLOTS:
     /// The next capture works as ever.
     void aCaptureAfterAStop()
     {
-        Bench bench;
-        bench.startCapture(0, VelocityHigher, 3000);
-        QVERIFY(bench.waitFor([&] { return bench.hasSent("RD 6"); }));
-        bench.stopAxes();
-        auto* start = User::find<QPushButton>(bench.capturePage(), "btnStart");
-        QVERIFY(bench.waitFor([&] { return start->isEnabled(); }));
-        bench.startCapture(0, Always, 0);
-        auto* page = bench.findChild<CapturePage*>();
-        QVERIFY(bench.waitFor([&] { return start->isEnabled(); }));
-        QCOMPARE(page->fetched(), SimulatedRecorder::BufferSize);
-    }
-
-    void everyStopIsTold()
-    {
-        Bench bench;
-        bench.sent.clear();
-        bench.stopAxes();
-        QCOMPARE(bench.sent, QStringList({"MST 0 = 0, axis 0", "MST 0 = 0, axis 1"}));
+        const auto* start = bench().find<QPushButton>("capture", "btnStart");
+        for (const char* steps : {"capture 0 4 3000 20, until RD 6, STOP", "capture 0 0 0 20"}) {
+            bench().play(steps);
+            QVERIFY(bench().waitFor([start] { return start->isEnabled(); }));
+        }
+        QCOMPARE(bench().findChild<CapturePage*>()->fetched(), SimulatedRecorder::BufferSize);
     }
 };
 

@@ -17,6 +17,7 @@ ModuleProfile SimulatedWire::profile()
     ModuleProfile profile;
     profile.address = SimulatedModule().address();
     profile.axes = SimulatedModule::Axes;
+    profile.axisParameters.assign(AxisParameters.begin(), AxisParameters.end());
     profile.digitalInputs = SimulatedModule::DigitalInputs;
     profile.analogInputs = SimulatedModule::AnalogInputs;
     profile.keepAlive = AxisParameterNumber::ActualVelocity;

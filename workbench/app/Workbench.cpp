@@ -158,7 +158,7 @@ void Workbench::makePages()
 
 PageContext Workbench::context()
 {
-    return {m_link, &m_simulator, [this] { return m_clock.now(); }};
+    return {m_link, m_journal, &m_simulator, [this] { return m_clock.now(); }};
 }
 
 /// The page that opens links; the connection page, for there is one.

@@ -3,6 +3,7 @@
 
 #include "Every.h"
 #include "HostClock.h"
+#include "Journal.h"
 #include "ModuleLink.h"
 #include "PageContext.h"
 #include "SimulatedWire.h"
@@ -90,6 +91,7 @@ private:
     SimulatedWire m_wire;
     const Simulator m_simulator;
     ModuleLink m_link;
+    const Journal m_journal{m_link};
     QString m_linkName;
     QList<Page*> m_pages;
 

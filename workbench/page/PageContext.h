@@ -5,12 +5,14 @@
 
 #include <functional>
 
+class Journal;
 class ModuleLink;
 struct Simulator;
 
 /// What a page is made with. All of it outlives the page.
 struct PageContext {
     ModuleLink& link;
+    const Journal& journal;
     const Simulator* simulator = nullptr; ///< Null when the module is a real one.
     std::function<qint64()> clock;        ///< The host's time, in ms since the epoch.
 };

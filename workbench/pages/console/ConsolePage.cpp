@@ -1,9 +1,7 @@
 #include "ConsolePage.h"
 
 #include "Command.h"
-#include "CommandText.h"
-#include "Instruction.h"
-#include "ModuleLink.h"
+#include "Journal.h"
 #include "WDirectMode.h"
 
 #include <QCheckBox>
@@ -42,8 +40,10 @@ ConsolePage::ConsolePage(const PageContext& context)
     layout->addLayout(tools);
     layout->addWidget(m_log, 1);
 
-    connect(&context.link, &ModuleLink::answered, this, &ConsolePage::logAnswer);
-    connect(&context.link, &ModuleLink::gaveUp, this, &ConsolePage::logFailure);
+    connect(&context.journal, &Journal::added, this, [this](const Journal::Entry& entry) {
+        if (!entry.isRoutine() || m_showReads->isChecked())
+            m_log->appendPlainText(entry.text());
+    });
     connect(clear, &QPushButton::clicked, m_log, &QPlainTextEdit::clear);
     connect(m_console, &WDirectMode::doRequest, this,
             [this](char address, char instruction, char type, char motorBank, int value) {
@@ -58,16 +58,3 @@ void ConsolePage::take(const Command& reply)
     m_console->requestedCommand(reply.getAddress(), reply.getCommand(), reply.getType(),
                                 reply.getMotorBank(), reply.getStatus(), reply.getValue());
 }
-
-void ConsolePage::logAnswer(const Command& request, const Command& reply)
-{
-    if (!isRead(request) || m_showReads->isChecked() || u8(reply.getStatus()) != StatusOk)
-        addLine(requestText(request) + QStringLiteral("   ->   ") + replyText(reply));
-}
-
-void ConsolePage::logFailure(const Command& request, const QString& reason)
-{
-    addLine(requestText(request) + QStringLiteral("   ->   ") + reason);
-}
-
-void ConsolePage::addLine(const QString& line) { m_log->appendPlainText(line); }

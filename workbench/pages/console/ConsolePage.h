@@ -19,10 +19,6 @@ public:
     void tour(TourGuide& guide) override;
 
 private:
-    void logAnswer(const Command& request, const Command& reply);
-    void logFailure(const Command& request, const QString& reason);
-    void addLine(const QString& line);
-
     WDirectMode* m_console;
     QCheckBox* m_showReads;
     QPlainTextEdit* m_log;

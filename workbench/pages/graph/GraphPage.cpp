@@ -104,7 +104,7 @@ void GraphPage::offerParameters(char address)
         m_offered.emplace_back(address, toByte(instruction), toByte(type), toByte(bank), name);
     };
     for (int axis = 0; axis < m_link.profile().axes; ++axis) {
-        for (const ParameterInfo& parameter : AxisParameters)
+        for (const ParameterInfo& parameter : m_link.profile().axisParameters)
             offer(Instruction::GAP, parameter.number, axis, caption(axis, parameter));
     }
     for (const ParameterInfo& variable : UserVariables)

@@ -84,7 +84,7 @@ void PollingPage::setAddress(char address)
     m_values.clear();
     m_table->setRowCount(0);
     for (int axis = 0; axis < m_link.profile().axes; ++axis) {
-        for (const ParameterInfo& parameter : AxisParameters) {
+        for (const ParameterInfo& parameter : m_link.profile().axisParameters) {
             if (!isPolled(parameter.number))
                 continue;
             const QString name = QString::fromUtf8(parameter.name);
