@@ -123,7 +123,8 @@ private Q_SLOTS:
             moveTo(jog.button, QPoint(6, 5));
             byKey ? QTest::keyRelease(jog.button, Qt::Key_Space) : User::release(jog.button);
             QCOMPARE(takeSent(), QStringList());
-            User::click(jog.button);
+            // A key that the program itself lets go of is no half of a repeat.
+            byKey ? QTest::keyClick(jog.button, Qt::Key_Space) : User::click(jog.button);
             QCOMPARE(takeSent(), (QStringList{"start", "stop"}));
         }
     }
@@ -179,18 +180,6 @@ private Q_SLOTS:
         emit jog->button->pressed(); // by the host, which never releases it
         delete jog;
         QCOMPARE(takeSent(), (QStringList{"start", "stop"}));
-    }
-
-    void aKeyThatIsLetGoCountsAtOnce()
-    {
-        Jog jog(nullptr, &m_sent);
-        jog.button->setFocus();
-        jog.show();
-        for (int i = 0; i < 3; ++i) { // within one and the same millisecond
-            QTest::keyPress(jog.windowHandle(), Qt::Key_Space);
-            QTest::keyRelease(jog.windowHandle(), Qt::Key_Space);
-            QCOMPARE(takeSent(), (QStringList{"start", "stop"}));
-        }
     }
 
     /// Halves of a repeat come from an X server with one and the same time.
