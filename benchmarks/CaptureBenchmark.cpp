@@ -4,6 +4,7 @@
 #include "Chart.h"
 #include "Command.h"
 #include "Instruction.h"
+#include "Recorder.h"
 #include "WRamDebug.h"
 
 #include <QApplication>
@@ -67,16 +68,13 @@ double emptyRoundTrips()
 /// A module that answers at once.
 void answer(Command* request, Command* reply, QElapsedTimer* sinceFirst, int* samples)
 {
-    constexpr char elementsType = 1;
-    constexpr char itemsType = 2;
-    constexpr char sampleType = 3;
     int value = 0;
     if (carries(request->getCommand(), Instruction::RD)) {
-        if (request->getType() == elementsType)
+        if (carries(request->getType(), Recorder::Type::Elements))
             value = Elements;
-        else if (request->getType() == itemsType)
+        else if (carries(request->getType(), Recorder::Type::Items))
             value = Items;
-        else if (request->getType() == sampleType) {
+        else if (carries(request->getType(), Recorder::Type::Sample)) {
             value = request->getValue();
             if ((*samples)++ == 0)
                 sinceFirst->start();

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+namespace Simulated
+{
+
 namespace
 {
 
@@ -82,3 +85,5 @@ double RampProfile::duration() const
         sum += phase.duration;
     return sum;
 }
+
+} // namespace Simulated

@@ -5,6 +5,9 @@
 
 #include <array>
 
+namespace Simulated
+{
+
 /// Where something is and how fast. Any unit of length, the time unit is the second.
 struct MotionState {
     double position = 0;
@@ -42,5 +45,7 @@ private:
     std::array<Phase, 3> m_phases;
     MotionState m_end; // exact, so that rounding leaves nothing over
 };
+
+} // namespace Simulated
 
 #endif

@@ -7,6 +7,7 @@
 #include <limits>
 
 namespace N = AxisParameterNumber;
+using namespace Simulated;
 
 namespace
 {
@@ -32,7 +33,7 @@ int angle(double turns)
 
 } // namespace
 
-SimulatedAxis::SimulatedAxis() : m_parameters(axisParameters()) { reset(); }
+SimulatedAxis::SimulatedAxis() : m_parameters(ParameterMemory::ofAxis()) { reset(); }
 
 void SimulatedAxis::reset()
 {
@@ -49,99 +50,93 @@ void SimulatedAxis::reset()
 int SimulatedAxis::read(quint8 number) const
 {
     const ParameterInfo* info = m_parameters.info(number);
-    return info ? qBound(info->minimum, reading(*info), info->maximum) : 0;
+    return info ? qBound(info->minimum, reading(number), info->maximum) : 0;
 }
 
-int SimulatedAxis::reading(const ParameterInfo& info) const
+int SimulatedAxis::reading(quint8 number) const
 {
-    switch (info.quantity) {
-    case Quantity::TargetPosition:
+    switch (number) {
+    case N::TargetPosition:
         return roundToInt(wrapped(counts(m_targetTurns)));
-    case Quantity::ActualPosition:
+    case N::ActualPosition:
         return roundToInt(position());
-    case Quantity::TargetVelocity:
+    case N::TargetVelocity:
         return m_targetVelocity;
-    case Quantity::TargetCurrent:
+    case N::TargetCurrent:
         return m_targetCurrent;
-    case Quantity::ActualVelocity:
+    case N::ActualVelocity:
         return roundToInt(velocity());
-    case Quantity::RampVelocity:
+    case N::RampVelocity:
         return roundToInt(rampVelocity());
-    case Quantity::RampPosition:
+    case N::RampPosition:
         return roundToInt(wrapped(counts(m_ramp.position)));
-    case Quantity::PositionDeviation:
+    case N::PositionDeviation:
         return roundToInt(counts(m_targetTurns) - counts(turns()));
-    case Quantity::PositionReached:
+    case N::PositionReached:
         return positionReached();
-    case Quantity::OperatingMode:
+    case N::OperatingMode:
         return int(m_mode);
-    case Quantity::ActualCurrent:
+    case N::ActualCurrent:
         return roundToInt(current());
-    case Quantity::PhaseCurrentA:
+    case N::PhaseCurrentA:
         return roundToInt(phaseCurrent(0));
-    case Quantity::PhaseCurrentB:
+    case N::PhaseCurrentB:
         return roundToInt(phaseCurrent(1.0 / 3));
-    case Quantity::PhaseCurrentC:
+    case N::PhaseCurrentC:
         return roundToInt(phaseCurrent(2.0 / 3));
-    case Quantity::SupplyCurrent:
+    case N::SupplyCurrent:
         return roundToInt(m_motor.supplyCurrent() / Milli);
-    case Quantity::SupplyVoltage:
+    case N::SupplyVoltage:
         return roundToInt(supplyVoltage() / Deci);
-    case Quantity::Temperature:
+    case N::Temperature:
         return roundToInt(temperature());
-    case Quantity::StatusFlags:
+    case N::StatusFlags:
         return statusFlags();
-    case Quantity::ThermalLoad:
+    case N::ThermalLoad:
         return roundToInt(m_thermalLoad / Deci);
-    case Quantity::BrakeActive:
+    case N::BrakeActive:
         return m_brakeActive;
-    case Quantity::RawEncoder: {
+    case N::RawEncoder: {
         const double shaft = fraction(setting(N::EncoderDirection) ? -turns() : turns());
         return std::min(toInt(shaft * setting(N::EncoderSteps)), setting(N::EncoderSteps) - 1);
     }
-    case Quantity::EncoderTurns:
+    case N::EncoderTurns:
         return toInt(std::floor(turns()));
-    case Quantity::HallState:
+    case N::HallState:
         return hallState();
-    case Quantity::HallAngle:
+    case N::HallAngle:
         return angle((std::floor(hallTurn() * 6) + 0.5) / 6);
-    case Quantity::ElectricalAngle:
+    case N::ElectricalAngle:
         return angle(electricalTurn());
-    case Quantity::LeftLimitSwitch:
+    case N::LeftLimitSwitch:
         return isClosed(Switch::LeftLimit);
-    case Quantity::RightLimitSwitch:
+    case N::RightLimitSwitch:
         return isClosed(Switch::RightLimit);
-    case Quantity::HomeSwitch:
+    case N::HomeSwitch:
         return isClosed(Switch::Home);
-    case Quantity::LeftHallSwitch:
+    case N::LeftHallSwitch:
         return isClosed(Switch::LeftHall);
-    case Quantity::RightHallSwitch:
+    case N::RightHallSwitch:
         return isClosed(Switch::RightHall);
-    case Quantity::Setting:
-    case Quantity::EncoderSteps:
-    case Quantity::UpTime:
-        break;
+    default:
+        return setting(number);
     }
-    return setting(info.number);
 }
 
 void SimulatedAxis::write(quint8 number, int value)
 {
-    const ParameterInfo* info = m_parameters.info(number);
-    if (!info)
-        return;
-    switch (info->quantity) {
-    case Quantity::TargetPosition:
+    switch (number) {
+    case N::TargetPosition:
         return moveTo(value);
-    case Quantity::ActualPosition:
+    case N::ActualPosition:
         return redefinePosition(value);
-    case Quantity::TargetVelocity:
+    case N::TargetVelocity:
         return rotate(value);
-    case Quantity::TargetCurrent:
+    case N::TargetCurrent:
         m_targetCurrent = value;
         m_mode = Mode::Torque;
         return;
-    case Quantity::EncoderSteps:
+    case N::EncoderSteps:
         return setEncoderSteps(value);
     default:
         return m_parameters.setValue(number, value);

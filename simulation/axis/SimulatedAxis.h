@@ -1,7 +1,7 @@
 #ifndef SIMULATEDAXIS_H
 #define SIMULATEDAXIS_H
 
-#include "ParameterTable.h"
+#include "ParameterMemory.h"
 #include "SimulatedMotor.h"
 
 /// One axis: a motor, its drive and its parameters. Positions are encoder increments, velocities
@@ -17,8 +17,8 @@ public:
 
     // The drive's side: what commands reach.
 
-    ParameterMemory& parameters() { return m_parameters; }
-    const ParameterMemory& parameters() const { return m_parameters; }
+    Simulated::ParameterMemory& parameters() { return m_parameters; }
+    const Simulated::ParameterMemory& parameters() const { return m_parameters; }
 
     /// Present value of a parameter, within its row's range; 0 for a number that the table does
     /// not have.
@@ -42,8 +42,8 @@ public:
 
     // The world's side: what a test or a host does to the axis, and what the axis really did.
 
-    const MotorData& motorData() const { return m_motor.data(); }
-    void setMotorData(const MotorData& data) { m_motor.setData(data); }
+    const Simulated::MotorData& motorData() const { return m_motor.data(); }
+    void setMotorData(const Simulated::MotorData& data) { m_motor.setData(data); }
     /// Torque against the positive direction (Nm), see SimulatedMotor::setLoad().
     void setLoad(double torque) { m_motor.setLoad(torque); }
     double load() const { return m_motor.load(); }
@@ -65,7 +65,7 @@ public:
     double turns() const { return m_motor.state().position; }
 
 private:
-    int reading(const ParameterInfo& info) const;
+    int reading(quint8 number) const;
     int setting(quint8 number) const { return m_parameters.value(number); }
     double maxVelocity() const;
     double maxCurrent() const;
@@ -86,15 +86,15 @@ private:
     void watchNullChannel(double turnsBefore);
     void watchSupply();
 
-    ParameterMemory m_parameters;
+    Simulated::ParameterMemory m_parameters;
     SimulatedMotor m_motor;
     Mode m_mode = Mode::Velocity;
-    MotionState m_ramp;       // turns, as the motor's
-    double m_targetTurns = 0; // mechanical, so that redefining the position moves nothing
-    double m_origin = 0;      // increments at turn 0
-    int m_targetVelocity = 0; // rpm
-    int m_targetCurrent = 0;  // mA
-    double m_thermalLoad = 0; // A²s above the continuous current
+    Simulated::MotionState m_ramp; // turns, as the motor's
+    double m_targetTurns = 0;      // mechanical, so that redefining the position moves nothing
+    double m_origin = 0;           // increments at turn 0
+    int m_targetVelocity = 0;      // rpm
+    int m_targetCurrent = 0;       // mA
+    double m_thermalLoad = 0;      // A²s above the continuous current
     bool m_brakeActive = false;
     int m_switches = 0;
 };

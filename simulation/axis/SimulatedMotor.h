@@ -4,6 +4,9 @@
 #include "AXRSimulationExport.h"
 #include "RampProfile.h"
 
+namespace Simulated
+{
+
 /// The constants of a motor, its bridge and its supply.
 struct MotorData {
     double inertia = 5e-5;          ///< kg m²
@@ -18,6 +21,8 @@ struct MotorData {
     double supplyResistance = 0.5;  ///< Ohm, makes the supply sag
 };
 
+} // namespace Simulated
+
 /// The physics of one motor, in fixed steps of virtual time. The drive says where to be after the
 /// step; the motor goes there exactly when the torque suffices, and as far as it can otherwise.
 /// Positions are turns, velocities turns per second, currents A.
@@ -29,17 +34,17 @@ public:
 
     SimulatedMotor();
 
-    const MotorData& data() const { return m_data; }
+    const Simulated::MotorData& data() const { return m_data; }
     /// Takes effect from the next step on. Values that no motor can have (negative, not a number)
     /// are moved to the nearest possible ones.
-    void setData(const MotorData& data);
+    void setData(const Simulated::MotorData& data);
 
     /// Torque (Nm) from outside against the positive direction, as a hanging weight would give it.
     /// Limited to -1000..1000. Default 0.
     void setLoad(double torque);
     double load() const { return m_load; }
 
-    const MotionState& state() const { return m_state; }
+    const Simulated::MotionState& state() const { return m_state; }
     double current() const { return m_current; }
     double temperature() const { return m_temperature; } ///< degrees C
     double supplyCurrent() const
@@ -49,7 +54,7 @@ public:
     double supplyVoltage() const; ///< V under the present load
 
     /// One step toward the demanded state at its end, with no more than maxCurrent.
-    void follow(const MotionState& demand, double maxCurrent);
+    void follow(const Simulated::MotionState& demand, double maxCurrent);
 
     /// One step at a current, limited to maxCurrent; not faster than maxVelocity.
     void drive(double current, double maxCurrent, double maxVelocity);
@@ -65,9 +70,9 @@ private:
     double damping() const;
     void finishStep(double velocity, double position);
 
-    MotorData m_data;
+    Simulated::MotorData m_data;
     double m_load = 0;
-    MotionState m_state;
+    Simulated::MotionState m_state;
     double m_current = 0;
     double m_supplyCurrent = 0;
     double m_temperature;

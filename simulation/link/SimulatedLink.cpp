@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using Simulated::Weather;
+
 namespace
 {
 

@@ -11,6 +11,9 @@
 
 class SimulatedModule;
 
+namespace Simulated
+{
+
 /// What a link does to commands. A chance is the part of the requests that meet it, 0..1; by
 /// default the sky is clear.
 struct Weather {
@@ -28,6 +31,8 @@ struct Weather {
     double spontaneousReset = 0; ///< The module resets instead of answering.
     int bootTime = 300;          ///< ms after a reset in which the module does not answer.
 };
+
+} // namespace Simulated
 
 /// Carries commands to a module and its replies back, through any weather, on the module's virtual
 /// clock. The same seed and the same calls give the same replies, however the time is cut up.
@@ -56,8 +61,8 @@ public:
     /// From the next request on, and the random sequence starts anew from the seed. Chances are
     /// limited to 0..1 (not a number: 0), times to 0..one hour, and the maximum delay is never
     /// below the minimum.
-    void setWeather(const Weather& weather);
-    const Weather& weather() const { return m_weather; }
+    void setWeather(const Simulated::Weather& weather);
+    const Simulated::Weather& weather() const { return m_weather; }
 
     /// A silent module swallows all requests without carrying them out.
     void setSilent(bool silent) { m_silent = silent; }
@@ -89,7 +94,7 @@ private:
     void deliver(const Command& reply, int delay);
 
     SimulatedModule& m_module;
-    Weather m_weather;
+    Simulated::Weather m_weather;
     std::mt19937 m_random;
     bool m_silent = false;
     qint64 m_now = 0;

@@ -1,6 +1,5 @@
 #include "SimulatedModule.h"
 
-#include "Instruction.h"
 #include "Numbers.h"
 
 namespace N = AxisParameterNumber;
@@ -17,18 +16,6 @@ constexpr int AnalogMaximum = 4095;
 constexpr quint8 DigitalInputBank = 0;
 constexpr quint8 AnalogInputBank = 1;
 constexpr quint8 OutputBank = 2;
-
-// Types of RD.
-enum class RecorderType : quint8 {
-    BufferSize = 0,
-    Elements = 1,
-    Items = 2,
-    Sample = 3,
-    Arm = 4,
-    State = 6,
-    Mode = 7,
-    Interval = 9
-};
 
 Instruction instruction(const Command& request)
 {
@@ -68,18 +55,19 @@ ReplyStatus permission(const ParameterInfo* info, Task task, int value)
     case Task::Get:
         return ReplyStatus::Ok;
     case Task::Set:
-        return info->access == Access::ReadOnly ? ReplyStatus::ReadOnly : inRange(*info, value);
+        return info->access == ParameterAccess::ReadOnly ? ReplyStatus::ReadOnly
+                                                         : inRange(*info, value);
     case Task::Store:
     case Task::Restore:
         break;
     }
-    return info->access == Access::Storable ? ReplyStatus::Ok : ReplyStatus::NotStorable;
+    return info->access == ParameterAccess::Storable ? ReplyStatus::Ok : ReplyStatus::NotStorable;
 }
 
 // The status, the value read or written: `read` and `write` reach the present values.
 template <class Read, class Write>
-std::pair<ReplyStatus, int> carryOut(const Command& request, ParameterMemory& memory, Read read,
-                                     Write write)
+std::pair<ReplyStatus, int> carryOut(const Command& request, Simulated::ParameterMemory& memory,
+                                     Read read, Write write)
 {
     const quint8 number = u8(request.getType());
     const Task what = task(instruction(request));
@@ -103,10 +91,9 @@ bool has(const Channels& channels, int channel)
 
 } // namespace
 
-static_assert(quint8(ReplyStatus::Ok) == StatusOk, "one number means success");
-
 SimulatedModule::SimulatedModule()
-    : m_banks{{{0, ParameterMemory(moduleParameters())}, {2, ParameterMemory(userVariables())}}}
+    : m_banks{{{0, Simulated::ParameterMemory::ofModule()},
+               {2, Simulated::ParameterMemory::ofUserVariables()}}}
 {
 }
 
@@ -235,10 +222,10 @@ SimulatedModule::Answer SimulatedModule::globalParameter(const Command& request)
     for (Bank& bank : m_banks) {
         if (bank.number != u8(request.getMotorBank()))
             continue;
-        ParameterMemory& values = bank.values;
-        const auto read = [&values, this](quint8 number) {
-            return values.info(number)->quantity == Quantity::UpTime ? toInt(m_upTime)
-                                                                     : values.value(number);
+        Simulated::ParameterMemory& values = bank.values;
+        const auto read = [&bank, this](quint8 number) {
+            const bool isUpTime = bank.number == 0 && number == ModuleParameterNumber::UpTime;
+            return isUpTime ? toInt(m_upTime) : bank.values.value(number);
         };
         const auto write = [&values](quint8 number, int written) {
             values.setValue(number, written);
@@ -253,15 +240,15 @@ SimulatedModule::Answer SimulatedModule::record(const Command& request)
 {
     const int value = request.getValue();
     const quint8 bank = u8(request.getMotorBank());
-    const auto type = static_cast<RecorderType>(u8(request.getType()));
+    const auto type = static_cast<Recorder::Type>(u8(request.getType()));
     switch (type) {
-    case RecorderType::Sample: {
+    case Recorder::Type::Sample: {
         const auto& recorded = m_recorder.recorded();
         if (bank >= SimulatedRecorder::Items || !has(recorded, value))
             return {ReplyStatus::OutOfRange, value};
         return {ReplyStatus::Ok, recorded[size_t(value)][bank]};
     }
-    case RecorderType::Arm:
+    case Recorder::Type::Arm:
         if (bank >= SimulatedRecorder::Triggers)
             return {ReplyStatus::OutOfRange, value};
         m_recorder.arm(static_cast<SimulatedRecorder::Trigger>(bank), value);
@@ -272,21 +259,21 @@ SimulatedModule::Answer SimulatedModule::record(const Command& request)
     if (!has(m_axes, bank))
         return {ReplyStatus::UnknownBank, value};
     switch (type) {
-    case RecorderType::BufferSize:
+    case Recorder::Type::BufferSize:
         return {ReplyStatus::Ok, SimulatedRecorder::BufferSize};
-    case RecorderType::Elements:
+    case Recorder::Type::Elements:
         return {ReplyStatus::Ok, SimulatedRecorder::Elements};
-    case RecorderType::Items:
+    case Recorder::Type::Items:
         return {ReplyStatus::Ok, SimulatedRecorder::Items};
-    case RecorderType::State:
+    case Recorder::Type::State:
         return {ReplyStatus::Ok, int(m_recorder.state())};
-    case RecorderType::Mode:
+    case Recorder::Type::Mode:
         if (value < 0 || value >= SimulatedRecorder::Modes)
             return {ReplyStatus::OutOfRange, value};
         m_recorder.setAxis(bank);
         m_recorder.setMode(static_cast<SimulatedRecorder::Mode>(value));
         return {ReplyStatus::Ok, value};
-    case RecorderType::Interval:
+    case Recorder::Type::Interval:
         if (value < 1 || value > SimulatedRecorder::MaximumInterval)
             return {ReplyStatus::OutOfRange, value};
         m_recorder.setAxis(bank);

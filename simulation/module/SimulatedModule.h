@@ -2,24 +2,12 @@
 #define SIMULATEDMODULE_H
 
 #include "Command.h"
+#include "Instruction.h"
 #include "SimulatedAxis.h"
 #include "SimulatedRecorder.h"
 
 #include <array>
 #include <vector>
-
-/// Status byte of a reply. Everything but Ok is a failure, and a request that failed has changed
-/// nothing.
-enum class ReplyStatus : quint8 {
-    UnknownInstruction = 10,
-    UnknownType = 11, ///< No such parameter, channel or move type.
-    UnknownBank = 12, ///< No such axis or bank.
-    OutOfRange = 13,  ///< The value lies outside the parameter's range.
-    ReadOnly = 14,    ///< The parameter cannot be written.
-    NotStorable = 15, ///< The parameter cannot be stored or restored.
-    Fault = 16,       ///< The module could not carry it out; only bad weather says so.
-    Ok = 100
-};
 
 /// A module with two axes, as commands see it, on a virtual clock that only advance() moves.
 ///
@@ -28,10 +16,8 @@ enum class ReplyStatus : quint8 {
 /// GGP, STGP, RSGP by bank (0 module parameters, 2 user variables), SIO (bank 2: outputs, value 0
 /// or 1), GIO (bank 0: digital inputs, 1: analog inputs, 2: outputs read back), RD.
 ///
-/// RD, the recorder, by type: 0 size of the buffer, 1 elements, 2 items per element, 3 the sample
-/// of element `value` and item `bank` (out of range until it was recorded), 4 arm the trigger
-/// `bank` with the threshold `value`, 6 the state (0 when the buffer is full), 7 mode, 9 interval.
-/// With all others the bank is the axis, and 7 and 9 choose the axis that is recorded.
+/// RD, by Recorder::Type; setting mode or interval also chooses the axis that is recorded. A sample
+/// is out of range until it was recorded.
 class AXRSIMULATION_EXPORT SimulatedModule
 {
 public:
@@ -80,7 +66,7 @@ private:
     };
     struct Bank {
         quint8 number;
-        ParameterMemory values;
+        Simulated::ParameterMemory values;
     };
 
     Answer dispatch(const Command& request);

@@ -1,6 +1,7 @@
 #ifndef SIMULATEDRECORDER_H
 #define SIMULATEDRECORDER_H
 
+#include "Recorder.h"
 #include "SimulatedAxis.h"
 
 #include <array>
@@ -20,24 +21,12 @@ public:
     static constexpr int BufferSize = Elements * Items;
     static constexpr int MaximumInterval = 65535;
 
-    /// Also what the module answers when it is asked for the state.
-    enum class State { Complete, Recording, Armed, Idle };
-
-    /// What an element holds. The first two items are the target and the actual value.
-    enum class Mode { Torque, Velocity, Position, Defined };
     static constexpr int Modes = 4;
-
-    /// Every level counts, also one that holds when the trigger is armed.
-    enum class Trigger {
-        Always,
-        PositionLower,
-        PositionHigher,
-        VelocityLower,
-        VelocityHigher,
-        TorqueLower,
-        TorqueHigher
-    };
     static constexpr int Triggers = 7;
+
+    using State = Recorder::State;
+    using Mode = Recorder::Mode;
+    using Trigger = Recorder::Trigger;
 
     using Element = std::array<int, Items>;
 
@@ -55,7 +44,8 @@ public:
     int axis() const { return m_axis; }
     void setAxis(int axis);
 
-    /// Forgets what was recorded and waits for the trigger.
+    /// Forgets what was recorded and waits for the trigger. Every level counts, also one that holds
+    /// already.
     void arm(Trigger trigger, int value);
     /// Empty, idle, first mode, shortest interval, axis 0.
     void reset();

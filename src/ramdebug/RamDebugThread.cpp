@@ -6,6 +6,7 @@
 #include "Instruction.h"
 #include "Logging.h"
 #include "MethodName.h"
+#include "Recorder.h"
 #include "SimpleScaledDrawer.h"
 
 #include <chrono>
@@ -13,26 +14,13 @@
 namespace
 {
 
-// Types of RD. With Sample and Arm the motor bank's byte carries the item and the trigger type.
-enum RecorderType : char {
-    BufferSize = 0,
-    BufferElements = 1,
-    ItemsPerElement = 2,
-    Sample = 3,
-    Arm = 4,
-    State = 6,
-    MeasureMode = 7,
-    MeasureDelay = 9
-};
-
-enum TargetMode { TargetTorque, TargetVelocity, TargetPosition, NoTarget };
-enum RecordedMode { Torque, Velocity, Position, Defined };
+using Recorder::Mode;
+using Recorder::Target;
+using Recorder::Type;
 
 constexpr char ActualPositionNumber = 1; // axis parameter, whatever the charts show
 constexpr unsigned long PollPause = 10;  // us
 constexpr int NotShown = -1;
-
-char byteOf(Instruction instruction) { return toByte(static_cast<int>(instruction)); }
 
 void log(const char* text) { qCDebug(axrRamDebug) << "RamDebugThread::run()" << text; }
 
@@ -50,12 +38,12 @@ unsigned int threadNumber()
 } // namespace
 
 RamDebugThread::Settings::Settings()
-    : targetTorqueCommand(byteOf(Instruction::SAP))
+    : targetTorqueCommand(toByte(Instruction::SAP))
     , targetTorqueType(toByte(155))
-    , targetVelocityCommand(byteOf(Instruction::SAP))
+    , targetVelocityCommand(toByte(Instruction::SAP))
     , targetVelocityType(2)
     , rampTargetVelocityType(13)
-    , targetPositionCommand(byteOf(Instruction::SAP))
+    , targetPositionCommand(toByte(Instruction::SAP))
     , targetPositionType(0)
     , actualTorqueType(toByte(150))
     , actualVelocityType(3)
@@ -233,20 +221,20 @@ void RamDebugThread::run()
 
 void RamDebugThread::measure()
 {
-    ask(BufferSize, "RamBufferSize:\t ", 0);
-    const int elements = ask(BufferElements, "RamBufferElements:\t ", -1);
-    const int items = ask(ItemsPerElement, "ItemsPerElement:\t ", -1);
+    ask(toByte(Type::BufferSize), "RamBufferSize:\t ", 0);
+    const int elements = ask(toByte(Type::Elements), "RamBufferElements:\t ", -1);
+    const int items = ask(toByte(Type::Items), "ItemsPerElement:\t ", -1);
     m_startPosition = 0;
-    if (send(byteOf(Instruction::GAP), ActualPositionNumber, 0)) {
+    if (send(toByte(Instruction::GAP), ActualPositionNumber, 0)) {
         m_startPosition = m_reply->getValue();
         log("StartPosition:\t ", m_startPosition);
     }
 
     log("MeasureMode:   ", m_now.measureMode);
-    send(byteOf(Instruction::RD), MeasureMode, m_now.measureMode);
+    send(toByte(Instruction::RD), toByte(Type::Mode), m_now.measureMode);
     const int delay = constraints().delay;
     log("MeasureDelay:  ", delay);
-    send(byteOf(Instruction::RD), MeasureDelay, delay);
+    send(toByte(Instruction::RD), toByte(Type::Interval), delay);
     const Constraints targets = constraints();
     log("TargetMode:    ", m_now.targetMode);
     log("Target from:   ", targets.from);
@@ -254,18 +242,19 @@ void RamDebugThread::measure()
     log("TriggerType:   ", m_now.triggerType);
     log("TriggerValue:  ", m_now.triggerValue);
 
-    if (m_now.targetMode == TargetPosition) {
-        send(byteOf(Instruction::SAP), ActualPositionNumber, targets.from);
+    if (m_now.targetMode == static_cast<int>(Target::Position)) {
+        send(toByte(Instruction::SAP), ActualPositionNumber, targets.from);
         m_startPosition = targets.from;
         log("new StartPosition:", m_startPosition);
     }
     giveTarget(targets.from);
     settle();
-    send({m_now.address, byteOf(Instruction::RD), Arm, toByte(m_now.triggerType),
+    send({m_now.address, toByte(Instruction::RD), toByte(Type::Arm), toByte(m_now.triggerType),
           m_now.triggerValue});
     giveTarget(constraints().to);
     while (!m_shared->isAborted) {
-        if (send(byteOf(Instruction::RD), State, 0) && m_reply->getValue() == 0) {
+        if (send(toByte(Instruction::RD), toByte(Type::State), 0) &&
+            m_reply->getValue() == static_cast<int>(Recorder::State::Complete)) {
             log("measurement ready:\t", m_reply->getValue());
             break;
         }
@@ -308,7 +297,7 @@ Command RamDebugThread::commandOf(char command, char type, int value) const
 
 int RamDebugThread::ask(char type, const char* label, int otherwise)
 {
-    if (!send(byteOf(Instruction::RD), type, 0))
+    if (!send(toByte(Instruction::RD), type, 0))
         return otherwise;
     log(label, m_reply->getValue());
     return m_reply->getValue();
@@ -316,17 +305,17 @@ int RamDebugThread::ask(char type, const char* label, int otherwise)
 
 void RamDebugThread::giveTarget(int value)
 {
-    switch (m_now.targetMode) {
-    case TargetTorque:
+    switch (static_cast<Target>(m_now.targetMode)) {
+    case Target::Torque:
         send(m_now.targetTorqueCommand, m_now.targetTorqueType, value);
         break;
-    case TargetVelocity: {
+    case Target::Velocity: {
         const bool rotates = carries(m_now.targetVelocityCommand, Instruction::ROR) ||
                              carries(m_now.targetVelocityCommand, Instruction::ROL);
         send(m_now.targetVelocityCommand, rotates ? char(0) : m_now.targetVelocityType, value);
         break;
     }
-    case TargetPosition:
+    case Target::Position:
         send(positionCommand(value));
         break;
     default:
@@ -338,7 +327,7 @@ void RamDebugThread::giveTarget(int value)
 
 void RamDebugThread::driveBack()
 {
-    if (m_now.targetMode >= NoTarget)
+    if (m_now.targetMode >= static_cast<int>(Target::None))
         return;
     send(positionCommand(m_startPosition));
     if (m_wasSent || !m_shared->isAborted) // a host that was not there then does not get it later
@@ -363,7 +352,8 @@ void RamDebugThread::fetch(int elements, int items)
     const std::atomic<bool>& isAborted = m_shared->isAborted;
     for (int element = 0; element < elements && !isAborted; ++element) {
         for (int item = 0; item < items && !isAborted; ++item) {
-            if (!send({m_now.address, byteOf(Instruction::RD), Sample, toByte(item), element})) {
+            if (!send({m_now.address, toByte(Instruction::RD), toByte(Type::Sample), toByte(item),
+                       element})) {
                 if (!isAborted)
                     log("reply invalid!");
                 continue;
@@ -371,7 +361,7 @@ void RamDebugThread::fetch(int elements, int items)
             const int type = sampleType(item);
             const std::lock_guard<std::mutex> lock(m_shared->mutex);
             if (m_shared->drawer && type != NotShown)
-                m_shared->drawer->requestedTraceValue(m_now.address, byteOf(Instruction::GAP),
+                m_shared->drawer->requestedTraceValue(m_now.address, toByte(Instruction::GAP),
                                                       toByte(type), m_now.motorBank,
                                                       m_reply->getValue());
         }
@@ -386,14 +376,14 @@ int RamDebugThread::sampleType(int item) const
     const auto either = [item](char target, char actual) {
         return item == 0 ? u8(target) : item == 1 ? u8(actual) : NotShown;
     };
-    switch (m_now.measureMode) {
-    case Torque:
+    switch (static_cast<Mode>(m_now.measureMode)) {
+    case Mode::Torque:
         return either(m_now.targetTorqueType, m_now.actualTorqueType);
-    case Velocity:
+    case Mode::Velocity:
         return either(m_now.rampTargetVelocityType, m_now.actualVelocityType);
-    case Position:
+    case Mode::Position:
         return either(m_now.targetPositionType, m_now.actualPositionType);
-    case Defined:
+    case Mode::Defined:
         return m_now.allowDefinedMode ? item : NotShown;
     default:
         return NotShown;

@@ -33,14 +33,13 @@ public:
     /// Whether measure mode 3 shows its samples; off by default.
     void setAllowDefinedMode(bool allow);
 
-    /// What the axis is driven by: 0 torque (the default), 1 velocity, 2 position, 3 nothing.
+    /// What the axis is driven by, a Recorder::Target, default 0.
     void setTargetMode(int mode);
     int getTargetMode() const;
-    /// What is recorded: 0 torque (the default), 1 velocity, 2 position, 3 what the module defines.
+    /// What is recorded, a Recorder::Mode, default 0.
     void setMeasureMode(int mode);
     int getMeasureMode() const;
-    /// 0 (the default) always, 1 position lower, 2 higher, 3 velocity lower, 4 higher, 5 torque
-    /// lower, 6 higher than the trigger value, default 0.
+    /// When the recording begins, a Recorder::Trigger, default 0, at the trigger value, default 0.
     void setTriggerType(int type);
     int getTriggerType() const;
     void setTriggerValue(int value);

@@ -10,6 +10,7 @@
 #include "MethodName.h"
 #include "Numbers.h"
 #include "RamDebugThread_p.h"
+#include "Recorder.h"
 #include "RoomForText_p.h"
 #include "ShowsOnly_p.h"
 #include "SimpleScaledDrawer.h"
@@ -29,21 +30,24 @@
 namespace
 {
 
-enum Mode { Torque, Velocity, Position, Other }; // of targets and of what is measured
-enum Entry { NameEntry, IdEntry, UnitEntry };    // of an item's list
+using Recorder::Mode;
+using Recorder::Target;
+using Recorder::Trigger;
+
+enum Entry { NameEntry, IdEntry, UnitEntry }; // of an item's list
 
 constexpr int LongestChart = 10000;
 constexpr int LargestBuffer = 1000000; // elements; more is no answer of a recorder
-constexpr char BufferElements = 1;     // type of RD
 constexpr int ThreadPatience = 5;      // ms
 constexpr int ButtonColumn = 8;        // of the row of fields
 constexpr int SignSpace = 4;           // px
 constexpr QRgb SignColor = 0xffff9900; // orange
 constexpr int BoxFrame = 34;           // px, with the arrows of the widest style
 
-void addItem(QComboBox* box, const QStringList& entries)
+template <class Id>
+void addItem(QComboBox* box, const QString& name, Id id, const QStringList& more = {})
 {
-    box->addItem(entries.at(NameEntry), entries);
+    box->addItem(name, QStringList{name, QString::number(static_cast<int>(id))} + more);
 }
 
 QStringList entriesAt(const QComboBox* box, int index)
@@ -126,31 +130,34 @@ WRamDebug::~WRamDebug()
 
 void WRamDebug::addTorqueMeasureMode()
 {
-    addItem(m_ui->cmbMeasureMode, {tr("Torque"), QStringLiteral("0")});
+    addItem(m_ui->cmbMeasureMode, tr("Torque"), Mode::Torque);
 }
 
 void WRamDebug::addVelocityMeasureMode()
 {
-    addItem(m_ui->cmbMeasureMode, {tr("Velocity"), QStringLiteral("1")});
+    addItem(m_ui->cmbMeasureMode, tr("Velocity"), Mode::Velocity);
 }
 
 void WRamDebug::addPositionMeasureMode()
 {
-    addItem(m_ui->cmbMeasureMode, {tr("Position"), QStringLiteral("2")});
+    addItem(m_ui->cmbMeasureMode, tr("Position"), Mode::Position);
 }
 
 void WRamDebug::addNoTargetMeasureMode()
 {
-    addItem(m_ui->cmbMeasureMode, {tr("Defined"), QStringLiteral("3")});
+    addItem(m_ui->cmbMeasureMode, tr("Defined"), Mode::Defined);
 }
 
 void WRamDebug::addTriggerTypes()
 {
-    int id = 0;
-    for (const QString& name :
-         {tr("Always"), tr("Position lower"), tr("Position higher"), tr("Velocity lower"),
-          tr("Velocity higher"), tr("Torque lower"), tr("Torque higher")})
-        addItem(m_ui->cmbTriggerType, {name, QString::number(id++)});
+    QComboBox* box = m_ui->cmbTriggerType;
+    addItem(box, tr("Always"), Trigger::Always);
+    addItem(box, tr("Position lower"), Trigger::PositionLower);
+    addItem(box, tr("Position higher"), Trigger::PositionHigher);
+    addItem(box, tr("Velocity lower"), Trigger::VelocityLower);
+    addItem(box, tr("Velocity higher"), Trigger::VelocityHigher);
+    addItem(box, tr("Torque lower"), Trigger::TorqueLower);
+    addItem(box, tr("Torque higher"), Trigger::TorqueHigher);
 }
 
 void WRamDebug::setAddressAndMotorBank(char address, char bank)
@@ -182,8 +189,8 @@ void WRamDebug::makeCharts()
     };
     for (std::size_t i = 0; i < m_charts.size(); ++i)
         m_charts[i] = std::make_unique<Chart>(m_thread->getAddress(), m_thread->getMotorBank(),
-                                              toByte(static_cast<int>(Instruction::GAP)),
-                                              rows[i].type, rows[i].label, rows[i].color);
+                                              toByte(Instruction::GAP), rows[i].type, rows[i].label,
+                                              rows[i].color);
 }
 
 template <class Setter>
@@ -253,7 +260,7 @@ void WRamDebug::updateTargetBounds()
                              {m_maxTargetVelocity, 100},
                              {std::numeric_limits<int>::max(), 4000}};
     const int mode = m_thread->getTargetMode();
-    if (mode < Torque || mode > Position)
+    if (mode == int(Target::None))
         return;
     for (QSpinBox* box : {m_ui->sbFromTarget, m_ui->sbToTarget}) {
         box->setRange(toInt(-qint64(bounds[mode].maximum)), bounds[mode].maximum);
@@ -272,9 +279,9 @@ void WRamDebug::updateUnits()
     {
         const QSignalBlocker blocker(m_ui->cmbTargetMode);
         m_ui->cmbTargetMode->clear();
-        addItem(m_ui->cmbTargetMode, {tr("Torque"), QStringLiteral("0"), QStringLiteral("[mA]")});
-        addItem(m_ui->cmbTargetMode, {tr("Velocity"), QStringLiteral("1"), m_velocityUnit});
-        addItem(m_ui->cmbTargetMode, {tr("Position"), QStringLiteral("2"), QString()});
+        addItem(m_ui->cmbTargetMode, tr("Torque"), Target::Torque, {QStringLiteral("[mA]")});
+        addItem(m_ui->cmbTargetMode, tr("Velocity"), Target::Velocity, {m_velocityUnit});
+        addItem(m_ui->cmbTargetMode, tr("Position"), Target::Position, {QString()});
     }
     setAddressAndMotorBank(m_thread->getAddress(), m_thread->getMotorBank());
 }
@@ -287,15 +294,15 @@ void WRamDebug::setAllowDefinedMode(bool allow)
     m_thread->setAllowDefinedMode(allow);
     const QString name = tr("No target");
     if (m_ui->cmbTargetMode->findText(name) < 0)
-        addItem(m_ui->cmbTargetMode, {name, QStringLiteral("3"), QString()});
+        addItem(m_ui->cmbTargetMode, name, Target::None, {QString()});
 }
 
 void WRamDebug::updateValues()
 {
     Command reply;
     const QPointer<WRamDebug> self(this);
-    ask(new Command(m_thread->getAddress(), toByte(static_cast<int>(Instruction::RD)),
-                    BufferElements, m_thread->getMotorBank(), 0),
+    ask(new Command(m_thread->getAddress(), toByte(Instruction::RD),
+                    toByte(Recorder::Type::Elements), m_thread->getMotorBank(), 0),
         &reply);
     if (!self || !reply.isValid())
         return;
@@ -327,7 +334,7 @@ void WRamDebug::targetModeChanged(int index)
     const QStringList entries = entriesAt(m_ui->cmbTargetMode, index);
     const int mode = entries.at(IdEntry).toInt();
     m_thread->setTargetMode(mode);
-    if (m_lastTargetMode < Other)
+    if (m_lastTargetMode != int(Target::None))
         m_targets[static_cast<std::size_t>(m_lastTargetMode)] = {m_ui->sbFromTarget->value(),
                                                                  m_ui->sbToTarget->value()};
     m_ui->lblMinUnit->setText(entries.at(UnitEntry));
@@ -336,11 +343,11 @@ void WRamDebug::targetModeChanged(int index)
     m_ui->cmbMeasureMode->clear();
     m_ui->sbFromTarget->setEnabled(true);
     m_ui->sbToTarget->setEnabled(true);
-    if (mode < Other) {
+    if (mode != int(Target::None)) {
         addTorqueMeasureMode();
-        if (mode > Torque)
+        if (mode >= int(Target::Velocity))
             addVelocityMeasureMode();
-        if (mode > Velocity)
+        if (mode >= int(Target::Position))
             addPositionMeasureMode();
         const Targets& targets = m_targets[static_cast<std::size_t>(mode)];
         m_ui->sbFromTarget->setValue(targets.from);
@@ -361,7 +368,7 @@ void WRamDebug::measureModeChanged(int index)
     const int mode = entries.at(IdEntry).toInt();
     m_thread->setMeasureMode(mode);
     qCDebug(axrRamDebug) << AXR_METHOD.constData() << entries.at(NameEntry) << " Mode: " << mode;
-    const QString unit = mode == Torque ? tr("[1/10 mS]") : tr("[mS]");
+    const QString unit = mode == int(Mode::Torque) ? tr("[1/10 mS]") : tr("[mS]");
     m_ui->lblDurationUnit->setText(unit);
     m_ui->lblDelayUnit->setText(unit);
     updateChartSelection();
@@ -376,7 +383,7 @@ void WRamDebug::updateChartSelection()
     } rows[] = {
         {tr("Torque"), 0, 2}, {tr("Velocity"), 2, 2}, {tr("Position"), 4, 2}, {tr("Debug"), 6, 4}};
     const int mode = m_thread->getMeasureMode();
-    if (mode < Torque || mode > Other || (mode == Other && !m_allowDefinedMode))
+    if (mode == int(Mode::Defined) && !m_allowDefinedMode)
         return;
     m_ui->drawer->setYAxisCaption(rows[mode].caption);
     m_ui->drawer->removeAllCharts();
@@ -402,10 +409,10 @@ void WRamDebug::enableInputFields(bool enable)
     m_ui->cmbTriggerType->setEnabled(enable);
     m_ui->sbMeasureDelay->setEnabled(enable);
     m_ui->sbDuration->setEnabled(false);
-    const bool hasTarget = m_thread->getTargetMode() != Other;
+    const bool hasTarget = m_thread->getTargetMode() != int(Target::None);
     m_ui->sbFromTarget->setEnabled(enable && hasTarget);
     m_ui->sbToTarget->setEnabled(enable && hasTarget);
-    m_ui->sbTriggerValue->setEnabled(enable && m_thread->getTriggerType() != 0);
+    m_ui->sbTriggerValue->setEnabled(enable && m_thread->getTriggerType() != int(Trigger::Always));
 }
 
 void WRamDebug::changeEvent(QEvent* event)

@@ -1,6 +1,7 @@
 #include "Chart.h"
 #include "Command.h"
 #include "DrawerArea.h"
+#include "Recorder.h"
 #include "Screen.h"
 #include "SimpleScaledDrawer.h"
 #include "TestCase.h"
@@ -14,8 +15,6 @@
 
 namespace
 {
-
-constexpr char State = 6; // type of RD
 
 /// Feeds a drawer from a thread of its own.
 class Feed
@@ -79,7 +78,7 @@ private Q_SLOTS:
         bool isComplete = false;
         connect(&panel, &WRamDebug::doDirectRequest, &panel, [&](Command* request, Command* reply) {
             *reply = *request;
-            reply->setValue(request->getType() == State ? !isComplete : 1);
+            reply->setValue(carries(request->getType(), Recorder::Type::State) ? !isComplete : 1);
             reply->setValid(true);
             delete request;
         });

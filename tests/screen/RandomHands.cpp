@@ -387,7 +387,7 @@ private:
             complain(QString("STOP was not heard"));
         m_isStopHeard = false;
         m_isStopping = false;
-        SimulatedModule& module = m_bench.link().module();
+        SimulatedModule& module = m_bench.simulator().module;
         for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
             SimulatedAxis& motor = module.axis(axis);
             const auto needed = [&motor] { // ms
@@ -436,7 +436,7 @@ private:
 
     bool stands(int axis) const
     {
-        return std::abs(m_bench.link().module().axis(axis).velocity()) < Standing;
+        return std::abs(m_bench.simulator().module.axis(axis).velocity()) < Standing;
     }
 
     void connectAgain()

@@ -17,7 +17,7 @@ struct TurningBench {
         : bench(
               WorkbenchOptions::parse({"axrworkbench", "--photo", "x", "--connect", "--page", page},
                                       Workbench::pageNames()))
-        , axis(bench.link().module().axis(0))
+        , axis(bench.simulator().module.axis(0))
     {
         QObject::connect(&bench.link(), &ModuleLink::sent, &bench, [this](const Command& request) {
             if (!isRead(request) || carries(request.getCommand(), Instruction::RD))

@@ -59,7 +59,7 @@ private Q_SLOTS:
         TurningBench shown;
         auto* strip = User::find<QLabel>(&shown.bench, "lblLinkState");
         QVERIFY(Screen::stands(strip));
-        shown.bench.link().wire().setSilent(true);
+        shown.bench.simulator().link.setSilent(true);
         QVERIFY(Screen::waitFor([&] { return Screen::has(Screen::picture(strip), "crimson"); }));
         QVERIFY(Screen::changes(strip) >= 8);
     }

@@ -1,7 +1,8 @@
 #include "ModuleLink.h"
 #include "CommandRecorder.h"
 #include "Instruction.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
+#include "SimulatedWire.h"
 #include "TestCase.h"
 
 namespace Number = AxisParameterNumber;
@@ -16,7 +17,9 @@ Command request(Instruction instruction, int type, int value = 0, int axis = 0)
 
 /// A link, opened, with everything that it sends, takes and gives up.
 struct Traffic {
-    ModuleLink link{Weather()};
+    HostClock clock;
+    SimulatedWire wire{clock, Simulated::Weather()};
+    ModuleLink link{clock, wire, SimulatedWire::profile()};
     QStringList sent;
     QStringList answered;
     QStringList gaveUp;
@@ -45,20 +48,20 @@ private Q_SLOTS:
         traffic.link.read(request(Instruction::GAP, 3));
         traffic.link.read(request(Instruction::GAP, 1)); // waits already
         traffic.link.command(request(Instruction::SAP, Number::Acceleration, 777));
-        traffic.link.advance(50);
+        traffic.clock.advance(50);
         QCOMPARE(traffic.sent, QStringList({"1 5 11 0 777", "1 6 1 0 0", "1 6 3 0 0"}));
         QCOMPARE(traffic.answered, QStringList({"1 5 11 0 777", "1 6 1 0 0", "1 6 3 0 0"}));
-        QCOMPARE(traffic.link.module().axis(0).read(Number::Acceleration), 777);
+        QCOMPARE(traffic.wire.module().axis(0).read(Number::Acceleration), 777);
     }
 
     void stopOvertakesAndDropsCommands()
     {
         Traffic traffic;
-        Weather slow;
+        Simulated::Weather slow;
         slow.minimumDelay = slow.maximumDelay = 20;
-        traffic.link.wire().setWeather(slow);
+        traffic.wire.link().setWeather(slow);
         traffic.link.command(request(Instruction::ROR, 0, 500));
-        traffic.link.advance(2); // on its way
+        traffic.clock.advance(2); // on its way
         traffic.link.command(request(Instruction::ROL, 0, 600, 1));
         traffic.link.read(request(Instruction::GAP, 1));
         traffic.sent.clear();
@@ -66,20 +69,20 @@ private Q_SLOTS:
         QVERIFY(traffic.link.isStopping());
         QCOMPARE(traffic.sent, QStringList({"1 3 0 0 0", "1 3 0 1 0"})); // at once
         QCOMPARE(traffic.gaveUp, QStringList({"1 1 0 0 500", "1 2 0 1 600"}));
-        traffic.link.advance(100);
+        traffic.clock.advance(100);
         QVERIFY(!traffic.link.isStopping());
-        QCOMPARE(traffic.sent, QStringList({"1 3 0 0 0", "1 3 0 1 0", "1 3 0 1 0", "1 6 1 0 0"}));
-        traffic.link.advance(2000);
-        QCOMPARE(traffic.link.module().axis(0).velocity(), 0.0);
-        QCOMPARE(traffic.link.module().axis(1).velocity(), 0.0);
+        QCOMPARE(traffic.sent, QStringList({"1 3 0 0 0", "1 3 0 1 0", "1 6 1 0 0"}));
+        traffic.clock.advance(2000);
+        QCOMPARE(traffic.wire.module().axis(0).velocity(), 0.0);
+        QCOMPARE(traffic.wire.module().axis(1).velocity(), 0.0);
     }
 
     void stopOfOneAxisIsRepeatedAndDropsItsMotion()
     {
         Traffic traffic;
         traffic.link.command(request(Instruction::ROR, 0, 500));
-        traffic.link.advance(1000);
-        traffic.link.wire().setSilent(true);
+        traffic.clock.advance(1000);
+        traffic.wire.link().setSilent(true);
         const Command motions[] = {request(Instruction::ROR, 0, 600),
                                    request(Instruction::ROL, 0, 600),
                                    request(Instruction::MVP, 1, 9999),
@@ -95,14 +98,14 @@ private Q_SLOTS:
         traffic.link.command(request(Instruction::ROL, 0, 600, 1));
         traffic.link.command(request(Instruction::MST, 0));
         QCOMPARE(traffic.gaveUp, lines);
-        traffic.link.advance(500);
+        traffic.clock.advance(500);
         QVERIFY(traffic.link.isStopping());
-        traffic.link.wire().setSilent(false);
-        traffic.link.advance(2000);
+        traffic.wire.link().setSilent(false);
+        traffic.clock.advance(2000);
         QVERIFY(!traffic.link.isStopping());
-        QCOMPARE(traffic.link.module().axis(0).velocity(), 0.0);
-        QCOMPARE(traffic.link.module().axis(0).read(Number::Acceleration), 777);
-        QCOMPARE(qRound(traffic.link.module().axis(1).velocity()), -600);
+        QCOMPARE(traffic.wire.module().axis(0).velocity(), 0.0);
+        QCOMPARE(traffic.wire.module().axis(0).read(Number::Acceleration), 777);
+        QCOMPARE(qRound(traffic.wire.module().axis(1).velocity()), -600);
     }
 
     void stopThatTheModuleCannotTakeBlocksNothing()
@@ -111,18 +114,18 @@ private Q_SLOTS:
         traffic.link.command(request(Instruction::MST, 0, 0, 7));
         traffic.link.command(Command(9, toByte(Instruction::MST), 0, 0, 0));
         traffic.link.command(request(Instruction::SAP, Number::Acceleration, 777));
-        traffic.link.advance(200);
+        traffic.clock.advance(200);
         QVERIFY(!traffic.link.isStopping());
-        QCOMPARE(traffic.link.module().axis(0).read(Number::Acceleration), 777);
+        QCOMPARE(traffic.wire.module().axis(0).read(Number::Acceleration), 777);
     }
 
     void silentModule()
     {
         Traffic traffic;
-        traffic.link.wire().setSilent(true);
+        traffic.wire.link().setSilent(true);
         traffic.link.command(request(Instruction::ROR, 0, 500));
         traffic.link.read(request(Instruction::GAP, Number::ActualPosition));
-        traffic.link.advance(1000);
+        traffic.clock.advance(1000);
         QCOMPARE(traffic.link.state(), ModuleLink::State::Silent);
         QCOMPARE(traffic.sent.count("1 1 0 0 500"), 1); // never repeated
         QCOMPARE(traffic.sent.count("1 6 1 0 0"), 3);
@@ -130,42 +133,42 @@ private Q_SLOTS:
 
         traffic.link.stopAll();
         traffic.link.command(request(Instruction::ROR, 0, 700)); // waits behind the stop
-        traffic.link.advance(1500);
+        traffic.clock.advance(1500);
         QVERIFY(traffic.link.isStopping());
         QCOMPARE(traffic.gaveUp.last(), QString("1 1 0 0 700"));
-        traffic.link.wire().setSilent(false);
-        traffic.link.advance(300);
+        traffic.wire.link().setSilent(false);
+        traffic.clock.advance(300);
         QVERIFY(!traffic.link.isStopping());
         QCOMPARE(traffic.link.state(), ModuleLink::State::Answering);
         QVERIFY(!traffic.sent.contains("1 1 0 0 700"));
-        QCOMPARE(traffic.link.module().axis(0).velocity(), 0.0);
+        QCOMPARE(traffic.wire.module().axis(0).velocity(), 0.0);
     }
 
     void quietModuleIsAskedWhetherItAnswers()
     {
         Traffic traffic;
-        traffic.link.advance(1000);
+        traffic.clock.advance(1000);
         QVERIFY(traffic.sent.size() >= 3 && traffic.sent.size() <= 5);
-        traffic.link.wire().setSilent(true);
-        traffic.link.advance(600);
+        traffic.wire.link().setSilent(true);
+        traffic.clock.advance(600);
         QCOMPARE(traffic.link.state(), ModuleLink::State::Silent);
-        traffic.link.wire().setSilent(false);
-        traffic.link.advance(150);
+        traffic.wire.link().setSilent(false);
+        traffic.clock.advance(150);
         QCOMPARE(traffic.link.state(), ModuleLink::State::Answering);
     }
 
     void badWeatherLosesNoRead()
     {
-        ModuleLink link([] {
-            Weather weather;
-            weather.seed = 5;
-            weather.replyLoss = 0.2;
-            weather.duplicate = 0.2;
-            weather.foreignReply = 0.3;
-            weather.lateReply = 0.1;
-            return weather;
-        }());
-        link.module().axis(0).write(Number::ActualPosition, 1234);
+        Simulated::Weather weather;
+        weather.seed = 5;
+        weather.replyLoss = 0.2;
+        weather.duplicate = 0.2;
+        weather.foreignReply = 0.3;
+        weather.lateReply = 0.1;
+        HostClock clock;
+        SimulatedWire wire(clock, weather);
+        ModuleLink link(clock, wire, SimulatedWire::profile());
+        wire.module().axis(0).write(Number::ActualPosition, 1234);
         int right = 0;
         int wrong = 0;
         connect(&link, &ModuleLink::answered, this,
@@ -181,7 +184,7 @@ private Q_SLOTS:
         link.open();
         for (int i = 0; i < 200; ++i) {
             link.read(request(Instruction::GAP, Number::ActualPosition));
-            link.advance(400);
+            clock.advance(400);
         }
         QCOMPARE(wrong, 0);
         QVERIFY2(right >= 195, qPrintable(QString::number(right)));
@@ -194,10 +197,10 @@ private Q_SLOTS:
         traffic.link.doDirectRequest(new Command(request(Instruction::GAP, Number::Acceleration)),
                                      &reply);
         QVERIFY(reply.isValid());
-        QCOMPARE(reply.getValue(), traffic.link.module().axis(0).read(Number::Acceleration));
+        QCOMPARE(reply.getValue(), traffic.wire.module().axis(0).read(Number::Acceleration));
 
         Command none;
-        traffic.link.wire().setSilent(true);
+        traffic.wire.link().setSilent(true);
         traffic.link.doDirectRequest(new Command(request(Instruction::GAP, 1)), &none);
         QVERIFY(!none.isValid());
 
@@ -210,7 +213,7 @@ private Q_SLOTS:
         QCOMPARE(traffic.gaveUp, QStringList({"1 6 1 0 0", "1 142 4 0 0", "1 5 4 0 700"}));
 
         // a stop while it is on its way ends it
-        traffic.link.wire().setSilent(false);
+        traffic.wire.link().setSilent(false);
         const QObject context;
         connect(&traffic.link, &ModuleLink::sent, &context, [&traffic](const Command& request) {
             if (carries(request.getCommand(), Instruction::GAP))
@@ -241,7 +244,7 @@ private Q_SLOTS:
         traffic.link.command(request(Instruction::ROR, 0, 5));
         traffic.link.read(request(Instruction::GAP, 1));
         traffic.link.stopAll();
-        traffic.link.advance(100);
+        traffic.clock.advance(100);
         QCOMPARE(traffic.sent, QStringList());
         QCOMPARE(traffic.gaveUp, QStringList("1 1 0 0 5"));
     }

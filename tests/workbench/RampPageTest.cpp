@@ -1,12 +1,10 @@
 #include "RampPage.h"
-#include "CommandText.h"
 #include "Connection.h"
 #include "Instruction.h"
+#include "OpenBench.h"
 #include "RampCurve.h"
 #include "SpinBox.h"
 #include "TestCase.h"
-#include "User.h"
-#include "Workbench.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -17,31 +15,19 @@ namespace Number = AxisParameterNumber;
 namespace
 {
 
-/// A connected workbench at its ramp page, with every command that leaves for the module.
-struct RampBench {
-    Workbench bench;
+/// A connected workbench at its ramp page.
+struct RampBench : OpenBench {
     RampPage* page;
     QPushButton* move;
-    SimulatedAxis& axis;
-    QStringList sent;
 
     explicit RampBench(const QStringList& arguments = {})
-        : bench(WorkbenchOptions::parse(
-              QStringList{"axrworkbench", "--photo", "x", "--page", "ramp"} + arguments,
-              Workbench::pageNames()))
-        , page(bench.findChild<RampPage*>())
+        : OpenBench("ramp", arguments)
+        , page(findChild<RampPage*>())
         , move(User::find<QPushButton>(page, "btnRampMove"))
-        , axis(bench.link().module().axis(0))
     {
-        QObject::connect(&bench.link(), &ModuleLink::sent, [this](const Command& request) {
-            if (!isRead(request))
-                sent << requestText(request);
-        });
-        bench.show();
-        User::click(User::find<QPushButton>(bench.findChild<Connection*>(), "btnConnect"));
-        do // all that the pages ask for at first
-            bench.advance(500);
-        while (bench.link().pendingReads() > 1);
+        open(500);
+        while (link().pendingReads() > 1) // all that the pages ask for at first
+            advance(500);
     }
 
     void enter(const char* box, double value) { User::find<SpinBox>(page, box)->setValue(value); }
@@ -50,7 +36,7 @@ struct RampBench {
     void finish()
     {
         for (int i = 0; i < 2000 && !isIdle(); ++i)
-            bench.advance(50);
+            advance(50);
     }
     int moves() const { return sent.filter("MVP").size(); }
 };
@@ -66,13 +52,13 @@ private Q_SLOTS:
         RampBench ramp;
         ramp.enter("sbMaxPosVel", 50000);
         ramp.enter("sbAcceleration", 1000);
-        ramp.bench.advance(1000);
+        ramp.advance(1000);
         QVERIFY(ramp.sent.isEmpty());
         User::find<QCheckBox>(ramp.page, "cbLeft")->setChecked(true);
-        const int before = ramp.axis.read(Number::ActualPosition);
+        const int before = ramp.axis().read(Number::ActualPosition);
         QVERIFY(ramp.shown("lblPlan").contains("698 rpm") &&
                 ramp.shown("lblPlan").contains("1705 rpm/s"));
-        ramp.bench.link().read( // another page's, answered before those of the move
+        ramp.link().read( // another page's, answered before those of the move
             Command(1, toByte(Instruction::GAP), toByte(Number::Temperature), 0, 0));
         User::click(ramp.move);
         QVERIFY(!ramp.move->isEnabled());
@@ -80,7 +66,7 @@ private Q_SLOTS:
         // 50000 x 0.9537 x 60 / 4096, and that of 1000 divided by k
         QCOMPARE(ramp.sent, (QStringList{"SAP 4 = 698, axis 0", "SAP 11 = 1705, axis 0",
                                          "MVP 1 = -100000, axis 0"}));
-        QCOMPARE(ramp.axis.read(Number::ActualPosition), before - 100000);
+        QCOMPARE(ramp.axis().read(Number::ActualPosition), before - 100000);
         QVERIFY(ramp.move->isEnabled());
         QCOMPARE(ramp.page->move().peak(), 698.0);
     }
@@ -102,7 +88,7 @@ private Q_SLOTS:
             QVERIFY2(!ramp.move->isEnabled(), row.box);
             QVERIFY(ramp.shown("lblPlan").contains("out of"));
             User::click(ramp.move);
-            ramp.bench.advance(100);
+            ramp.advance(100);
             ramp.enter(row.box, good);
         }
         QVERIFY(ramp.sent.isEmpty());
@@ -119,8 +105,8 @@ private Q_SLOTS:
                     {Number::EncoderSteps, 5000, "have changed"}};
         for (const auto& row : rows) {
             RampBench ramp;
-            ramp.axis.write(row.number, row.value); // as another host would
-            ramp.bench.link().module().advance(500);
+            ramp.axis().write(row.number, row.value); // as another host would
+            ramp.simulator().module.advance(500);
             User::click(ramp.move);
             ramp.finish();
             QVERIFY2(ramp.shown("lblTurned").contains(row.reason), row.reason);
@@ -165,20 +151,20 @@ private Q_SLOTS:
             for (bool isKey : {false, true}) {
                 QVERIFY(ramp.move->isEnabled());
                 User::click(ramp.move);
-                ramp.bench.advance(after);
+                ramp.advance(after);
                 preparing += ramp.page->move().state() == RampMove::State::Preparing;
                 moving += ramp.page->move().state() == RampMove::State::Moving;
-                const int position = ramp.axis.read(Number::ActualPosition);
+                const int position = ramp.axis().read(Number::ActualPosition);
                 if (isKey)
-                    ramp.bench.stopAxes();
+                    ramp.stopAxes();
                 else
                     User::click(User::find<QPushButton>(ramp.page, "btnRampStop"));
                 const int moves = ramp.moves();
-                ramp.bench.advance(4000);
+                ramp.advance(4000);
                 const QByteArray where = QString("after %1 ms").arg(after).toLatin1();
                 QVERIFY2(ramp.moves() == moves, where);
-                QVERIFY2(ramp.axis.velocity() == 0.0, where);
-                QVERIFY2(ramp.axis.read(Number::ActualPosition) - position < 20000, where);
+                QVERIFY2(ramp.axis().velocity() == 0.0, where);
+                QVERIFY2(ramp.axis().read(Number::ActualPosition) - position < 20000, where);
                 QVERIFY2(ramp.isIdle(), where);
             }
         }
@@ -190,32 +176,31 @@ private Q_SLOTS:
     {
         RampBench ramp;
         bool isTaken = true;
-        QObject::connect(&ramp.bench.link(), &ModuleLink::sent, &ramp.bench,
-                         [&](const Command& request) {
-                             if (carries(request.getCommand(), Instruction::MVP))
-                                 isTaken = isTaken && ramp.axis.read(Number::MaxVelocity) == 1397 &&
-                                           ramp.axis.read(Number::Acceleration) == 3411;
-                         });
+        QObject::connect(&ramp.link(), &ModuleLink::sent, &ramp, [&](const Command& request) {
+            if (carries(request.getCommand(), Instruction::MVP))
+                isTaken = isTaken && ramp.axis().read(Number::MaxVelocity) == 1397 &&
+                          ramp.axis().read(Number::Acceleration) == 3411;
+        });
         int moved = 0;
         for (unsigned seed = 1; seed <= 25; ++seed) {
             const QByteArray where = QString("seed %1").arg(seed).toLatin1();
-            ramp.axis.write(Number::MaxVelocity, 100); // what a lost request would leave
-            ramp.axis.write(Number::Acceleration, 100);
-            Weather weather;
+            ramp.axis().write(Number::MaxVelocity, 100); // what a lost request would leave
+            ramp.axis().write(Number::Acceleration, 100);
+            Simulated::Weather weather;
             weather.seed = seed;
             weather.maximumDelay = 8;
             weather.requestLoss = 0.06;
             weather.replyLoss = 0.15;
             weather.failureStatus = 0.08;
             weather.duplicate = weather.foreignReply = weather.lateReply = 0.05;
-            ramp.bench.link().wire().setWeather(weather);
+            ramp.wire().setWeather(weather);
             ramp.sent.clear();
             QVERIFY2(ramp.move->isEnabled(), where);
             User::click(ramp.move);
             ramp.finish();
             QVERIFY2(ramp.isIdle() && ramp.moves() <= 1, where);
-            ramp.bench.link().wire().setWeather(Weather());
-            ramp.bench.advance(3000);
+            ramp.wire().setWeather(Simulated::Weather());
+            ramp.advance(3000);
             QVERIFY2(isTaken && ramp.moves() <= 1, where);
             if (ramp.page->move().peak() > 0) {
                 ++moved;
@@ -230,19 +215,19 @@ private Q_SLOTS:
         for (int after : {0, 1, 2, 3, 4, 5}) {
             RampBench ramp;
             User::click(ramp.move);
-            ramp.bench.advance(after);
+            ramp.advance(after);
             const bool isMoving = ramp.page->move().state() == RampMove::State::Moving;
-            ramp.bench.link().wire().setSilent(true);
-            ramp.bench.showPage("console"); // where the page is not polled
-            ramp.bench.advance(5000);
-            ramp.bench.link().wire().setSilent(false);
+            ramp.wire().setSilent(true);
+            ramp.showPage("console"); // where the page is not polled
+            ramp.advance(5000);
+            ramp.wire().setSilent(false);
             const int moves = ramp.moves();
-            ramp.bench.advance(2000);
-            ramp.bench.showPage("ramp");
-            ramp.bench.advance(3000);
+            ramp.advance(2000);
+            ramp.showPage("ramp");
+            ramp.advance(3000);
             QVERIFY(ramp.isIdle());
             QCOMPARE(ramp.moves(), moves);
-            QVERIFY(isMoving || ramp.axis.velocity() == 0.0);
+            QVERIFY(isMoving || ramp.axis().velocity() == 0.0);
         }
     }
 
@@ -250,10 +235,10 @@ private Q_SLOTS:
     {
         RampBench ramp;
         User::click(ramp.move);
-        ramp.bench.advance(300);
+        ramp.advance(300);
         QVERIFY(ramp.page->move().state() == RampMove::State::Moving);
-        User::click(User::find<QPushButton>(ramp.bench.findChild<Connection*>(), "btnDisconnect"));
-        ramp.bench.advance(100);
+        User::click(User::find<QPushButton>(ramp.findChild<Connection*>(), "btnDisconnect"));
+        ramp.advance(100);
         QVERIFY(ramp.isIdle() && !ramp.move->isEnabled());
         QVERIFY(ramp.shown("lblTurned").contains("disconnected"));
     }

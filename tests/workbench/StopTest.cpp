@@ -3,7 +3,7 @@
 #include "Connection.h"
 #include "Global.h"
 #include "Instruction.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "RampPage.h"
 #include "TestCase.h"
 #include "User.h"
@@ -98,9 +98,9 @@ const State states[] = {
      [](Bench& bench) { bench.command(Instruction::SAP, Number::TargetCurrent, 500); }},
     {"commands wait",
      [](Bench& bench) {
-         Weather slow;
+         Simulated::Weather slow;
          slow.minimumDelay = slow.maximumDelay = 80;
-         bench.link().wire().setWeather(slow);
+         bench.simulator().link.setWeather(slow);
          bench.command(Instruction::ROR, 0, 2000);
          bench.advance(5);
          bench.command(Instruction::ROL, 0, 2000, 1);
@@ -110,9 +110,9 @@ const State states[] = {
      [](Bench& bench) {
          bench.showPage("ramp");
          bench.advance(500);
-         Weather slow;
+         Simulated::Weather slow;
          slow.minimumDelay = slow.maximumDelay = 20;
-         bench.link().wire().setWeather(slow);
+         bench.simulator().link.setWeather(slow);
          User::click(User::find<QPushButton>(&bench, "btnRampMove"));
          bench.advance(30);
          QCOMPARE(bench.findChild<RampPage*>()->move().state(), RampMove::State::Preparing);
@@ -159,7 +159,6 @@ const State captures[] = {
                               context->disconnect();
                               context->deleteLater();
                               bench.stopAxes();
-                              bench.sent.clear();
                           });
          bench.startCapture(0, VelocityHigher, 3000);
          QVERIFY(bench.waitFor([&] { return bench.hasSent("MST"); }));
@@ -209,7 +208,7 @@ private:
             QCoreApplication::processEvents();
             bench.advance(50);
             for (int axis = 0; axis < SimulatedModule::Axes; ++axis)
-                QVERIFY2(bench.link().module().axis(axis).velocity() == 0,
+                QVERIFY2(bench.simulator().module.axis(axis).velocity() == 0,
                          qPrintable(bench.sent.join(", ")));
         }
     }

@@ -1,26 +1,24 @@
-#include "Workbench.h"
 #include "CANConnection.h"
-#include "CommandText.h"
 #include "Connection.h"
-#include "GalleryWidgets.h"
-#include "ParameterTable.h"
-#include "PositionControl.h"
+#include "Instruction.h"
+#include "OpenBench.h"
+#include "ParameterCatalogue.h"
 #include "SpinBox.h"
 #include "TestCase.h"
 #include "TraceController.h"
-#include "User.h"
-#include "VelocityControl.h"
 #include "WTraceController.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
-#include <QScrollBar>
-#include <QSlider>
 #include <QSpinBox>
 #include <QTableView>
 #include <QTableWidget>
+
+namespace Number = AxisParameterNumber;
 
 namespace
 {
@@ -30,33 +28,19 @@ WorkbenchOptions parse(const QStringList& arguments)
     return WorkbenchOptions::parse(QStringList("axrworkbench") + arguments, Workbench::pageNames());
 }
 
-void open(Workbench& bench)
-{
-    User::click(User::find<QPushButton>(bench.findChild<Connection*>(), "btnConnect"));
-    bench.advance(300);
-}
-
-/// A connected workbench at its parameters page, with every write that goes out.
-struct ParameterSheet {
-    Workbench bench;
+/// A connected workbench at its parameters page.
+struct ParameterSheet : OpenBench {
     QTableView* table;
-    QComboBox* axis;
+    QComboBox* axisBox;
     SpinBox* box;
-    QStringList writes;
 
-    explicit ParameterSheet(const QStringList& arguments)
-        : bench(parse(QStringList{"--photo", "x", "--page", "parameters"} + arguments))
-        , table(User::find<QWidget>(&bench, "parameters")->findChild<QTableView*>())
-        , axis(User::find<QWidget>(&bench, "parameters")->findChild<QComboBox*>())
-        , box(User::find<SpinBox>(&bench, "sbParameter"))
+    explicit ParameterSheet(const QStringList& arguments = {})
+        : OpenBench("parameters", arguments)
+        , table(User::find<QWidget>(this, "parameters")->findChild<QTableView*>())
+        , axisBox(User::find<QWidget>(this, "parameters")->findChild<QComboBox*>())
+        , box(find<SpinBox>("parameters", "sbParameter"))
     {
-        QObject::connect(&bench.link(), &ModuleLink::sent, [this](const Command& request) {
-            const QString text = requestText(request);
-            if (text.startsWith("SAP"))
-                writes << text;
-        });
-        bench.show();
-        open(bench);
+        open();
     }
 
     QModelIndex valueOf(int number) const
@@ -65,6 +49,13 @@ struct ParameterSheet {
         while (table->model()->index(row, 0).data().toInt() != number)
             ++row;
         return table->model()->index(row, 2);
+    }
+    void typeOver(const QString& text)
+    {
+        box->setFocus();
+        box->selectAll();
+        User::type(box, text);
+        advance(1500);
     }
 };
 
@@ -87,36 +78,17 @@ private Q_SLOTS:
         QVERIFY(options.silent && options.unattended());
         QCOMPARE(parse({"--help"}).action, WorkbenchOptions::Action::Help);
         QVERIFY(!parse({}).unattended());
+        for (const char* bad :
+             {"--fly", "--page kitchen", "--seed x", "--seed 1.5", "--delay 0.5", "--late 101",
+              "--late nan", "tour", "--tour", "--tour ", "--theme half", "--theme ",
+              "--font-size 13", "--tour a --photo b", "--gallery a --photo b"}) {
+            const WorkbenchOptions refused = parse(QString(bad).split(' '));
+            QVERIFY2(refused.action == WorkbenchOptions::Action::Error, bad);
+            QVERIFY2(!refused.text.isEmpty() && !refused.text.contains('\n'), bad);
+        }
     }
 
-    void badCommandLine_data()
-    {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::newRow("unknown option") << QStringList{"--fly"};
-        QTest::newRow("unknown page") << QStringList{"--page", "kitchen"};
-        QTest::newRow("no number") << QStringList{"--seed", "x"};
-        QTest::newRow("half a seed") << QStringList{"--seed", "1.5"};
-        QTest::newRow("half a millisecond") << QStringList{"--delay", "0.5"};
-        QTest::newRow("out of range") << QStringList{"--late", "101"};
-        QTest::newRow("not a number") << QStringList{"--late", "nan"};
-        QTest::newRow("stray word") << QStringList{"tour"};
-        QTest::newRow("missing value") << QStringList{"--tour"};
-        QTest::newRow("empty value") << QStringList{"--tour", ""};
-        QTest::newRow("half a theme") << QStringList{"--theme", "half"};
-        QTest::newRow("no theme") << QStringList{"--theme", ""};
-        QTest::newRow("odd font size") << QStringList{"--font-size", "13"};
-        QTest::newRow("two jobs") << QStringList{"--tour", "a", "--photo", "b"};
-        QTest::newRow("two others") << QStringList{"--gallery", "a", "--photo", "b"};
-    }
-    void badCommandLine()
-    {
-        QFETCH(QStringList, arguments);
-        const WorkbenchOptions options = parse(arguments);
-        QCOMPARE(options.action, WorkbenchOptions::Action::Error);
-        QVERIFY(!options.text.isEmpty() && !options.text.contains('\n'));
-    }
-
-    void lookIsRemembered()
+    void whatIsRemembered()
     {
         const auto lookOf = [](const QStringList& arguments) {
             Workbench bench(parse(arguments));
@@ -129,59 +101,40 @@ private Q_SLOTS:
         QCOMPARE(lookOf({"--theme", "on", "--font-size", "20"}), QString("#ffffff 20"));
         QCOMPARE(lookOf({}), QString("#000000 20")); // an option is for once, the size is a click
         {
-            Workbench bench(parse({}));
+            Workbench bench(parse({"--page", "motion"}));
+            bench.resize(1000, 700);
             bench.show();
             User::click(User::find<QCheckBox>(&bench, "cbTheme"));
+            bench.close();
         }
         QCOMPARE(lookOf({}), QString("#ffffff 20"));
         QCOMPARE(lookOf({"--theme", "off"}), QString("#000000 20"));
-    }
-
-    void noFieldTakesTheFocusByWheel()
-    {
-        Workbench bench(parse({"--photo", "x"}));
-        QList<QWidget*> roots{&bench};
-        for (const GalleryWidget& entry : galleryWidgets())
-            roots << entry.make();
-        int fields = 0;
-        for (QWidget* root : qAsConst(roots)) {
-            QList<QWidget*> widgets = root->findChildren<QWidget*>();
-            widgets << root;
-            for (const QWidget* field : qAsConst(widgets)) {
-                if (!qobject_cast<const QAbstractSpinBox*>(field) &&
-                    !qobject_cast<const QComboBox*>(field) &&
-                    (!qobject_cast<const QAbstractSlider*>(field) ||
-                     qobject_cast<const QScrollBar*>(field)))
-                    continue;
-                ++fields;
-                QVERIFY2(field->focusPolicy() != Qt::WheelFocus, qPrintable(field->objectName()));
-            }
-        }
-        QVERIFY(fields > 50);
-        qDeleteAll(roots.cbegin() + 1, roots.cend());
+        Workbench again(parse({}));
+        QCOMPARE(again.size(), QSize(1000, 700));
+        again.show();
+        QVERIFY(User::find<QWidget>(&again, "motion")->isVisible());
     }
 
     void theLastLinkIsConnectedAgain()
     {
-        const auto connectedBy = [](const QStringList& arguments, const char* panel) {
+        const auto connectedBy = [](const QStringList& arguments, bool byCan) {
             Workbench bench(parse(arguments));
             bench.show();
-            if (panel)
+            if (byCan)
                 User::click(
                     User::find<QPushButton>(bench.findChild<CANConnection*>(), "btnConnect"));
             bench.advance(300);
             return bench.linkText();
         };
-        QCOMPARE(connectedBy({}, nullptr), QString("Not connected"));
-        QCOMPARE(connectedBy({"--connect"}, nullptr), QString("Connected: SIM1"));
-        QCOMPARE(connectedBy({}, "CAN"), QString("Connected: CAN, 1000 kBit/s"));
-        QCOMPARE(connectedBy({"--connect"}, nullptr), QString("Connected: CAN, 1000 kBit/s"));
+        QCOMPARE(connectedBy({}, false), QString("Not connected"));
+        QCOMPARE(connectedBy({"--connect"}, false), QString("Connected: SIM1"));
+        QCOMPARE(connectedBy({}, true), QString("Connected: CAN, 1000 kBit/s"));
+        QCOMPARE(connectedBy({"--connect"}, false), QString("Connected: CAN, 1000 kBit/s"));
     }
 
     void pagesThatNeedALinkSaySo()
     {
-        Workbench bench(parse({"--photo", "x"}));
-        bench.show();
+        OpenBench bench("connection");
         const auto pagesWithNotice = [&bench] {
             QStringList names;
             for (const QString& name : Workbench::pageNames()) {
@@ -196,30 +149,61 @@ private Q_SLOTS:
         QCOMPARE(pagesWithNotice(), QString());
     }
 
+    void pagesByKeyAndByTyping()
+    {
+        OpenBench bench("connection");
+        const auto* list = User::find<QListWidget>(&bench, "lwPages");
+        const auto pageAfter = [&](const QString& digits) { // typed while Ctrl is held
+            for (QChar digit : digits) {
+                for (bool isPress : {true, false})
+                    QTest::simulateEvent(&bench, isPress, digit.unicode(), Qt::ControlModifier,
+                                         QString(), false);
+            }
+            QTest::keyRelease(&bench, Qt::Key_Control);
+            return list->currentRow() + 1;
+        };
+        for (int number = 1; number <= list->count(); ++number)
+            QCOMPARE(pageAfter(QString::number(number)), number);
+        QCOMPARE(pageAfter("0"), 10);
+        QCOMPARE(pageAfter("99"), 9); // there is no such page
+        QCOMPARE(pageAfter("21"), 1);
+
+        auto* line = User::find<QLineEdit>(&bench, "leFindPage");
+        QTest::keyClick(&bench, Qt::Key_F, Qt::ControlModifier);
+        QVERIFY(line->hasFocus());
+        User::type(line, "ARA"); // parameters
+        QCOMPARE(list->currentRow(), 0);
+        QTest::keyClick(line, Qt::Key_Return);
+        QCOMPARE(list->currentItem()->text(), QString("Parameters"));
+        QVERIFY(line->text().isEmpty() && list->hasFocus());
+        line->setFocus();
+        User::type(line, "no such");
+        QTest::keyClick(line, Qt::Key_Return);
+        QCOMPARE(list->currentItem()->text(), QString("Parameters"));
+        QTest::keyClick(line, Qt::Key_Escape);
+        for (int row = 0; row < list->count(); ++row)
+            QVERIFY(!list->item(row)->isHidden());
+    }
+
     void aRelativeMoveWaitsForThePosition()
     {
-        Workbench bench(parse({"--photo", "x", "--page", "motion", "--silent", "--connect"}));
-        bench.show();
-        bench.advance(1000);
-        auto* move = User::find<QPushButton>(
-            User::find<PositionControl>(&bench, "PositionControl1"), "btnMoveRelative");
+        OpenBench bench("motion", {"--silent"});
+        bench.open();
+        auto* move = bench.find<QPushButton>("PositionControl1", "btnMoveRelative");
         QVERIFY(!move->isEnabled());
-        bench.link().wire().setSilent(false);
+        bench.wire().setSilent(false);
         bench.advance(1000);
         QVERIFY(move->isEnabled());
     }
 
     void delaysAndScalesActWhenTheEntryEnds()
     {
-        Workbench bench(parse({"--photo", "x", "--page", "graph", "--connect", "--delay", "30"}));
-        bench.show();
-        bench.advance(1000);
+        OpenBench bench("graph", {"--delay", "30"});
+        bench.open();
         int boxes = 0;
-        for (const QWidget* page :
-             {User::find<QWidget>(&bench, "graph"), User::find<QWidget>(&bench, "polling")}) {
-            for (QSpinBox* box : page->findChildren<QSpinBox*>()) {
+        for (const char* page : {"graph", "polling"}) {
+            for (auto* box : User::find<QWidget>(&bench, page)->findChildren<QSpinBox*>()) {
                 const bool isDelay = box->objectName() == "sbDelay";
-                const int first = box->value();
                 QSignalSpy told(box, QOverload<int>::of(&QSpinBox::valueChanged));
                 box->setEnabled(true);
                 box->selectAll();
@@ -231,7 +215,7 @@ private Q_SLOTS:
                 box->selectAll();
                 User::type(box, "0");
                 QTest::keyClick(box, Qt::Key_Return);
-                QVERIFY(!isDelay || (box->value() >= 30 && first >= 30));
+                QVERIFY(!isDelay || box->value() >= 30); // what the link answers
                 ++boxes;
             }
         }
@@ -240,240 +224,179 @@ private Q_SLOTS:
 
     void whatIsBeingEditedIsNotAskedFor()
     {
-        Workbench bench(parse({"--photo", "x", "--page", "motion", "--connect"}));
-        bench.show();
-        QApplication::setActiveWindow(&bench);
-        bench.advance(1000);
-        QStringList sent;
-        connect(&bench.link(), &ModuleLink::sent, this,
-                [&sent](const Command& request) { sent << requestText(request); });
-        const Command other(1, 5, toByte(AxisParameterNumber::Acceleration), 0, 777);
-        auto* box = User::find<SpinBox>(User::find<QWidget>(&bench, "VelocityRampControl0"),
-                                        "sbAcceleration");
+        OpenBench bench("motion");
+        bench.open();
+        QStringList reads;
+        connect(&bench.link(), &ModuleLink::sent, this, [&reads](const Command& request) {
+            if (isRead(request))
+                reads << requestText(request);
+        });
+        auto* box = bench.find<SpinBox>("VelocityRampControl0", "sbAcceleration");
         box->setFocus();
         box->selectAll();
         User::type(box, "12");
-        bench.link().command(other); // is read back once the entry has ended
+        bench.link().command( // is read back once the entry has ended
+            Command(1, toByte(Instruction::SAP), toByte(Number::Acceleration), 0, 777));
         bench.advance(500);
-        QVERIFY(sent.contains("SAP 11 = 777, axis 0") && !sent.contains("GAP 11 = 0, axis 0"));
+        QVERIFY(bench.sent.contains("SAP 11 = 777, axis 0"));
+        QVERIFY(!reads.contains("GAP 11 = 0, axis 0"));
         User::type(box, "34");
         QTest::keyClick(box, Qt::Key_Return);
         bench.advance(500);
-        QCOMPARE(sent.count("SAP 11 = 1234, axis 0"), 1);
-        QVERIFY(sent.contains("GAP 11 = 0, axis 0"));
+        QCOMPARE(bench.sent.count("SAP 11 = 1234, axis 0"), 1);
+        QVERIFY(reads.contains("GAP 11 = 0, axis 0"));
 
         bench.showPage("parameters");
         auto* table = User::find<QWidget>(&bench, "parameters")->findChild<QTableView*>();
-        auto* value = User::find<SpinBox>(&bench, "sbParameter");
+        auto* value = bench.find<SpinBox>("parameters", "sbParameter");
         bench.advance(1000);
         table->setCurrentIndex(table->model()->index(8, 2));
         bench.advance(1000);
         const QString read =
             QString("GAP %1 = 0, axis 0").arg(table->model()->index(8, 0).data().toInt());
-        QVERIFY(sent.contains(read));
+        QVERIFY(reads.contains(read));
         value->setFocus();
         value->selectAll();
         User::type(value, "7");
-        sent.clear();
+        reads.clear();
         bench.advance(1000);
-        QVERIFY(!sent.contains(read));
+        QVERIFY(!reads.contains(read));
         QTest::keyClick(value, Qt::Key_Escape);
         bench.advance(1000);
-        QVERIFY(sent.contains(read));
+        QVERIFY(reads.contains(read));
     }
 
-    void stopKeyWorksFromAnyFocus()
+    /// However the window ends, what it moves stands.
+    void endings()
     {
-        Workbench bench(parse({"--photo", "x"}));
-        bench.show();
-        open(bench);
-        auto* panel = User::find<VelocityControl>(&bench, "VelocityControl0");
-        User::find<QSpinBox>(panel, "sbTargetVelocity")->setValue(300);
-        User::click(User::find<QPushButton>(panel, "btnRight"));
-        bench.advance(1000);
-        QCOMPARE(qRound(bench.link().module().axis(0).velocity()), 300);
-        for (const QString& page : Workbench::pageNames())
-            QVERIFY(bench.showPage(page));
-        QTest::keyClick(User::find<SpinBox>(&bench, "sbParameter"), Qt::Key_F12);
-        bench.advance(1000);
-        QCOMPARE(bench.link().module().axis(0).velocity(), 0.0);
-    }
-
-    void closingTheWindowEndsAJog()
-    {
-        Workbench bench(parse({"--photo", "x", "--page", "motion"}));
-        bench.show();
-        open(bench);
-        auto* panel = User::find<VelocityControl>(&bench, "VelocityControl0");
-        User::find<QSpinBox>(panel, "sbTargetVelocity")->setValue(300);
-        User::press(User::find<QPushButton>(panel, "btnJogLeft"));
-        bench.advance(1000);
-        QCOMPARE(qRound(bench.link().module().axis(0).velocity()), -300);
-        bench.close();
-        bench.link().advance(1000);
-        QCOMPARE(bench.link().module().axis(0).velocity(), 0.0);
-    }
-
-    void disconnectingFinishesTheStop()
-    {
-        Workbench bench(parse({"--photo", "x"}));
-        bench.show();
-        open(bench);
-        SimulatedAxis& axis = bench.link().module().axis(0);
-        axis.rotate(300);
-        bench.advance(1000);
-        bench.link().wire().setSilent(true);
-        bench.stopAxes(); // is not heard
-        bench.link().wire().setSilent(false);
-        User::click(User::find<QPushButton>(bench.findChild<Connection*>(), "btnDisconnect"));
-        QVERIFY(!bench.link().isOpen());
-        bench.advance(1000);
-        QCOMPARE(axis.velocity(), 0.0);
-    }
-
-    void destroyingTheWindowEndsAJog()
-    {
-        QStringList answered;
-        {
-            Workbench bench(parse({"--photo", "x", "--page", "motion"}));
-            bench.show();
-            open(bench);
-            auto* panel = User::find<VelocityControl>(&bench, "VelocityControl0");
-            User::press(User::find<QPushButton>(panel, "btnJogLeft"));
-            bench.advance(100);
-            connect(&bench.link(), &ModuleLink::answered, this,
-                    [&answered](const Command& request) {
-                        answered << requestText(request).section(' ', 0, 0);
-                    });
+        enum Ending { Closed, Destroyed, Disconnected };
+        for (Ending ending : {Closed, Destroyed, Disconnected}) {
+            auto bench = std::make_unique<OpenBench>("motion");
+            bench->open();
+            QStringList answered;
+            connect(&bench->link(), &ModuleLink::answered, this,
+                    [&answered](const Command& request) { answered << requestText(request); });
+            bench->find<QSpinBox>("VelocityControl0", "sbTargetVelocity")->setValue(300);
+            User::press(bench->find<QPushButton>("VelocityControl0", "btnJogLeft"));
+            bench->advance(1000);
+            QCOMPARE(qRound(bench->axis().velocity()), -300);
+            if (ending == Disconnected) {
+                bench->wire().setSilent(true);
+                bench->stopAxes(); // is not heard
+                bench->wire().setSilent(false);
+                User::click(
+                    User::find<QPushButton>(bench->findChild<Connection*>(), "btnDisconnect"));
+                QVERIFY(!bench->link().isOpen());
+            } else if (ending == Closed) {
+                bench->close();
+            } else {
+                bench.reset();
+            }
+            QVERIFY(answered.contains("MST 0 = 0, axis 0"));
+            if (bench) {
+                bench->advance(1000);
+                QCOMPARE(bench->axis().velocity(), 0.0);
+            }
         }
-        QVERIFY2(answered.contains("MST"), qPrintable(answered.join(' ')));
     }
 
     void pollingLeavesASlowModuleRoom()
     {
         constexpr int RoundTrip = 31;
-        Workbench bench(parse({"--photo", "x", "--delay", "30", "--page", "polling"}));
-        bench.show();
-        open(bench);
-        bench.advance(10000); // everything that the pages asked for at the start
-        const QList<QWidget*> graphControllers = {
-            User::find<QWidget>(&bench, "graph")->findChild<WTraceController*>()};
-        User::click(User::find<QPushButton>(graphControllers.first(), "btnStop"));
+        OpenBench bench("polling", {"--delay", "30"});
+        bench.open(10000); // everything that the pages asked for at the start
+        QWidget* graphController =
+            User::find<QWidget>(&bench, "graph")->findChild<WTraceController*>();
+        User::click(User::find<QPushButton>(graphController, "btnStop"));
         const auto* page = User::find<QWidget>(&bench, "polling");
         QList<QWidget*> controllers = {page->findChild<TraceController*>(),
                                        page->findChild<WTraceController*>()};
-        const auto tick = [&bench, &controllers] {
-            for (QWidget* controller : qAsConst(controllers))
-                QMetaObject::invokeMethod(controller, "requestTraceValue");
-            bench.advance(5);
-            return bench.link().pendingReads();
+        const auto tick = [&bench, &controllers](int times) {
+            int most = 0;
+            for (int i = 0; i < times; ++i) {
+                for (QWidget* controller : qAsConst(controllers))
+                    QMetaObject::invokeMethod(controller, "requestTraceValue");
+                bench.advance(5);
+                most = qMax(most, bench.link().pendingReads());
+            }
+            return most;
         };
-        const auto* table = User::find<QTableWidget>(&bench, "twPolled");
-        int most = 0;
-        for (int i = 0; i < 600; ++i)
-            most = qMax(most, tick());
-        QVERIFY2(most <= table->rowCount() + 1, qPrintable(QString::number(most)));
-        const double fair = 1000.0 / RoundTrip / table->rowCount();
-        for (int row = 0; row < table->rowCount(); ++row) {
-            const double rate = table->item(row, 4)->text().toDouble();
-            QVERIFY2(qAbs(rate - fair) <= 1.5, qPrintable(QString::number(rate)));
-        }
+        const auto* table = bench.find<QTableWidget>("polling", "twPolled");
+        const auto expectShares = [table](int values) {
+            for (int row = 0; row < table->rowCount(); ++row) {
+                const double rate = table->item(row, 4)->text().toDouble();
+                QVERIFY2(qAbs(rate - 1000.0 / RoundTrip / values) <= 1.5,
+                         qPrintable(QString::number(rate)));
+            }
+        };
+        QVERIFY(tick(600) <= table->rowCount() + 1);
+        expectShares(table->rowCount());
 
         int answerAfter = 0;
         bool answered = false;
         connect(&bench.link(), &ModuleLink::answered, this, [&answered](const Command& request) {
             answered = answered || requestText(request).startsWith("SAP");
         });
-        bench.link().command(Command(1, 5, toByte(AxisParameterNumber::Acceleration), 0, 777));
+        bench.link().command(
+            Command(1, toByte(Instruction::SAP), toByte(Number::Acceleration), 0, 777));
         for (; !answered && answerAfter < 1000; answerAfter += 5)
-            tick();
+            tick(1);
         QVERIFY2(answerAfter <= 2 * RoundTrip + 5, qPrintable(QString::number(answerAfter)));
 
         bench.showPage("console");
         bench.advance(1000);
-        int reads = 0; // the link's own
-        connect(&bench.link(), &ModuleLink::sent, this, [&reads] { ++reads; });
-        for (int i = 0; i < 200; ++i)
-            tick();
-        QVERIFY2(reads <= 5, qPrintable(QString::number(reads)));
+        const int before = bench.link().answers();
+        tick(200);
+        QVERIFY(bench.link().answers() - before <= 5); // the link's own
 
         // curves are polled whatever page is shown, and take no more than their share
         bench.showPage("polling");
-        controllers += graphControllers;
-        for (int i = 0; i < 600; ++i)
-            tick();
-        const double shared = 1000.0 / RoundTrip / (table->rowCount() + 4);
-        for (int row = 0; row < table->rowCount(); ++row) {
-            const double rate = table->item(row, 4)->text().toDouble();
-            QVERIFY2(qAbs(rate - shared) <= 1.5, qPrintable(QString::number(rate)));
-        }
+        controllers << graphController;
+        tick(600);
+        expectShares(table->rowCount() + 4);
     }
 
     void silenceIsToldOnEveryPage()
     {
-        Workbench bench(parse({"--photo", "x"}));
-        bench.show();
-        open(bench);
-        bench.advance(2000);
+        OpenBench bench("connection");
+        bench.open(2000);
         for (const QString& page : Workbench::pageNames()) {
             bench.showPage(page);
-            bench.link().wire().setSilent(true);
-            bench.advance(1000);
-            QVERIFY2(bench.linkText().contains("not answered"), qPrintable(page));
-            bench.link().wire().setSilent(false);
-            bench.advance(1000);
-            QVERIFY2(!bench.linkText().contains("not answered"), qPrintable(page));
+            for (bool isSilent : {true, false}) {
+                bench.wire().setSilent(isSilent);
+                bench.advance(1000);
+                QVERIFY2(bench.linkText().contains("not answered") == isSilent, qPrintable(page));
+            }
         }
-    }
-
-    void windowStateIsRemembered()
-    {
-        {
-            Workbench bench(parse({"--page", "motion"}));
-            bench.resize(1000, 600);
-            bench.show();
-            bench.close();
-        }
-        Workbench again(parse({}));
-        QCOMPARE(again.size(), QSize(1000, 600));
-        again.show();
-        QVERIFY(User::find<VelocityControl>(&again, "VelocityControl0")->isVisible());
     }
 
     void leavingACellUnchangedWritesNothing()
     {
-        Workbench bench(parse({"--photo", "x", "--page", "parameters"}));
-        bench.show();
-        open(bench);
-        auto* table = User::find<QWidget>(&bench, "parameters")->findChild<QTableView*>();
-        bench.link().module().axis(0).rotate(500);
-        bench.advance(1500);
-        const QModelIndex position = table->model()->index(1, 2);
+        ParameterSheet sheet;
+        sheet.axis().rotate(500);
+        sheet.advance(1500);
+        const QModelIndex position = sheet.valueOf(Number::ActualPosition);
         const int shown = position.data().toInt();
-        table->setCurrentIndex(position);
-        table->edit(position);
-        auto* editor = table->findChild<QSpinBox*>();
+        sheet.table->setCurrentIndex(position);
+        sheet.table->edit(position);
+        auto* editor = sheet.table->findChild<QSpinBox*>();
         QVERIFY(editor);
-        bench.advance(1500);
-        int writes = 0;
-        connect(&bench.link(), &ModuleLink::sent, this, [&writes](const Command& request) {
-            writes += requestText(request).startsWith("SAP");
-        });
         editor->setValue(-77); // typed, and not overwritten by what is polled
-        bench.advance(1500);
+        sheet.advance(1500);
         QCOMPARE(editor->value(), -77);
         editor->setValue(shown);
         QTest::keyClick(editor, Qt::Key_Return);
-        QTRY_VERIFY(!table->isPersistentEditorOpen(position));
-        bench.advance(1500);
-        QCOMPARE(writes, 0);
+        QTRY_VERIFY(!sheet.table->isPersistentEditorOpen(position));
+        sheet.advance(1500);
+        QCOMPARE(sheet.sent, QStringList());
         QVERIFY(position.data().toInt() > shown); // shows what is read again
     }
 
-    void valueThatWasNotReadCannotBeWritten()
+    /// Neither in its cell nor in the field below.
+    void whatWasNotReadCannotBeWritten()
     {
         ParameterSheet sheet({"--silent"});
-        const QModelIndex maximum = sheet.valueOf(AxisParameterNumber::MaxVelocity);
+        const QModelIndex maximum = sheet.valueOf(Number::MaxVelocity);
         const auto leaveUnchanged = [&] {
             sheet.table->setCurrentIndex(maximum);
             QTest::mouseDClick(sheet.table->viewport(), Qt::LeftButton, {},
@@ -481,94 +404,63 @@ private Q_SLOTS:
             if (auto* editor = sheet.table->findChild<QSpinBox*>())
                 QTest::keyClick(editor, Qt::Key_Return);
             QCoreApplication::processEvents();
-            sheet.bench.advance(500);
+            QTest::keyClick(sheet.box, Qt::Key_Return);
+            sheet.advance(500);
+            return bool(maximum.flags() & Qt::ItemIsEditable);
         };
-        leaveUnchanged();
-        QVERIFY(!(maximum.flags() & Qt::ItemIsEditable));
-        sheet.bench.link().wire().setSilent(false);
-        sheet.bench.advance(1500);
-        QVERIFY(maximum.flags() & Qt::ItemIsEditable);
-        leaveUnchanged();
-        sheet.bench.link().wire().setSilent(true);
-        sheet.axis->setCurrentIndex(1);
-        leaveUnchanged();
-        QCOMPARE(sheet.writes, QStringList());
-        QVERIFY(!(maximum.flags() & Qt::ItemIsEditable));
-    }
-
-    void fieldOfAParameterWaitsForItsValue()
-    {
-        ParameterSheet sheet({"--silent"});
-        sheet.table->setCurrentIndex(sheet.valueOf(AxisParameterNumber::Acceleration));
-        QTest::keyClick(sheet.box, Qt::Key_Return);
-        QVERIFY(!sheet.box->isEnabled());
-        QCOMPARE(sheet.box->styleSheet(), QString());
-        sheet.bench.link().wire().setSilent(false);
-        sheet.bench.advance(1500);
+        QVERIFY(!leaveUnchanged());
+        QVERIFY(!sheet.box->isEnabled() && sheet.box->styleSheet().isEmpty());
+        sheet.wire().setSilent(false);
+        sheet.advance(1500);
+        QVERIFY(leaveUnchanged());
         QVERIFY(sheet.box->isEnabled());
-        QCOMPARE(sheet.box->value(), 5000.0);
-        QTest::keyClick(sheet.box, Qt::Key_Return);
-        sheet.bench.advance(500);
-        QCOMPARE(sheet.writes, QStringList());
-        sheet.bench.link().wire().setSilent(true);
-        sheet.axis->setCurrentIndex(1);
+        QCOMPARE(sheet.box->value(), 4000.0);
+        sheet.wire().setSilent(true);
+        sheet.axisBox->setCurrentIndex(1);
+        QVERIFY(!leaveUnchanged());
         QVERIFY(!sheet.box->isEnabled());
-        sheet.bench.link().wire().setSilent(false);
-        sheet.bench.advance(1500);
-        QVERIFY(sheet.box->isEnabled());
-        sheet.table->setCurrentIndex(sheet.valueOf(AxisParameterNumber::ActualVelocity));
-        QVERIFY(!sheet.box->isEnabled());
+        QCOMPARE(sheet.sent, QStringList());
+        sheet.wire().setSilent(false);
+        sheet.advance(1500);
+        sheet.table->setCurrentIndex(sheet.valueOf(Number::ActualVelocity));
+        QVERIFY(!sheet.box->isEnabled()); // is read only
     }
 
     void typedDigitsStayWhileAnswersCome()
     {
-        ParameterSheet sheet({});
-        SimulatedAxis& axis = sheet.bench.link().module().axis(0);
-        sheet.table->setCurrentIndex(sheet.valueOf(AxisParameterNumber::Acceleration));
-        sheet.bench.advance(1500);
-        const auto typeOver = [&sheet](const QString& text) {
-            sheet.box->setFocus();
-            sheet.box->selectAll();
-            User::type(sheet.box, text);
-            sheet.bench.advance(1500);
-        };
-        typeOver("12");
+        ParameterSheet sheet;
+        sheet.table->setCurrentIndex(sheet.valueOf(Number::Acceleration));
+        sheet.advance(1500);
+        sheet.typeOver("12");
         User::type(sheet.box, "34");
         QTest::keyClick(sheet.box, Qt::Key_Return);
-        sheet.bench.advance(1500);
-        QCOMPARE(axis.read(AxisParameterNumber::Acceleration), 1234);
+        sheet.advance(1500);
+        QCOMPARE(sheet.axis().read(Number::Acceleration), 1234);
 
-        typeOver("777");
+        sheet.typeOver("777");
         QTest::keyClick(sheet.box, Qt::Key_Escape);
         QCOMPARE(sheet.box->value(), 1234.0);
-        axis.write(AxisParameterNumber::Acceleration, 900); // by another host
-        sheet.bench.advance(1500);
+        sheet.axis().write(Number::Acceleration, 900); // by another host
+        sheet.advance(1500);
         QCOMPARE(sheet.box->value(), 900.0);
 
-        typeOver("777");
-        sheet.table->setCurrentIndex(sheet.valueOf(AxisParameterNumber::MaxVelocity));
-        sheet.bench.advance(1500);
+        sheet.typeOver("777");
+        sheet.table->setCurrentIndex(sheet.valueOf(Number::MaxVelocity));
+        sheet.advance(1500);
         QCOMPARE(sheet.box->value(), 4000.0);
-        QCOMPARE(sheet.writes.size(), 1);
+        QCOMPARE(sheet.sent.size(), 1);
     }
 
     void nothingGoesOutUnasked()
     {
-        Workbench bench(parse({"--photo", "x"}));
-        bench.show();
-        QStringList sent;
-        connect(&bench.link(), &ModuleLink::sent, this, [&sent](const Command& request) {
-            const QString text = requestText(request);
-            if (!text.startsWith("GAP") && !text.startsWith("RD 1 ")) // reads
-                sent << text;
-        });
-        open(bench);
+        OpenBench bench("connection");
+        bench.open(300);
         for (const QString& page : Workbench::pageNames()) {
             bench.showPage(page);
             bench.advance(1000);
             QCoreApplication::processEvents();
         }
-        QCOMPARE(sent, QStringList());
+        QCOMPARE(bench.sent, QStringList());
     }
 };
 

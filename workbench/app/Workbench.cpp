@@ -1,20 +1,12 @@
 #include "Workbench.h"
 
 #include "AppSettings.h"
-#include "CapturePage.h"
-#include "ColoursPage.h"
 #include "CommandText.h"
-#include "ConnectionPage.h"
-#include "ConsolePage.h"
-#include "GraphPage.h"
 #include "Instruction.h"
 #include "MainAppStyle.h"
-#include "MarkersPage.h"
-#include "MotionPage.h"
-#include "ParametersPage.h"
-#include "PollingPage.h"
-#include "RampPage.h"
-#include "RegistersPage.h"
+#include "Page.h"
+#include "PageList.h"
+#include "Pages.h"
 #include "SharedConstants.h"
 #include "ValueKey.h"
 #include "WheelFocus.h"
@@ -22,17 +14,14 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
-#include <QDateTime>
 #include <QFile>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QListWidget>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScreen>
-#include <QShortcut>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QToolButton>
@@ -43,13 +32,10 @@
 namespace
 {
 
-constexpr int NumberKeys = 10;     // 1 to 9, then 0
-constexpr int ClockInterval = 5;   // ms
-constexpr int LongestStep = 100;   // ms; after a pause the module does not race to catch up
-constexpr int PollInterval = 50;   // ms
-constexpr int RateInterval = 1000; // ms
-constexpr int ListMargin = 12;     // px
-constexpr int MessageTime = 8000;  // ms
+constexpr int ClockInterval = 5;  // ms
+constexpr int LongestStep = 100;  // ms; after a pause the module does not race to catch up
+constexpr int FrameInterval = 50; // ms
+constexpr int MessageTime = 8000; // ms
 const QString geometryKey = QStringLiteral("Workbench/Geometry");
 const QString themeKey = QStringLiteral("Workbench/Theme");
 const QString pageKey = QStringLiteral("Workbench/Page");
@@ -74,26 +60,23 @@ QString extraSheet(bool isDark, int em)
 
 Workbench::Workbench(const WorkbenchOptions& options)
     : m_unattended(options.unattended())
-    , m_link(options.weather)
-    , m_list(new QListWidget)
+    , m_wire(m_clock, options.weather)
+    , m_simulator{m_wire.module(), m_wire.link()}
+    , m_link(m_clock, m_wire, SimulatedWire::profile())
+    , m_list(new PageList)
     , m_stack(new QStackedWidget)
     , m_strip(new QLabel)
     , m_connect(new QPushButton)
     , m_notice(new QLabel)
     , m_progress(new QProgressBar)
     , m_rate(new QLabel)
-    , m_time(QDateTime::currentMSecsSinceEpoch())
     , m_theme(new QCheckBox(tr("Dark blue")))
     , m_style(std::make_unique<MainAppStyle>(this))
     , m_guard(this)
 {
-    m_link.wire().setSilent(options.silent);
+    m_wire.link().setSilent(options.silent);
     setWindowTitle(tr("AXR workbench"));
     setWindowIcon(QIcon(QStringLiteral(":/Workbench/Icon")));
-
-    m_list->setObjectName(QStringLiteral("lwPages"));
-    m_list->setAccessibleName(tr("Pages"));
-    m_list->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
 
     makePages();
     m_notice->setObjectName(QStringLiteral("lblNeedsLink"));
@@ -117,14 +100,15 @@ Workbench::Workbench(const WorkbenchOptions& options)
     statusBar()->addPermanentWidget(m_progress);
     statusBar()->addPermanentWidget(m_rate);
 
-    connect(m_list, &QListWidget::currentRowChanged, this, [this](int page) {
+    connect(m_list, &PageList::turned, this, [this](int page) {
         m_stack->setCurrentIndex(page);
         showLinkState();
     });
     connect(&m_link, &ModuleLink::stateChanged, this, &Workbench::showLinkState);
     connect(&m_link, &ModuleLink::answered, this, &Workbench::takeAnswer);
     connect(&m_link, &ModuleLink::gaveUp, this, &Workbench::takeFailure);
-    connect(&m_clock, &QTimer::timeout, this,
+    connect(&m_wire, &Wire::lost, this, &Workbench::tell);
+    connect(&m_timer, &QTimer::timeout, this,
             [this] { advance(static_cast<int>(qMin<qint64>(m_realTime.restart(), LongestStep))); });
     connect(&m_guard, &StopGuard::stop, this, &Workbench::stopAxes);
     WheelFocus::guard(this);
@@ -132,7 +116,7 @@ Workbench::Workbench(const WorkbenchOptions& options)
     restoreWindow(options.page);
     showLinkState();
     if (options.connect)
-        m_connection->connectLast();
+        connectLast();
 }
 
 Workbench::~Workbench()
@@ -149,61 +133,42 @@ Workbench::~Workbench()
 
 QStringList Workbench::pageNames()
 {
-    return {QStringLiteral("connection"), QStringLiteral("console"),   QStringLiteral("motion"),
-            QStringLiteral("parameters"), QStringLiteral("polling"),   QStringLiteral("graph"),
-            QStringLiteral("capture"),    QStringLiteral("registers"), QStringLiteral("colours"),
-            QStringLiteral("markers"),    QStringLiteral("ramp")};
+    QStringList names;
+    for (const PageEntry& entry : pages())
+        names << QString::fromLatin1(entry.name);
+    return names;
 }
 
 void Workbench::makePages()
 {
-    m_connection = new ConnectionPage(m_link);
-    m_console = new ConsolePage;
-    m_motion = new MotionPage(m_link.module());
-    m_polling = new PollingPage(m_link);
-    m_graph = new GraphPage(m_link);
-    if (m_unattended)
-        m_graph->setClock([this] { return m_time; });
-    m_pages = {m_connection,
-               m_console,
-               m_motion,
-               new ParametersPage,
-               m_polling,
-               m_graph,
-               new CapturePage(m_link),
-               new RegistersPage,
-               new ColoursPage,
-               new MarkersPage,
-               new RampPage(m_link)};
-    const auto addKey = [this](const QKeySequence& key, const auto& action) {
-        connect(new QShortcut(key, this), &QShortcut::activated, this, action);
-    };
-    for (Page* page : qAsConst(m_pages)) {
-        m_list->addItem(page->title());
-        const int row = m_list->count() - 1;
-        if (row < NumberKeys) {
-            const QKeySequence key(Qt::CTRL + (row + 1 < NumberKeys ? Qt::Key_1 + row : Qt::Key_0));
-            m_list->item(row)->setToolTip(key.toString(QKeySequence::NativeText));
-            addKey(key, [this, row] { m_list->setCurrentRow(row); });
-        }
+    for (const PageEntry& entry : pages()) {
+        Page* page = makePage(entry, context());
+        m_pages << page;
+        m_list->add(page->windowTitle());
         m_stack->addWidget(page);
         connect(page, &Page::command, &m_link, &ModuleLink::command);
         connect(page, &Page::read, this, &Workbench::ask);
+        connect(page, &Page::opened, this, &Workbench::takeOpened);
+        connect(page, &Page::closed, this, &Workbench::takeClosed);
         connect(page, &Page::message, this, &Workbench::tell);
         connect(page, &Page::progressed, this, &Workbench::showProgress);
     }
-    m_list->setToolTip(tr("Ctrl+PgUp and Ctrl+PgDown turn the pages"));
-    for (const int step : {-1, 1}) {
-        addKey(Qt::CTRL + (step < 0 ? Qt::Key_PageUp : Qt::Key_PageDown), [this, step] {
-            m_list->setCurrentRow(qBound(0, m_list->currentRow() + step, m_list->count() - 1));
-        });
-    }
-    m_list->setCurrentRow(0);
-    connect(m_connection, &ConnectionPage::opened, this, &Workbench::takeOpened);
-    connect(m_connection, &ConnectionPage::closed, this, &Workbench::takeClosed);
-    connect(&m_link, &ModuleLink::answered, m_console, &ConsolePage::logAnswer);
-    connect(&m_link, &ModuleLink::gaveUp, m_console, &ConsolePage::logFailure);
+    m_list->turnTo(0);
 }
+
+PageContext Workbench::context()
+{
+    return {m_link, &m_simulator, [this] { return m_clock.now(); }};
+}
+
+/// The page that opens links; the connection page, for there is one.
+Page* Workbench::connectionPage() const
+{
+    const auto opens = [](const Page* page) { return !page->lastLink().isEmpty(); };
+    return *std::find_if(m_pages.begin(), m_pages.end(), opens);
+}
+
+void Workbench::connectLast() { connectionPage()->connectLast(); }
 
 QWidget* Workbench::makeStrip()
 {
@@ -212,7 +177,7 @@ QWidget* Workbench::makeStrip()
     m_strip->setMargin(4);
     m_connect->setObjectName(QStringLiteral("btnConnectLast"));
     m_connect->setToolTip(tr("Connects the link that was used last"));
-    connect(m_connect, &QPushButton::clicked, m_connection, &ConnectionPage::connectLast);
+    connect(m_connect, &QPushButton::clicked, this, &Workbench::connectLast);
     auto* strip = new QWidget;
     auto* row = new QHBoxLayout(strip);
     row->setContentsMargins(0, 0, 0, 0);
@@ -271,8 +236,7 @@ void Workbench::fitToFont(const QString& sizeSheet)
         m_extraSheet = extra;
         qApp->setStyleSheet(sheet + extra);
     }
-    m_list->ensurePolished();
-    m_list->setFixedWidth(m_list->sizeHintForColumn(0) + 2 * m_list->frameWidth() + ListMargin);
+    m_list->fit();
 }
 
 void Workbench::restoreWindow(const QString& page)
@@ -294,7 +258,7 @@ void Workbench::closeEvent(QCloseEvent* event)
     if (!m_unattended) {
         AppSettings settings;
         settings.setValue(geometryKey, saveGeometry()); // of the window as it is still shown
-        settings.setValue(pageKey, currentPage()->name());
+        settings.setValue(pageKey, currentPage()->objectName());
     }
     hide(); // a jog button that is held stops its axis now
     giveUp();
@@ -305,8 +269,8 @@ void Workbench::closeEvent(QCloseEvent* event)
 bool Workbench::showPage(const QString& name)
 {
     for (int i = 0; i < m_pages.size(); ++i) {
-        if (m_pages.at(i)->name() == name) {
-            m_list->setCurrentRow(i);
+        if (m_pages.at(i)->objectName() == name) {
+            m_list->turnTo(i);
             return true;
         }
     }
@@ -347,7 +311,7 @@ void Workbench::ask(const Command& request)
 void Workbench::startClock()
 {
     m_realTime.start();
-    m_clock.start(ClockInterval);
+    m_timer.start(ClockInterval);
 }
 
 void Workbench::advance(int milliseconds)
@@ -360,26 +324,24 @@ void Workbench::advance(int milliseconds)
 
 void Workbench::advanceSlice(int milliseconds)
 {
-    m_time += milliseconds;
-    m_link.advance(milliseconds);
-    m_untilPoll -= milliseconds;
-    if (m_untilPoll <= 0) {
-        m_untilPoll = PollInterval;
-        for (const Command& request : std::exchange(m_withheld, {}))
-            ask(request);
-        if (m_link.isOpen() && m_link.pendingReads() <= m_graph->curves())
-            currentPage()->poll();
-        m_motion->showShafts(m_link.module());
-        showLinkState();
+    m_clock.advance(milliseconds);
+    m_untilFrame -= milliseconds;
+    if (m_untilFrame > 0)
+        return;
+    m_untilFrame = FrameInterval;
+    for (const Command& request : std::exchange(m_withheld, {}))
+        ask(request);
+    if (m_link.hasRoom(m_lastPoll)) {
+        m_lastPoll = m_clock.now();
+        currentPage()->poll();
     }
-    m_untilRate -= milliseconds;
-    if (m_untilRate <= 0) {
-        m_polling->showRates(RateInterval - m_untilRate);
-        m_graph->showRate(RateInterval - m_untilRate);
-        m_untilRate = RateInterval;
-        m_rate->setText(tr("%1 answers/s").arg(m_link.answers() - m_answersBefore));
+    for (Page* page : qAsConst(m_pages))
+        page->frame(m_clock.now());
+    showLinkState();
+    if (const int second = m_second.passed(m_clock.now())) {
+        m_rate->setText(
+            tr("%1 answers/s").arg(qRound((m_link.answers() - m_answersBefore) * 1000.0 / second)));
         m_answersBefore = m_link.answers();
-        m_connection->showCounters();
     }
 }
 
@@ -449,13 +411,13 @@ void Workbench::showLinkState()
     for (Page* page : qAsConst(m_pages))
         page->setEnabled(m_link.isOpen() || page->worksAlone());
     if (!m_link.isOpen())
-        m_connect->setText(tr("&Connect (%1)").arg(m_connection->lastLink()));
+        m_connect->setText(tr("&Connect (%1)").arg(connectionPage()->lastLink()));
     else if (m_connect->hasFocus())
         m_list->setFocus(); // where the next Space does nothing
     m_connect->setVisible(!m_link.isOpen());
     m_notice->setText(tr("\"%1\" needs a link to a module.\n\nConnect above (Alt+C), or choose a "
                          "link on the first page (Ctrl+1).")
-                          .arg(currentPage()->title()));
+                          .arg(currentPage()->windowTitle()));
     m_notice->setVisible(!currentPage()->isEnabled());
 }
 

@@ -1,7 +1,12 @@
 #ifndef WORKBENCH_H
 #define WORKBENCH_H
 
+#include "Every.h"
+#include "HostClock.h"
 #include "ModuleLink.h"
+#include "PageContext.h"
+#include "SimulatedWire.h"
+#include "Simulator.h"
 #include "StopGuard.h"
 #include "WorkbenchOptions.h"
 
@@ -11,16 +16,11 @@
 
 #include <memory>
 
-class ConnectionPage;
-class ConsolePage;
-class GraphPage;
 class MainAppStyle;
-class MotionPage;
 class Page;
-class PollingPage;
+class PageList;
 class QCheckBox;
 class QLabel;
-class QListWidget;
 class QProgressBar;
 class QPushButton;
 class QStackedWidget;
@@ -43,9 +43,15 @@ public:
     /// Moves module and workbench on by virtual time.
     void advance(int milliseconds);
 
+    /// Opens the link that was used last.
+    void connectLast();
+
     ModuleLink& link() { return m_link; }
-    /// Virtual time in ms since the epoch, which began when the workbench did.
-    qint64 time() const { return m_time; }
+    const Simulator& simulator() const { return m_simulator; }
+    /// What the pages are made with.
+    PageContext context();
+    /// Virtual time, which began when the workbench did.
+    HostClock& clock() { return m_clock; }
     /// Switches between the dark blue look and the desktop's own, and remembers it.
     void setTheme(bool on);
     /// The text of the strip that tells whether the module answers.
@@ -68,6 +74,7 @@ private:
     void fitToFont(const QString& sizeSheet);
     void restoreWindow(const QString& page);
     Page* currentPage() const;
+    Page* connectionPage() const;
     void ask(const Command& request);
     void giveUp();
     void takeOpened(const QString& link, char address);
@@ -79,27 +86,25 @@ private:
     void showProgress(int done, int total);
 
     const bool m_unattended;
+    HostClock m_clock;
+    SimulatedWire m_wire;
+    const Simulator m_simulator;
     ModuleLink m_link;
     QString m_linkName;
     QList<Page*> m_pages;
-    ConnectionPage* m_connection = nullptr;
-    ConsolePage* m_console = nullptr;
-    MotionPage* m_motion = nullptr;
-    PollingPage* m_polling = nullptr;
-    GraphPage* m_graph = nullptr;
 
-    QListWidget* m_list;
+    PageList* m_list;
     QStackedWidget* m_stack;
     QLabel* m_strip;
     QPushButton* m_connect;
     QLabel* m_notice;
     QProgressBar* m_progress;
     QLabel* m_rate;
-    qint64 m_time; // ms since the epoch, on the virtual clock
-    QTimer m_clock;
+    QTimer m_timer;
     QElapsedTimer m_realTime;
-    int m_untilPoll = 0;
-    int m_untilRate = 0;
+    int m_untilFrame = 0;
+    qint64 m_lastPoll = 0; // ms, of the clock
+    Every m_second{1000};
     int m_answersBefore = 0;
     QCheckBox* m_theme;
     QString m_extraSheet; // of the look, for the font size

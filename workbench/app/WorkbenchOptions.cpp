@@ -9,6 +9,8 @@
 namespace
 {
 
+using Simulated::Weather;
+
 QCommandLineOption option(const char* name, const char* text, const char* value = nullptr)
 {
     return QCommandLineOption(QString::fromLatin1(name), QString::fromLatin1(text),

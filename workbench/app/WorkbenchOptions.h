@@ -21,7 +21,7 @@ struct WorkbenchOptions {
     QString photoFile;         ///< Not empty: photograph the page into this file and end.
     std::optional<bool> theme; ///< The dark blue look; empty: the last choice.
     int fontSize = 0;          ///< 8, 12, 16 or 20 px, as by a click; 0: the last choice.
-    Weather weather;
+    Simulated::Weather weather;
     bool connect = false; ///< Connect the link used last at the start.
     bool silent = false;  ///< The module starts silent.
 

@@ -3,6 +3,7 @@
 #include "ScreenPicture.h"
 #include "Tour.h"
 #include "TourInput.h"
+#include "Workbench.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -57,8 +58,8 @@ double contrast(QWidget* widget)
 
 void Tour::changeLook()
 {
-    m_bench.showPage(QStringLiteral("motion"));
-    auto* theme = find<QCheckBox>(QStringLiteral("cbTheme"));
+    m_guide.showPage(QStringLiteral("motion"));
+    auto* theme = m_guide.find<QCheckBox>(&m_bench, "cbTheme");
     const auto sizes = m_bench.findChildren<QToolButton*>(QStringLiteral("sizeBtn"));
     const auto expectLook = [&](const QString& done, const QString& text, const QString& style) {
         const auto seen = [] {
@@ -67,12 +68,12 @@ void Tour::changeLook()
         };
         const QString expected = text + QLatin1Char(' ') + style;
         const bool ok = processUntil([&] { return seen() == expected; }, LookWithin);
-        check(done, expected, seen(), ok);
-        auto* strip = find<QLabel>(QStringLiteral("lblLinkState"));
+        m_guide.check(done, expected, seen(), ok);
+        auto* strip = m_guide.find<QLabel>(&m_bench, "lblLinkState");
         const double ratio = contrast(strip);
-        check(done + QStringLiteral(": contrast of the strip that tells of the link"),
-              QStringLiteral("at least %1").arg(ReadableContrast), QString::number(ratio, 'f', 1),
-              ratio >= ReadableContrast);
+        m_guide.check(done + QStringLiteral(": contrast of the strip that tells of the link"),
+                      QStringLiteral("at least %1").arg(ReadableContrast),
+                      QString::number(ratio, 'f', 1), ratio >= ReadableContrast);
     };
     if (theme->isChecked())
         click(theme);
@@ -89,18 +90,19 @@ void Tour::changeLook()
         const bool ok = processUntil(
             [&] { return QStringLiteral("%1px").arg(m_bench.font().pixelSize()) == pixels; },
             LookWithin);
-        check(QStringLiteral("font size of the window"), pixels,
-              QStringLiteral("%1px").arg(m_bench.font().pixelSize()), ok);
-        photograph(QStringLiteral("motion"), QStringLiteral("theme-") + pixels);
+        m_guide.check(QStringLiteral("font size of the window"), pixels,
+                      QStringLiteral("%1px").arg(m_bench.font().pixelSize()), ok);
+        m_guide.photograph(QStringLiteral("motion"), QStringLiteral("theme-") + pixels);
     }
     click(sizes.at(1));
     click(theme);
     expectLook(QStringLiteral("dark blue look off"), palette.color(QPalette::Text).name(), style);
-    check(QStringLiteral("palette and sheet of the application"), QStringLiteral("as before"),
-          QStringLiteral("palette %1, sheet \"%2\"")
-              .arg(QApplication::palette() == palette ? QStringLiteral("as before")
-                                                      : QStringLiteral("another"),
-                   qApp->styleSheet()),
-          QApplication::palette() == palette && qApp->styleSheet() == sheet);
-    photograph(QStringLiteral("motion"), QStringLiteral("theme-off"));
+    m_guide.check(QStringLiteral("palette and sheet of the application"),
+                  QStringLiteral("as before"),
+                  QStringLiteral("palette %1, sheet \"%2\"")
+                      .arg(QApplication::palette() == palette ? QStringLiteral("as before")
+                                                              : QStringLiteral("another"),
+                           qApp->styleSheet()),
+                  QApplication::palette() == palette && qApp->styleSheet() == sheet);
+    m_guide.photograph(QStringLiteral("motion"), QStringLiteral("theme-off"));
 }

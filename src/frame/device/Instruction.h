@@ -55,8 +55,21 @@ enum class Instruction : quint8 {
 /// Sub-types of MVP.
 enum class MoveType : quint8 { Absolute = 0, Relative = 1 };
 
+/// Status byte of a reply. Everything but Ok is a failure, and a request that failed has changed
+/// nothing.
+enum class ReplyStatus : quint8 {
+    UnknownInstruction = 10,
+    UnknownType = 11, ///< No such parameter, channel or move type.
+    UnknownBank = 12, ///< No such axis or bank.
+    OutOfRange = 13,  ///< The value lies outside the parameter's range.
+    ReadOnly = 14,    ///< The parameter cannot be written.
+    NotStorable = 15, ///< The parameter cannot be stored or restored.
+    Fault = 16,       ///< The module could not carry it out; only bad weather says so.
+    Ok = 100
+};
+
 /// Reply status of success; everything else is a failure.
-constexpr quint8 StatusOk = 100;
+constexpr auto StatusOk = static_cast<quint8>(ReplyStatus::Ok);
 
 constexpr char toByte(Instruction instruction) { return static_cast<char>(instruction); }
 

@@ -1,9 +1,8 @@
 #include "SimpleScaledGraphController.h"
 
+#include "ScaleBounds_p.h"
 #include "WheelFocus.h"
 #include "ui_SimpleScaledGraphController.h"
-
-#include <QPointer>
 
 #include <utility>
 
@@ -11,6 +10,7 @@ SimpleScaledGraphController::SimpleScaledGraphController(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::SimpleScaledGraphController>())
 {
     m_ui->setupUi(this);
+    m_bounds = std::make_unique<ScaleBounds>(m_ui->sbMin, m_ui->sbMax);
     WheelFocus::guard(this);
     showScaling(true);
 }
@@ -39,24 +39,18 @@ void SimpleScaledGraphController::setDynamic(bool dynamic)
 
 void SimpleScaledGraphController::setMinValueEnabled(bool enabled)
 {
-    m_minValueEnabled = enabled;
-    m_ui->sbMin->setEnabled(enabled);
+    m_bounds->setMinimumEnabled(enabled);
 }
 
 void SimpleScaledGraphController::handleScaleChanged(int minValue, int maxValue)
 {
-    const QPointer<SimpleScaledGraphController> self(this);
-    m_ui->sbMin->setValue(minValue);
-    if (self)
-        m_ui->sbMax->setValue(maxValue);
+    m_bounds->show(minValue, maxValue);
 }
 
 void SimpleScaledGraphController::showScaling(bool dynamic)
 {
     (dynamic ? m_ui->btnScaleDynamic : m_ui->btnScaleManually)->setChecked(true);
-    m_ui->sbMax->setEnabled(!dynamic);
-    if (m_minValueEnabled)
-        m_ui->sbMin->setEnabled(!dynamic);
+    m_bounds->setManual(!dynamic);
 }
 
 void SimpleScaledGraphController::on_btnScaleManually_clicked()
@@ -73,18 +67,6 @@ void SimpleScaledGraphController::on_btnScaleDynamic_clicked()
 
 void SimpleScaledGraphController::on_btnClearCharts_clicked() { emit clear(); }
 
-void SimpleScaledGraphController::on_sbMin_valueChanged(int value)
-{
-    const QPointer<SimpleScaledGraphController> self(this);
-    emit minValueChanged(value);
-    if (self)
-        m_ui->sbMax->setMinimum(value);
-}
+void SimpleScaledGraphController::on_sbMin_valueChanged(int value) { emit minValueChanged(value); }
 
-void SimpleScaledGraphController::on_sbMax_valueChanged(int value)
-{
-    const QPointer<SimpleScaledGraphController> self(this);
-    emit maxValueChanged(value);
-    if (self)
-        m_ui->sbMin->setMaximum(value);
-}
+void SimpleScaledGraphController::on_sbMax_valueChanged(int value) { emit maxValueChanged(value); }

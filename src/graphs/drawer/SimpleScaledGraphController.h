@@ -7,6 +7,8 @@
 
 #include <memory>
 
+class ScaleBounds;
+
 namespace Ui
 {
 class SimpleScaledGraphController;
@@ -70,7 +72,7 @@ private Q_SLOTS:
 
 private:
     std::unique_ptr<Ui::SimpleScaledGraphController> m_ui;
-    bool m_minValueEnabled = true;
+    std::unique_ptr<ScaleBounds> m_bounds;
 };
 
 #endif

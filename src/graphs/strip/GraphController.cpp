@@ -2,6 +2,7 @@
 
 #include "AppSettings.h"
 #include "FocusPair_p.h"
+#include "ScaleBounds_p.h"
 #include "WheelFocus.h"
 #include "ui_GraphController.h"
 
@@ -26,6 +27,7 @@ GraphController::GraphController(QWidget* parent)
     : QGroupBox(parent), m_ui(std::make_unique<Ui::GraphController>())
 {
     m_ui->setupUi(this);
+    m_bounds = std::make_unique<ScaleBounds>(m_ui->sbMin, m_ui->sbMax);
     WheelFocus::guard(this);
     showRunning(true);
     on_buttonGroup_buttonClicked(m_ui->btnScaleDynamic);
@@ -76,15 +78,7 @@ void GraphController::rejectLogging() { m_ui->cbLog->setChecked(false); }
 
 void GraphController::handleScaleChanged(int minValue, int maxValue)
 {
-    // Mostly the same, 25 times a second; a box that takes its value again sets its text anew, too.
-    const auto show = [](QSpinBox* box, int value) {
-        if (value != box->value() || box->isEnabled())
-            box->setValue(value);
-    };
-    const QPointer<GraphController> self(this);
-    show(m_ui->sbMin, minValue);
-    if (self)
-        show(m_ui->sbMax, maxValue);
+    m_bounds->show(minValue, maxValue);
 }
 
 void GraphController::on_btnStart_clicked()
@@ -106,7 +100,7 @@ void GraphController::on_btnSave_clicked() { emit saveGraph(); }
 void GraphController::on_btnGraphDefault_clicked()
 {
     m_ui->btnScaleDynamic->setChecked(true); // which unchecks the other one
-    enableRange(false);
+    m_bounds->setManual(false);
     const QPointer<GraphController> self(this);
     emit scaleDynamic();
     if (self)
@@ -116,40 +110,22 @@ void GraphController::on_btnGraphDefault_clicked()
 void GraphController::on_buttonGroup_buttonClicked(QAbstractButton* btn)
 {
     const bool manually = btn == m_ui->btnScaleManually;
-    enableRange(manually);
+    m_bounds->setManual(manually);
     if (manually)
         emit scaleManually();
     else
         emit scaleDynamic();
 }
 
-void GraphController::on_sbMin_valueChanged(int value)
-{
-    const QPointer<GraphController> self(this);
-    emit minValueChanged(value);
-    if (self)
-        m_ui->sbMax->setMinimum(value);
-}
+void GraphController::on_sbMin_valueChanged(int value) { emit minValueChanged(value); }
 
-void GraphController::on_sbMax_valueChanged(int value)
-{
-    const QPointer<GraphController> self(this);
-    emit maxValueChanged(value);
-    if (self)
-        m_ui->sbMin->setMaximum(value);
-}
+void GraphController::on_sbMax_valueChanged(int value) { emit maxValueChanged(value); }
 
 void GraphController::showRunning(bool running)
 {
     const FocusPair focus(m_ui->btnStart, m_ui->btnStop);
     m_ui->btnStart->setEnabled(!running);
     m_ui->btnStop->setEnabled(running);
-}
-
-void GraphController::enableRange(bool enabled)
-{
-    m_ui->sbMax->setEnabled(enabled);
-    m_ui->sbMin->setEnabled(enabled);
 }
 
 QString GraphController::settingsGroup() const

@@ -8,6 +8,7 @@
 #include <memory>
 
 class QAbstractButton;
+class ScaleBounds;
 
 namespace Ui
 {
@@ -82,10 +83,10 @@ private Q_SLOTS:
 
 private:
     void showRunning(bool running);
-    void enableRange(bool enabled);
     QString settingsGroup() const;
 
     std::unique_ptr<Ui::GraphController> m_ui;
+    std::unique_ptr<ScaleBounds> m_bounds;
     QString m_appSettingsKey;
 };
 

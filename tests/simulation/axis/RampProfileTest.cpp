@@ -4,6 +4,8 @@
 #include <cmath>
 #include <random>
 
+using namespace Simulated;
+
 class RampProfileTest : public TestCase
 {
     Q_OBJECT

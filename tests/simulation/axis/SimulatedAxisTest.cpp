@@ -9,6 +9,8 @@ namespace N = AxisParameterNumber;
 namespace
 {
 
+using Simulated::MotorData;
+
 constexpr double Turn = 6.283185307179586;
 
 // 0.04 Nm/A and 5e-5 kg m², nothing that brakes, no load on the supply.

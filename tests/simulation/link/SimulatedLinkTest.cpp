@@ -14,6 +14,7 @@ namespace
 const Command Change(1, toByte(Instruction::SAP), toByte(N::MaxCurrent), 0, 321);
 const Command Question(1, toByte(Instruction::GAP), toByte(N::MaxCurrent), 0, 0);
 
+using Simulated::Weather;
 using Counters = SimulatedLink::Counters;
 
 struct LinkedModule {

@@ -33,7 +33,7 @@ struct Module : SimulatedModule {
     {
         QVector<int> values;
         for (int number = 0; number < Axes; ++number)
-            for (const ParameterInfo& row : axisParameters())
+            for (const ParameterInfo& row : AxisParameters)
                 values << axis(number).read(row.number);
         return values;
     }
@@ -50,14 +50,14 @@ private Q_SLOTS:
     {
         Module module;
         module.advance(5);
-        QVERIFY(axisParameters().size() >= 60);
-        for (const ParameterInfo& row : axisParameters()) {
+        QVERIFY(AxisParameters.size() >= 60);
+        for (const ParameterInfo& row : AxisParameters) {
             const auto set = [&](qint64 value) {
                 return module.ask(I::SAP, row.number, 1, int(value));
             };
             const auto get = [&] { return module.ask(I::GAP, row.number, 1, 9); };
             const QString before = get();
-            const bool readOnly = row.access == Access::ReadOnly;
+            const bool readOnly = row.access == ParameterAccess::ReadOnly;
             for (qint64 value : {qint64(row.minimum) - 1, qint64(row.maximum) + 1}) {
                 if (value != int(value))
                     continue;
@@ -66,7 +66,8 @@ private Q_SLOTS:
             }
             if (readOnly)
                 continue;
-            for (int value : {row.minimum, row.maximum, row.reset}) {
+            for (int value :
+                 {row.minimum, row.maximum, module.axis(1).parameters().stored(row.number)}) {
                 QCOMPARE(set(value), text(S::Ok, value));
                 QCOMPARE(get(), text(S::Ok, value));
             }
@@ -207,7 +208,7 @@ private Q_SLOTS:
             QVERIFY(std::isfinite(axis.turns()) && std::isfinite(axis.temperature()));
         }
         QVERIFY(accepted > 5000);
-        for (const ParameterInfo& row : axisParameters()) {
+        for (const ParameterInfo& row : AxisParameters) {
             const int value = module.axis(0).read(row.number);
             QVERIFY2(value >= row.minimum && value <= row.maximum, row.name);
         }

@@ -8,20 +8,20 @@ namespace Number = AxisParameterNumber;
 namespace
 {
 
-enum Type { BufferSize, Elements, Items, Sample, Arm, State = 6, Mode, Interval = 9 };
+using Recorder::Type;
 
-Command ask(SimulatedModule& module, int type, int bank = 0, int value = 0)
+Command ask(SimulatedModule& module, Type type, int bank = 0, int value = 0)
 {
     return module.execute(
-        Command(module.address(), toByte(int(Instruction::RD)), toByte(type), toByte(bank), value));
+        {module.address(), toByte(Instruction::RD), toByte(type), toByte(bank), value});
 }
 
-quint8 status(SimulatedModule& module, int type, int bank = 0, int value = 0)
+quint8 status(SimulatedModule& module, Type type, int bank = 0, int value = 0)
 {
     return u8(ask(module, type, bank, value).getStatus());
 }
 
-int state(SimulatedModule& module) { return ask(module, State).getValue(); }
+int state(SimulatedModule& module) { return ask(module, Type::State).getValue(); }
 
 } // namespace
 
@@ -59,18 +59,18 @@ private Q_SLOTS:
     void readBack()
     {
         SimulatedModule module;
-        ask(module, Mode, 1, 2);
-        ask(module, Arm);
+        ask(module, Type::Mode, 1, 2);
+        ask(module, Type::Arm);
         module.axis(1).moveTo(9000);
         module.advance(SimulatedRecorder::Elements);
         QCOMPARE(state(module), 0);
         for (int element : {0, 1, 250, 499}) {
             for (int item = 0; item < SimulatedRecorder::Items; ++item)
-                QCOMPARE(ask(module, Sample, item, element).getValue(),
+                QCOMPARE(ask(module, Type::Sample, item, element).getValue(),
                          module.recorder().recorded()[size_t(element)][size_t(item)]);
         }
-        QCOMPARE(ask(module, Sample, 0, 499).getValue(), 9000);
-        QVERIFY(ask(module, Sample, 1, 499).getValue() > 0); // axis 1 it was
+        QCOMPARE(ask(module, Type::Sample, 0, 499).getValue(), 9000);
+        QVERIFY(ask(module, Type::Sample, 1, 499).getValue() > 0); // axis 1 it was
     }
 
     void interval_data()
@@ -89,9 +89,9 @@ private Q_SLOTS:
         QFETCH(int, interval);
         QFETCH(int, milliseconds);
         SimulatedModule module;
-        ask(module, Mode, 0, mode);
-        ask(module, Interval, 0, interval);
-        ask(module, Arm);
+        ask(module, Type::Mode, 0, mode);
+        ask(module, Type::Interval, 0, interval);
+        ask(module, Type::Arm);
         module.advance(milliseconds - interval);
         QCOMPARE(state(module), 1);
         module.advance(interval);
@@ -130,8 +130,8 @@ private Q_SLOTS:
         QFETCH(int, threshold);
         QFETCH(int, number);
         SimulatedModule module;
-        ask(module, Mode, 0, 1);
-        ask(module, Arm, trigger, threshold);
+        ask(module, Type::Mode, 0, 1);
+        ask(module, Type::Arm, trigger, threshold);
         const auto hasFired = [&] {
             const int value = module.axis(0).read(quint8(number));
             return threshold < 0 ? value < threshold : value > threshold;
@@ -153,31 +153,31 @@ private Q_SLOTS:
     {
         SimulatedModule module;
         QCOMPARE(state(module), 3); // never armed
-        QCOMPARE(status(module, Sample, 0, 0), quint8(ReplyStatus::OutOfRange));
-        QCOMPARE(status(module, Mode, 0, 4), quint8(ReplyStatus::OutOfRange));
-        QCOMPARE(status(module, Mode, 2, 0), quint8(ReplyStatus::UnknownBank));
-        QCOMPARE(status(module, Interval, 0, 0), quint8(ReplyStatus::OutOfRange));
-        QCOMPARE(status(module, Arm, 7, 0), quint8(ReplyStatus::OutOfRange));
-        QCOMPARE(status(module, 5), quint8(ReplyStatus::UnknownType));
-        QCOMPARE(status(module, 8), quint8(ReplyStatus::UnknownType));
-        QCOMPARE(ask(module, BufferSize).getValue(),
-                 ask(module, Elements).getValue() * ask(module, Items).getValue());
+        QCOMPARE(status(module, Type::Sample, 0, 0), quint8(ReplyStatus::OutOfRange));
+        QCOMPARE(status(module, Type::Mode, 0, 4), quint8(ReplyStatus::OutOfRange));
+        QCOMPARE(status(module, Type::Mode, 2, 0), quint8(ReplyStatus::UnknownBank));
+        QCOMPARE(status(module, Type::Interval, 0, 0), quint8(ReplyStatus::OutOfRange));
+        QCOMPARE(status(module, Type::Arm, 7, 0), quint8(ReplyStatus::OutOfRange));
+        QCOMPARE(status(module, Type(5)), quint8(ReplyStatus::UnknownType));
+        QCOMPARE(status(module, Type(8)), quint8(ReplyStatus::UnknownType));
+        QCOMPARE(ask(module, Type::BufferSize).getValue(),
+                 ask(module, Type::Elements).getValue() * ask(module, Type::Items).getValue());
 
-        ask(module, Arm);
+        ask(module, Type::Arm);
         module.advance(10); // tenths of a millisecond
         QCOMPARE(state(module), 1);
-        QCOMPARE(status(module, Sample, 3, 99), StatusOk);
-        QCOMPARE(status(module, Sample, 3, 100), quint8(ReplyStatus::OutOfRange));
-        QCOMPARE(status(module, Sample, 4, 0), quint8(ReplyStatus::OutOfRange));
-        QCOMPARE(status(module, Sample, 0, -1), quint8(ReplyStatus::OutOfRange));
+        QCOMPARE(status(module, Type::Sample, 3, 99), StatusOk);
+        QCOMPARE(status(module, Type::Sample, 3, 100), quint8(ReplyStatus::OutOfRange));
+        QCOMPARE(status(module, Type::Sample, 4, 0), quint8(ReplyStatus::OutOfRange));
+        QCOMPARE(status(module, Type::Sample, 0, -1), quint8(ReplyStatus::OutOfRange));
 
-        ask(module, Arm, int(SimulatedRecorder::Trigger::VelocityHigher), 5000); // never
-        QCOMPARE(status(module, Sample, 0, 0), quint8(ReplyStatus::OutOfRange));
+        ask(module, Type::Arm, int(SimulatedRecorder::Trigger::VelocityHigher), 5000); // never
+        QCOMPARE(status(module, Type::Sample, 0, 0), quint8(ReplyStatus::OutOfRange));
         module.advance(20000);
         QCOMPARE(state(module), 2);
-        ask(module, Mode, 0, 1); // gives up waiting
+        ask(module, Type::Mode, 0, 1); // gives up waiting
         QCOMPARE(state(module), 3);
-        ask(module, Arm);
+        ask(module, Type::Arm);
         module.advance(10);
         module.reset();
         QCOMPARE(state(module), 3);

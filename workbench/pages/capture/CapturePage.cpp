@@ -3,7 +3,9 @@
 #include "Fitting.h"
 #include "Instruction.h"
 #include "ModuleLink.h"
-#include "ParameterTable.h"
+#include "PanelParts.h"
+#include "ParameterCatalogue.h"
+#include "Recorder.h"
 #include "WRamDebug.h"
 
 #include <QGridLayout>
@@ -12,27 +14,13 @@
 
 namespace Number = AxisParameterNumber;
 
-namespace
-{
-
-// Types of RD.
-constexpr quint8 ElementsType = 1;
-constexpr quint8 ItemsType = 2;
-constexpr quint8 SampleType = 3;
-
-} // namespace
-
-CapturePage::CapturePage(ModuleLink& link)
-    : Page(QStringLiteral("capture"), tr("Capture"))
-    , m_link(link)
-    , m_panel(new WRamDebug)
-    , m_start(m_panel->findChild<QPushButton*>(QStringLiteral("btnStart")))
+CapturePage::CapturePage(const PageContext& context)
+    : m_link(context.link), m_panel(new WRamDebug), m_start(PanelParts::startButton(*m_panel))
 {
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(Fitting::scrolled(m_panel), 1);
     constexpr int Trigger = 4; // column of the row of fields, which is wide
-    Fitting::foldRow(m_panel, m_panel->findChild<QGridLayout*>(QStringLiteral("gridLayout")),
-                     Trigger);
+    Fitting::foldRow(m_panel, PanelParts::fields(*m_panel), Trigger);
     m_panel->setTargetTorqueType(toByte(Number::TargetCurrent));
     m_panel->setTargetVelocityType(toByte(Number::TargetVelocity));
     m_panel->setRampTargetVelocityType(toByte(Number::RampVelocity));
@@ -46,8 +34,7 @@ CapturePage::CapturePage(ModuleLink& link)
     m_panel->updateTargetBounds();
     connect(m_panel, &WRamDebug::measurementStarted, this, &CapturePage::begin);
     connect(m_panel, &WRamDebug::doDirectRequest, this, &CapturePage::answer);
-    connect(m_panel->findChild<QPushButton*>(QStringLiteral("btnStop")), &QPushButton::clicked,
-            this, &CapturePage::halt);
+    connect(PanelParts::stopButton(*m_panel), &QPushButton::clicked, this, &CapturePage::halt);
     connect(m_panel, &QObject::destroyed, this, [this] {
         if (m_isRunning)
             stopAxis();
@@ -137,12 +124,12 @@ void CapturePage::answer(Command* request, Command* reply)
 
 void CapturePage::count(const Command& request, const Command& reply)
 {
-    const quint8 type = u8(request.getType());
-    if (type == ElementsType && reply.isValid())
+    const char type = request.getType();
+    if (carries(type, Recorder::Type::Elements) && reply.isValid())
         m_elements = reply.getValue();
-    if (type == ItemsType && reply.isValid())
+    if (carries(type, Recorder::Type::Items) && reply.isValid())
         m_items = reply.getValue();
-    if (type != SampleType)
+    if (!carries(type, Recorder::Type::Sample))
         return;
     ++(reply.isValid() ? m_fetched : m_missing);
     emit progressed(m_fetched + m_missing, m_elements * m_items);

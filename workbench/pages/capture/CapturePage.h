@@ -19,12 +19,13 @@ class CapturePage : public Page
 {
     Q_OBJECT
 public:
-    explicit CapturePage(ModuleLink& link);
+    explicit CapturePage(const PageContext& context);
     ~CapturePage() override;
 
     void giveUp() override;
     void setAddress(char address) override;
     void refresh() override;
+    void tour(TourGuide& guide) override;
 
     /// Samples that came of the capture that runs or ran last, and those that did not come.
     int fetched() const { return m_fetched; }

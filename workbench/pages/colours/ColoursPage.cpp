@@ -15,8 +15,7 @@ constexpr int TriangleSide = 280;
 constexpr QSize PickerSize(90, 28);
 } // namespace
 
-ColoursPage::ColoursPage()
-    : Page(QStringLiteral("colours"), tr("Colours")), m_emitted(new QLabel(tr("none yet")))
+ColoursPage::ColoursPage() : m_emitted(new QLabel(tr("none yet")))
 {
     m_emitted->setObjectName(QStringLiteral("lblEmitted"));
     auto* row = new QHBoxLayout;

@@ -15,6 +15,7 @@ public:
     ColoursPage();
 
     bool worksAlone() const override { return true; }
+    void tour(TourGuide& guide) override;
 
 private:
     QWidget* makePickers();

@@ -6,7 +6,11 @@
 #include "Connection.h"
 #include "EthernetConnection.h"
 #include "ModuleLink.h"
+#include "PanelParts.h"
 #include "SerialConnection.h"
+#include "SimulatedLink.h"
+#include "SimulatedModule.h"
+#include "Simulator.h"
 #include "ZigBeeNode.h"
 
 #include <QCheckBox>
@@ -36,9 +40,9 @@ const QString lastLinkKey = QStringLiteral("Workbench/Link");
 
 } // namespace
 
-ConnectionPage::ConnectionPage(ModuleLink& link)
-    : Page(QStringLiteral("connection"), tr("Connection"))
-    , m_link(link)
+ConnectionPage::ConnectionPage(const PageContext& context)
+    : m_link(context.link)
+    , m_simulator(context.simulator)
     , m_connection(new Connection(this))
     , m_serial(new SerialConnection(this))
     , m_can(new CANConnection(this))
@@ -47,8 +51,10 @@ ConnectionPage::ConnectionPage(ModuleLink& link)
     , m_counters(new QLabel)
 {
     m_connection->setTitle(tr("USB"));
-    m_connection->addDevice(usbPort, description);
-    m_serial->addDevice(serialPort, description);
+    if (m_simulator) {
+        m_connection->addDevice(usbPort, description);
+        m_serial->addDevice(serialPort, description);
+    }
     m_panels = {{m_connection, QStringLiteral("USB"), [this] { m_connection->setDisconnected(); }},
                 {m_serial, QStringLiteral("serial"), [this] { m_serial->setDisconnected(); }},
                 {m_can, QStringLiteral("CAN"), [this] { m_can->setDisconnected(); }},
@@ -57,10 +63,11 @@ ConnectionPage::ConnectionPage(ModuleLink& link)
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(makePanels());
-    layout->addWidget(makeWeather());
+    if (m_simulator)
+        layout->addWidget(makeWeather());
     layout->addStretch();
 
-    const char address = link.module().address();
+    const char address = m_link.profile().address;
     connect(m_connection, &Connection::openDevice, this, [this, address](const QString& port) {
         open(m_connection, port, port == usbPort, address);
     });
@@ -113,32 +120,33 @@ QWidget* ConnectionPage::makeWeather()
     auto* box = new QGroupBox(tr("Weather on the simulated link"));
     auto* silent = new QCheckBox(tr("The module is silent"));
     silent->setObjectName(QStringLiteral("cbSilent"));
-    silent->setChecked(m_link.wire().isSilent());
-    connect(silent, &QCheckBox::toggled, this, [this](bool on) { m_link.wire().setSilent(on); });
+    silent->setChecked(m_simulator->link.isSilent());
+    connect(silent, &QCheckBox::toggled, this,
+            [this](bool on) { m_simulator->link.setSilent(on); });
 
     auto* loss = new QSpinBox;
     loss->setObjectName(QStringLiteral("sbLoss"));
     loss->setRange(0, 100);
     loss->setSuffix(QStringLiteral(" %"));
-    loss->setValue(qRound(m_link.wire().weather().replyLoss * 100));
+    loss->setValue(qRound(m_simulator->link.weather().replyLoss * 100));
     auto* delay = new QSpinBox;
     delay->setObjectName(QStringLiteral("sbDelay"));
     delay->setRange(0, 1000);
     delay->setSuffix(QStringLiteral(" ms"));
-    delay->setValue(m_link.wire().weather().maximumDelay);
+    delay->setValue(m_simulator->link.weather().maximumDelay);
     const auto apply = [this, loss, delay] {
-        Weather weather = m_link.wire().weather();
+        Simulated::Weather weather = m_simulator->link.weather();
         weather.replyLoss = loss->value() / 100.0;
         weather.minimumDelay = delay->value();
         weather.maximumDelay = delay->value();
-        m_link.wire().setWeather(weather);
+        m_simulator->link.setWeather(weather);
     };
     connect(loss, QOverload<int>::of(&QSpinBox::valueChanged), this, apply);
     connect(delay, QOverload<int>::of(&QSpinBox::valueChanged), this, apply);
 
     auto* reset = new QPushButton(tr("Reset the module"));
     reset->setObjectName(QStringLiteral("btnReset"));
-    connect(reset, &QPushButton::clicked, this, [this] { m_link.wire().resetModule(); });
+    connect(reset, &QPushButton::clicked, this, [this] { m_simulator->link.resetModule(); });
 
     auto* form = new QFormLayout;
     form->addRow(silent);
@@ -164,10 +172,7 @@ const ConnectionPage::LinkPanel& ConnectionPage::lastPanel() const
 
 QString ConnectionPage::lastLink() const { return lastPanel().name; }
 
-void ConnectionPage::connectLast()
-{
-    lastPanel().widget->findChild<QPushButton*>(QStringLiteral("btnConnect"))->click();
-}
+void ConnectionPage::connectLast() { PanelParts::connectButton(*lastPanel().widget)->click(); }
 
 void ConnectionPage::open(QWidget* panel, const QString& link, bool reachable, char address)
 {
@@ -194,9 +199,11 @@ void ConnectionPage::close()
     emit closed();
 }
 
-void ConnectionPage::showCounters()
+void ConnectionPage::frame(qint64 now)
 {
-    const SimulatedLink::Counters& counters = m_link.wire().counters();
+    if (!m_simulator || m_second.passed(now) == 0)
+        return;
+    const SimulatedLink::Counters& counters = m_simulator->link.counters();
     m_counters->setText(tr("%1 requests sent, %2 answered\n%3 requests and %4 replies lost\n"
                            "%5 duplicates, %6 late and %7 foreign replies")
                             .arg(counters.sent)

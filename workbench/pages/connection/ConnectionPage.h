@@ -1,6 +1,7 @@
 #ifndef CONNECTIONPAGE_H
 #define CONNECTIONPAGE_H
 
+#include "Every.h"
 #include "Page.h"
 
 #include <functional>
@@ -19,23 +20,18 @@ class ConnectionPage : public Page
 {
     Q_OBJECT
 public:
-    explicit ConnectionPage(ModuleLink& link);
+    explicit ConnectionPage(const PageContext& context);
 
     bool worksAlone() const override { return true; }
 
     /// Presses "Connect" of the panel whose link was open last, also in an earlier run; at first
     /// of the first panel.
-    void connectLast();
-    /// What connectLast() connects by.
-    QString lastLink() const;
+    void connectLast() override;
+    QString lastLink() const override;
 
-    /// Brings the counters up to date.
-    void showCounters();
-
-Q_SIGNALS:
-    /// A link is open. All requests go to `address`.
-    void opened(const QString& link, char address);
-    void closed();
+    /// Brings the counters up to date, once in a second.
+    void frame(qint64 now) override;
+    void tour(TourGuide& guide) override;
 
 private:
     /// A panel with what the host does to it when its link could not be opened.
@@ -52,6 +48,8 @@ private:
     void close();
 
     ModuleLink& m_link;
+    const Simulator* m_simulator;
+    Every m_second{1000};
     Connection* m_connection;
     SerialConnection* m_serial;
     CANConnection* m_can;

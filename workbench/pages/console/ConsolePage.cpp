@@ -3,6 +3,7 @@
 #include "Command.h"
 #include "CommandText.h"
 #include "Instruction.h"
+#include "ModuleLink.h"
 #include "WDirectMode.h"
 
 #include <QCheckBox>
@@ -17,12 +18,12 @@ namespace
 constexpr int LogLines = 1000;
 }
 
-ConsolePage::ConsolePage()
-    : Page(QStringLiteral("console"), tr("Console"))
-    , m_console(new WDirectMode(this))
+ConsolePage::ConsolePage(const PageContext& context)
+    : m_console(new WDirectMode(this))
     , m_showReads(new QCheckBox(tr("Show reads too")))
     , m_log(new QPlainTextEdit)
 {
+    m_log->setObjectName(QStringLiteral("teTraffic"));
     m_log->setReadOnly(true);
     m_log->setMaximumBlockCount(LogLines);
     m_log->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
@@ -41,6 +42,8 @@ ConsolePage::ConsolePage()
     layout->addLayout(tools);
     layout->addWidget(m_log, 1);
 
+    connect(&context.link, &ModuleLink::answered, this, &ConsolePage::logAnswer);
+    connect(&context.link, &ModuleLink::gaveUp, this, &ConsolePage::logFailure);
     connect(clear, &QPushButton::clicked, m_log, &QPlainTextEdit::clear);
     connect(m_console, &WDirectMode::doRequest, this,
             [this](char address, char instruction, char type, char motorBank, int value) {

@@ -12,16 +12,15 @@ class ConsolePage : public Page
 {
     Q_OBJECT
 public:
-    ConsolePage();
+    explicit ConsolePage(const PageContext& context);
 
     void setAddress(char address) override;
     void take(const Command& reply) override;
-
-public Q_SLOTS:
-    void logAnswer(const Command& request, const Command& reply);
-    void logFailure(const Command& request, const QString& reason);
+    void tour(TourGuide& guide) override;
 
 private:
+    void logAnswer(const Command& request, const Command& reply);
+    void logFailure(const Command& request, const QString& reason);
     void addLine(const QString& line);
 
     WDirectMode* m_console;

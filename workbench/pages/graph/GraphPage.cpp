@@ -6,14 +6,14 @@
 #include "Graph.h"
 #include "Instruction.h"
 #include "ModuleLink.h"
-#include "ParameterTable.h"
+#include "PanelParts.h"
+#include "ParameterCatalogue.h"
 #include "ValueKey.h"
 #include "ValueOverTimeGraph.h"
 #include "WTraceController.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QShortcut>
 
 #include <algorithm>
@@ -49,9 +49,8 @@ QString caption(int axis, const ParameterInfo& parameter)
 
 } // namespace
 
-GraphPage::GraphPage(const ModuleLink& link)
-    : Page(QStringLiteral("graph"), tr("Graph"))
-    , m_link(link)
+GraphPage::GraphPage(const PageContext& context)
+    : m_link(context.link)
     , m_graph(new ValueOverTimeGraph(nullptr))
     , m_controller(new WTraceController)
     , m_rate(new QLabel)
@@ -73,17 +72,14 @@ GraphPage::GraphPage(const ModuleLink& link)
     m_graph->setYAxisCaption(tr("device units"));
     m_graph->setChartSelectorEnabled(true);
     m_graph->setAppSettingKey(settingsKey);
-    m_controller->setMinimum(link.answerTime());
+    m_controller->setMinimum(m_link.answerTime());
+    m_graph->setClock(context.clock);
     m_graph->startDrawing(); // its panel says so from the start
 
     const auto addKey = [this](const QKeySequence& key, const auto& action) {
         connect(new QShortcut(key, this), &QShortcut::activated, this, action);
     };
-    addKey(Qt::CTRL + Qt::Key_Space, [this] {
-        auto* start = m_graph->findChild<QPushButton*>(QStringLiteral("btnStart"));
-        auto* stop = m_graph->findChild<QPushButton*>(QStringLiteral("btnStop"));
-        (start->isEnabled() ? start : stop)->click();
-    });
+    addKey(Qt::CTRL + Qt::Key_Space, [this] { PanelParts::pauseOrRun(*m_graph); });
     addKey(Qt::CTRL + Qt::Key_Delete, [this] { m_graph->clearValues(); });
 
     connect(m_graph, &ValueOverTimeGraph::graphSelectionChanged, this,
@@ -91,8 +87,6 @@ GraphPage::GraphPage(const ModuleLink& link)
     connect(m_controller, &WTraceController::requestTraceCommand, this, &GraphPage::request);
     setAddress(m_address);
 }
-
-void GraphPage::setClock(const std::function<qint64()>& clock) { m_graph->setClock(clock); }
 
 void GraphPage::setAddress(char address)
 {
@@ -109,16 +103,16 @@ void GraphPage::offerParameters(char address)
                                        const QString& name) {
         m_offered.emplace_back(address, toByte(instruction), toByte(type), toByte(bank), name);
     };
-    for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
-        for (const ParameterInfo& parameter : axisParameters())
+    for (int axis = 0; axis < m_link.profile().axes; ++axis) {
+        for (const ParameterInfo& parameter : AxisParameters)
             offer(Instruction::GAP, parameter.number, axis, caption(axis, parameter));
     }
-    for (const ParameterInfo& variable : userVariables())
+    for (const ParameterInfo& variable : UserVariables)
         offer(Instruction::GGP, variable.number, UserVariableBank,
               QString::fromUtf8(variable.name));
-    for (int port = 0; port < SimulatedModule::DigitalInputs; ++port)
+    for (int port = 0; port < m_link.profile().digitalInputs; ++port)
         offer(Instruction::GIO, port, DigitalBank, tr("Digital input %1").arg(port));
-    for (int port = 0; port < SimulatedModule::AnalogInputs; ++port)
+    for (int port = 0; port < m_link.profile().analogInputs; ++port)
         offer(Instruction::GIO, port, AnalogBank, tr("Analog input %1").arg(port));
     QList<TraceCommand*> offered;
     for (TraceCommand& command : m_offered)
@@ -192,12 +186,15 @@ void GraphPage::take(const Command& reply)
     });
 }
 
-void GraphPage::showRate(int milliseconds)
+void GraphPage::frame(qint64 now)
 {
     m_controller->setMinimum(m_link.answerTime());
+    const int milliseconds = m_second.passed(now);
+    if (milliseconds == 0)
+        return;
+    const int curves = static_cast<int>(m_polled.size());
     const double rate = m_answers * 1000.0 / milliseconds;
-    m_rate->setText(tr("%1 values, each %2 times a second")
-                        .arg(curves())
-                        .arg(rate / qMax(1, curves()), 0, 'f', 1));
+    m_rate->setText(
+        tr("%1 values, each %2 times a second").arg(curves).arg(rate / qMax(1, curves), 0, 'f', 1));
     m_answers = 0;
 }

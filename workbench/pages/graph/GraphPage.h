@@ -1,10 +1,10 @@
 #ifndef GRAPHPAGE_H
 #define GRAPHPAGE_H
 
+#include "Every.h"
 #include "Page.h"
 #include "TraceCommand.h"
 
-#include <functional>
 #include <vector>
 
 class ModuleLink;
@@ -18,20 +18,15 @@ class GraphPage : public Page
 {
     Q_OBJECT
 public:
-    /// \param link tells whether there is a module to ask, and how often it can answer
-    explicit GraphPage(const ModuleLink& link);
+    explicit GraphPage(const PageContext& context);
 
     void setAddress(char address) override;
     void refresh() override;
+    /// Keeps the delay at what the link can answer, and once in a second shows how often the values
+    /// came.
+    void frame(qint64 now) override;
     void take(const Command& reply) override;
-
-    /// Lets the curves run on this clock, in ms since the epoch, instead of the wall clock.
-    void setClock(const std::function<qint64()>& clock);
-    /// Shows the answers of the last `milliseconds`, which passed since the last call, as a rate,
-    /// and keeps the delay at what the link can answer.
-    void showRate(int milliseconds);
-    /// Number of curves: as many reads of this page wait at the most.
-    int curves() const { return static_cast<int>(m_polled.size()); }
+    void tour(TourGuide& guide) override;
 
 private:
     void offerParameters(char address);
@@ -48,6 +43,7 @@ private:
     std::vector<TraceCommand> m_offered; // stand still while the graph points to them
     std::vector<TraceCommand> m_polled;  // and these while the controller does
     int m_answers = 0;
+    Every m_second{1000};
 };
 
 #endif

@@ -27,8 +27,7 @@ constexpr QPointF BadgeOffset(12, 30);
 } // namespace
 
 MarkersPage::MarkersPage()
-    : Page(QStringLiteral("markers"), tr("Markers"))
-    , m_ramp(RampProfile::toPosition({0, 0}, Turns, TopVelocity, Acceleration))
+    : m_ramp(Simulated::RampProfile::toPosition({0, 0}, Turns, TopVelocity, Acceleration))
     , m_data(new FunctionData(&m_scene, font(), PlotWidth, this))
     , m_timeText(new QLabel)
     , m_velocityText(new QLabel)

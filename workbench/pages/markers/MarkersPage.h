@@ -21,6 +21,7 @@ public:
     ~MarkersPage() override;
 
     bool worksAlone() const override { return true; }
+    void tour(TourGuide& guide) override;
 
 private:
     void plotRamp();
@@ -32,7 +33,7 @@ private:
     void showVelocity();
     void showNote();
 
-    RampProfile m_ramp;
+    Simulated::RampProfile m_ramp;
     QGraphicsScene m_scene;
     FunctionData* m_data;
     QRectF m_shown;

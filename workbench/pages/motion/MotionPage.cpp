@@ -4,10 +4,13 @@
 #include "Entries.h"
 #include "Fitting.h"
 #include "Instruction.h"
-#include "ParameterTable.h"
+#include "ModuleLink.h"
+#include "PanelParts.h"
+#include "ParameterCatalogue.h"
 #include "PositionControl.h"
 #include "ShaftView.h"
 #include "SimulatedModule.h"
+#include "Simulator.h"
 #include "SpinBox.h"
 #include "VelocityControl.h"
 #include "VelocityRampControl.h"
@@ -70,7 +73,7 @@ void setUp(VelocityRampControl& panel)
     panel.setAccelerationCommandAndRange(toByte(Number::Acceleration), acceleration.minimum,
                                          acceleration.maximum);
     // The range moves the 0 that stands there; as an entry of nobody it would wait for Return.
-    for (SpinBox* box : panel.findChildren<SpinBox*>())
+    for (SpinBox* box : {PanelParts::maxVelocityBox(panel), PanelParts::accelerationBox(panel)})
         box->setValue(qRound(box->value()));
     panel.setEnableRampCommand(toByte(Number::EnableRamp));
     panel.setAccelerationCaption(QStringLiteral("Acceleration [rpm/s]"));
@@ -78,12 +81,12 @@ void setUp(VelocityRampControl& panel)
 
 } // namespace
 
-MotionPage::MotionPage(SimulatedModule& module) : Page(QStringLiteral("motion"), tr("Motion"))
+MotionPage::MotionPage(const PageContext& context) : m_simulator(context.simulator)
 {
     auto* axes = new QWidget;
     auto* row = new QHBoxLayout(axes);
-    for (int axis = 0; axis < SimulatedModule::Axes; ++axis)
-        row->addWidget(makeAxis(module, axis));
+    for (int axis = 0; axis < context.link.profile().axes; ++axis)
+        row->addWidget(makeAxis(axis));
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -97,7 +100,7 @@ MotionPage::~MotionPage()
     qDeleteAll(m_panels);
 }
 
-QWidget* MotionPage::makeAxis(SimulatedModule& module, int axis)
+QWidget* MotionPage::makeAxis(int axis)
 {
     auto* frame = new QGroupBox(tr("Axis %1").arg(axis));
     auto* velocity = new VelocityControl;
@@ -120,13 +123,24 @@ QWidget* MotionPage::makeAxis(SimulatedModule& module, int axis)
         m_panels << panel;
     }
     m_polled << velocity << current << position;
-    m_axes.push_back(
-        {position->findChild<QPushButton*>(QStringLiteral("btnMoveRelative")),
-         {{ramp->findChild<SpinBox*>(QStringLiteral("sbMaxVelocity")), quint8(Number::MaxVelocity)},
-          {ramp->findChild<SpinBox*>(QStringLiteral("sbAcceleration")),
-           quint8(Number::Acceleration)}}});
+    m_axes.push_back({PanelParts::moveRelativeButton(*position),
+                      {{PanelParts::maxVelocityBox(*ramp), quint8(Number::MaxVelocity)},
+                       {PanelParts::accelerationBox(*ramp), quint8(Number::Acceleration)}}});
     m_axes.back().moveRelative->setEnabled(false);
 
+    auto* grid = new QGridLayout(frame);
+    grid->addWidget(velocity, 0, 0);
+    grid->addWidget(ramp, 0, 1);
+    grid->addWidget(position, 1, 0);
+    grid->addWidget(current, 2, 0);
+    if (m_simulator)
+        grid->addWidget(makeShaft(axis), 1, 1, 2, 1);
+    grid->setRowStretch(3, 1);
+    return frame;
+}
+
+QWidget* MotionPage::makeShaft(int axis)
+{
     auto* shaft = new ShaftView;
     m_shafts << shaft;
     auto* load = new QSlider(Qt::Horizontal);
@@ -134,24 +148,16 @@ QWidget* MotionPage::makeAxis(SimulatedModule& module, int axis)
     load->setAccessibleName(tr("Load on axis %1").arg(axis));
     load->setRange(0, 100);
     load->setToolTip(tr("Load torque on the simulated shaft, in percent of the motor's largest"));
-    connect(load, &QSlider::valueChanged, this, [&module, axis](int percent) {
-        SimulatedAxis& loaded = module.axis(axis);
+    connect(load, &QSlider::valueChanged, this, [this, axis](int percent) {
+        SimulatedAxis& loaded = m_simulator->module.axis(axis);
         loaded.setLoad(largestTorque(loaded) * percent / 100.0);
     });
-
-    auto* grid = new QGridLayout(frame);
-    grid->addWidget(velocity, 0, 0);
-    grid->addWidget(ramp, 0, 1);
-    grid->addWidget(position, 1, 0);
-    grid->addWidget(current, 2, 0);
-    auto* simulated = new QGroupBox(tr("Simulated shaft"));
-    auto* column = new QVBoxLayout(simulated);
+    auto* box = new QGroupBox(tr("Simulated shaft"));
+    auto* column = new QVBoxLayout(box);
     column->addWidget(shaft, 1);
     column->addWidget(new QLabel(tr("Load")));
     column->addWidget(load);
-    grid->addWidget(simulated, 1, 1, 2, 1);
-    grid->setRowStretch(3, 1);
-    return frame;
+    return box;
 }
 
 QString MotionPage::panelName(const char* className, int axis)
@@ -205,10 +211,11 @@ void MotionPage::take(const Command& reply)
         m_axes[axis].moveRelative->setEnabled(true);
 }
 
-void MotionPage::showShafts(const SimulatedModule& module)
+void MotionPage::frame(qint64 now)
 {
+    Q_UNUSED(now)
     for (int axis = 0; axis < m_shafts.size(); ++axis) {
-        const SimulatedAxis& shaft = module.axis(axis);
+        const SimulatedAxis& shaft = m_simulator->module.axis(axis);
         const int fastest = qMax(1, shaft.read(Number::MaxVelocity));
         m_shafts.at(axis)->showState(
             shaft.turns(), shaft.velocity() / fastest,

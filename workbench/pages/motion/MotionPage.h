@@ -8,7 +8,6 @@
 class AxisPanel;
 class QPushButton;
 class ShaftView;
-class SimulatedModule;
 class SpinBox;
 
 /// The motion panels of both axes, with a view of what each simulated shaft really does. A relative
@@ -17,17 +16,17 @@ class MotionPage : public Page
 {
     Q_OBJECT
 public:
-    explicit MotionPage(SimulatedModule& module);
+    explicit MotionPage(const PageContext& context);
     ~MotionPage() override;
 
     void setAddress(char address) override;
     void refresh() override;
     void poll() override;
     bool isEditing(const Command& request) const override;
-    void take(const Command& reply) override;
-
     /// Draws what the simulated axes do now.
-    void showShafts(const SimulatedModule& module);
+    void frame(qint64 now) override;
+    void take(const Command& reply) override;
+    void tour(TourGuide& guide) override;
 
     /// The panel of one axis, null when there is none of that class.
     template <class Panel>
@@ -47,8 +46,10 @@ private:
     };
 
     static QString panelName(const char* className, int axis);
-    QWidget* makeAxis(SimulatedModule& module, int axis);
+    QWidget* makeAxis(int axis);
+    QWidget* makeShaft(int axis);
 
+    const Simulator* m_simulator;
     QList<AxisPanel*> m_panels;
     QList<AxisPanel*> m_polled;
     std::vector<Axis> m_axes;

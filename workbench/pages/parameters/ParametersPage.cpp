@@ -5,7 +5,7 @@
 #include "Fitting.h"
 #include "HTMLDelegate.h"
 #include "Instruction.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "SpinBox.h"
 #include "SpinBoxDelegate.h"
 
@@ -22,11 +22,11 @@ namespace
 
 constexpr int ReadsAtOnce = 8;
 
-const ParameterInfo& parameterAt(int row) { return axisParameters()[static_cast<size_t>(row)]; }
+const ParameterInfo& parameterAt(int row) { return AxisParameters[static_cast<size_t>(row)]; }
 
-int rowCount() { return static_cast<int>(axisParameters().size()); }
+int rowCount() { return static_cast<int>(AxisParameters.size()); }
 
-bool isWritable(int row) { return parameterAt(row).access != Access::ReadOnly; }
+bool isWritable(int row) { return parameterAt(row).access != ParameterAccess::ReadOnly; }
 
 Parameter describe(const ParameterInfo& info)
 {
@@ -54,8 +54,7 @@ QStandardItem* cell(const QString& text, Qt::Alignment alignment)
 } // namespace
 
 ParametersPage::ParametersPage()
-    : Page(QStringLiteral("parameters"), tr("Parameters"))
-    , m_axis(new QComboBox)
+    : m_axis(new QComboBox)
     , m_model(new QStandardItemModel(this))
     , m_table(new QTableView)
     , m_caption(new QLabel)

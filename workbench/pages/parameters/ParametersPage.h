@@ -24,6 +24,7 @@ public:
     void poll() override;
     bool isEditing(const Command& request) const override;
     void take(const Command& reply) override;
+    void tour(TourGuide& guide) override;
 
 private:
     enum Column { NumberColumn, NameColumn, ValueColumn, RangeColumn, UnitColumn, ColumnCount };

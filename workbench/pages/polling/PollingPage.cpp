@@ -4,8 +4,7 @@
 #include "Fitting.h"
 #include "Instruction.h"
 #include "ModuleLink.h"
-#include "ParameterTable.h"
-#include "SimulatedModule.h"
+#include "ParameterCatalogue.h"
 #include "TraceController.h"
 #include "ValueKey.h"
 #include "WTraceController.h"
@@ -48,9 +47,8 @@ QWidget* framed(QWidget* controller, const QString& title)
 
 } // namespace
 
-PollingPage::PollingPage(const ModuleLink& link)
-    : Page(QStringLiteral("polling"), tr("Polling"))
-    , m_link(link)
+PollingPage::PollingPage(const PageContext& context)
+    : m_link(context.link)
     , m_firstAxis(new WTraceController)
     , m_secondAxis(new TraceController)
     , m_table(new QTableWidget(0, ColumnCount))
@@ -85,8 +83,8 @@ void PollingPage::setAddress(char address)
     m_secondAxis->clearTraceCommands();
     m_values.clear();
     m_table->setRowCount(0);
-    for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
-        for (const ParameterInfo& parameter : axisParameters()) {
+    for (int axis = 0; axis < m_link.profile().axes; ++axis) {
+        for (const ParameterInfo& parameter : AxisParameters) {
             if (!isPolled(parameter.number))
                 continue;
             const QString name = QString::fromUtf8(parameter.name);
@@ -135,9 +133,12 @@ void PollingPage::limitDelays()
     m_secondAxis->setMinimum(m_link.answerTime());
 }
 
-void PollingPage::showRates(int milliseconds)
+void PollingPage::frame(qint64 now)
 {
     limitDelays();
+    const int milliseconds = m_second.passed(now);
+    if (milliseconds == 0)
+        return;
     for (Value& value : m_values) {
         value.rate->setText(QString::number(value.answers * 1000.0 / milliseconds, 'f', 1));
         value.answers = 0;

@@ -1,6 +1,7 @@
 #ifndef POLLINGPAGE_H
 #define POLLINGPAGE_H
 
+#include "Every.h"
 #include "Page.h"
 #include "TraceCommand.h"
 
@@ -19,15 +20,14 @@ class PollingPage : public Page
 {
     Q_OBJECT
 public:
-    /// \param link tells how often it can answer
-    explicit PollingPage(const ModuleLink& link);
+    explicit PollingPage(const PageContext& context);
 
     void setAddress(char address) override;
+    /// Keeps the delays at what the link can answer, and once in a second shows the answers as
+    /// rates.
+    void frame(qint64 now) override;
     void take(const Command& reply) override;
-
-    /// Shows the answers of the last `milliseconds` of virtual time, which passed since the last
-    /// call, as a rate, and keeps the delays at what the link can answer.
-    void showRates(int milliseconds);
+    void tour(TourGuide& guide) override;
 
 private:
     struct Value {
@@ -44,6 +44,7 @@ private:
     WTraceController* m_firstAxis;
     TraceController* m_secondAxis;
     QTableWidget* m_table;
+    Every m_second{1000};
     std::vector<Value> m_values; // stands still while the controllers point into it
 };
 

@@ -3,7 +3,7 @@
 #include "CommandText.h"
 #include "Instruction.h"
 #include "ModuleLink.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "ValueKey.h"
 
 namespace Number = AxisParameterNumber;

@@ -4,7 +4,7 @@
 #include "Instruction.h"
 #include "ModuleLink.h"
 #include "Numbers.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "RampCurve.h"
 #include "SpinBox.h"
 
@@ -61,10 +61,9 @@ QLabel* makeText(const char* name)
 
 } // namespace
 
-RampPage::RampPage(const ModuleLink& link)
-    : Page(QStringLiteral("ramp"), tr("Ramp"))
-    , m_link(link)
-    , m_move(link)
+RampPage::RampPage(const PageContext& context)
+    : m_link(context.link)
+    , m_move(context.link)
     , m_ramp(Area)
     , m_plan(makeText("lblPlan"))
     , m_result(makeText("lblRampResult"))
@@ -90,7 +89,7 @@ RampPage::RampPage(const ModuleLink& link)
     connect(&m_move, &RampMove::read, this, &Page::read);
     connect(&m_move, &RampMove::changed, this, &RampPage::showMeasured);
     connect(&m_move, &RampMove::ended, this, &RampPage::showEnd);
-    connect(&link, &ModuleLink::stateChanged, this, &RampPage::showPlan);
+    connect(&m_link, &ModuleLink::stateChanged, this, &RampPage::showPlan);
     showEnd(tr("not moved yet"));
     calculate();
 }
@@ -124,7 +123,7 @@ QWidget* RampPage::makeMove()
     m_axis = new QComboBox;
     m_axis->setObjectName(QStringLiteral("cmbRampAxis"));
     m_axis->setAccessibleName(tr("Axis"));
-    for (int axis = 0; axis < SimulatedModule::Axes; ++axis)
+    for (int axis = 0; axis < m_link.profile().axes; ++axis)
         m_axis->addItem(tr("Axis %1").arg(axis));
     m_left = new QCheckBox(tr("to the left"));
     m_left->setObjectName(QStringLiteral("cbLeft"));

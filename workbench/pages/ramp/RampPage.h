@@ -27,7 +27,7 @@ class RampPage : public Page
 {
     Q_OBJECT
 public:
-    explicit RampPage(const ModuleLink& link);
+    explicit RampPage(const PageContext& context);
 
     bool worksAlone() const override { return true; }
     void giveUp() override { m_move.giveUp(); }
@@ -35,6 +35,7 @@ public:
     void refresh() override;
     void poll() override;
     void take(const Command& reply) override;
+    void tour(TourGuide& guide) override;
 
     /// The move that the page drives, with the record of the last one.
     const RampMove& move() const { return m_move; }

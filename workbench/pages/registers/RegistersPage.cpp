@@ -93,11 +93,7 @@ RegisterSet* setOf(const QTreeWidgetItem* item)
 
 } // namespace
 
-RegistersPage::RegistersPage()
-    : Page(QStringLiteral("registers"), tr("Registers"))
-    , m_title(new QLabel)
-    , m_tree(new QTreeWidget)
-    , m_error(new QLabel)
+RegistersPage::RegistersPage() : m_title(new QLabel), m_tree(new QTreeWidget), m_error(new QLabel)
 {
     m_error->setObjectName(QStringLiteral("lblError"));
     m_error->setWordWrap(true);

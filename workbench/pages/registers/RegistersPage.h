@@ -25,6 +25,7 @@ public:
     ~RegistersPage() override;
 
     bool worksAlone() const override { return true; }
+    void tour(TourGuide& guide) override;
 
     /// Shows another chip. A file that is refused is told on the page, and the old chip stays.
     bool open(const QString& file);

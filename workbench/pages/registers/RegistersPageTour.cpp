@@ -1,7 +1,7 @@
 // The step of the tour on the page of registers.
 
 #include "RegistersPage.h"
-#include "Tour.h"
+#include "TourGuide.h"
 #include "TourInput.h"
 
 #include <QApplication>
@@ -12,7 +12,7 @@
 using namespace TourInput;
 
 /// Edits one field of the ramp driver by each of its views.
-void Tour::editRegisters()
+void RegistersPage::tour(TourGuide& guide)
 {
     const struct {
         int column;
@@ -23,10 +23,9 @@ void Tour::editRegisters()
                  {RegistersPage::RawColumn, "0x0A", "0x60A04", true},
                  {RegistersPage::BitsColumn, "1 0101", "0x61504", true},
                  {RegistersPage::PhysicalColumn, "1.5", "0x61504", false}};
-    m_bench.showPage(QStringLiteral("registers"));
-    const auto* page = m_bench.findChild<RegistersPage*>();
-    auto* tree = find<QTreeWidget>(QStringLiteral("twRegisters"), page);
-    const auto* error = find<QLabel>(QStringLiteral("lblError"), page);
+    guide.showPage(QStringLiteral("registers"));
+    QTreeWidget* tree = m_tree;
+    const QLabel* error = m_error;
     QTreeWidgetItem* field =
         tree->findItems(QStringLiteral("run"), Qt::MatchStartsWith | Qt::MatchRecursive).value(0);
     if (!field)
@@ -43,11 +42,12 @@ void Tour::editRegisters()
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         const QString raw = field->parent()->text(RegistersPage::RawColumn);
         const bool told = !error->text().isEmpty();
-        check(QStringLiteral("enter %1 as \"%2\"")
-                  .arg(QString::fromLatin1(step.typed), tree->headerItem()->text(step.column)),
-              QStringLiteral("the register is %1").arg(QString::fromLatin1(step.raw)),
-              told ? raw + QStringLiteral(", ") + error->text() : raw,
-              raw == QLatin1String(step.raw) && told != step.taken);
+        guide.check(
+            QStringLiteral("enter %1 as \"%2\"")
+                .arg(QString::fromLatin1(step.typed), tree->headerItem()->text(step.column)),
+            QStringLiteral("the register is %1").arg(QString::fromLatin1(step.raw)),
+            told ? raw + QStringLiteral(", ") + error->text() : raw,
+            raw == QLatin1String(step.raw) && told != step.taken);
     }
-    photograph(QStringLiteral("registers"));
+    guide.photograph(QStringLiteral("registers"));
 }

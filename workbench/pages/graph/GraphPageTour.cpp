@@ -7,12 +7,12 @@
 #include "GraphPage.h"
 #include "GraphSelector.h"
 #include "MarkerItem.h"
+#include "ModuleLink.h"
 #include "ScreenPicture.h"
-#include "Tour.h"
+#include "TourGuide.h"
 #include "TourInput.h"
 #include "ValueKey.h"
 #include "ValueOverTimeGraph.h"
-#include "VelocityControl.h"
 #include "WTraceController.h"
 #include "XTimeAxisItem.h"
 
@@ -39,6 +39,7 @@ namespace
 {
 
 constexpr int LiveTime = 1500; // ms of real time
+constexpr int Velocity = 500;  // rpm
 
 /// What the module said, beside what the graph made of it.
 struct Answer {
@@ -62,82 +63,8 @@ bool isAsAnswered(const Graph& graph, const QVector<Answer>& answers, int* sampl
                       });
 }
 
-} // namespace
-
-void Tour::watchCurves()
-{
-    auto* graph = m_bench.findChild<ValueOverTimeGraph*>();
-    auto* controller = m_bench.findChild<GraphPage*>()->findChild<WTraceController*>();
-    const auto* motion = find<VelocityControl>(QStringLiteral("VelocityControl0"));
-    m_bench.showPage(QStringLiteral("motion"));
-    click(find<QPushButton>(QStringLiteral("btnRight"), motion));
-    m_bench.showPage(QStringLiteral("graph"));
-
-    QVector<Answer> answers;
-    const QObject recorder;
-    QObject::connect(&m_bench.link(), &ModuleLink::answered, &recorder,
-                     [&](const Command&, const Command& reply) {
-                         answers.append({m_bench.time(), reply});
-                     });
-    click(find<QPushButton>(QStringLiteral("btnStart"), controller));
-    const bool ticked = passTicks(3000 / Step, {controller});
-    int samples = 0;
-    bool same = ticked;
-    for (const Graph* curve : graph->getGraphs())
-        same = isAsAnswered(*curve, answers, &samples) && same;
-    check(QStringLiteral("curves of %1 values while axis 0 turns").arg(graph->getGraphs().size()),
-          QStringLiteral("each sample as the module answered, value and time"),
-          QStringLiteral("%1 samples %2").arg(samples).arg(same ? "alike" : "not alike"), same);
-    expectText(
-        QStringLiteral("refresh rate of the curves"),
-        [this] { return find<QLabel>(QStringLiteral("lblPolled"))->text(); },
-        QStringLiteral("4 values, each 50.0 times a second"), 0);
-    runLive(LiveTime);
-    expectMotion(graph->findChild<QGraphicsView*>()->viewport(), QStringLiteral("the curves move"));
-    expectCurvesAt(graph);
-    photograph(QStringLiteral("graph"));
-
-    const auto* panel = find<QWidget>(QStringLiteral("graphController"), graph);
-    click(find<QPushButton>(QStringLiteral("btnHideController"), graph));
-    QApplication::processEvents();
-    click(find<QRadioButton>(QStringLiteral("btnScaleManually"), panel));
-    type(find<QSpinBox>(QStringLiteral("sbMax"), panel), QStringLiteral("1000"));
-    type(find<QSpinBox>(QStringLiteral("sbMin"), panel), QStringLiteral("-200"));
-    passTicks(200 / Step, {controller});
-    photograph(QStringLiteral("graph"), QStringLiteral("graph-manual"));
-    const auto visibleMarkers = [graph] {
-        const auto items = graph->findChild<QGraphicsScene*>()->items();
-        return std::count_if(items.begin(), items.end(), [](const QGraphicsItem* item) {
-            return item->type() == MarkerItem::Type && item->isVisible();
-        });
-    };
-    check(QStringLiteral("scale -200..1000 by hand"), QStringLiteral("no marker of the extremes"),
-          QStringLiteral("%1 markers").arg(visibleMarkers()), visibleMarkers() == 0);
-    click(find<QRadioButton>(QStringLiteral("btnScaleDynamic"), panel));
-    passTicks(200 / Step, {controller});
-    double lowest = 0;
-    double highest = 0;
-    for (const Graph* curve : graph->getGraphs())
-        curve->valueRange(&lowest, &highest);
-    const int shownMin = find<QSpinBox>(QStringLiteral("sbMin"), panel)->value();
-    const int shownMax = find<QSpinBox>(QStringLiteral("sbMax"), panel)->value();
-    check(QStringLiteral("scale by the data again"), QStringLiteral("a range that covers them"),
-          QStringLiteral("%1..%2").arg(shownMin).arg(shownMax),
-          shownMin <= lowest && shownMax >= highest && shownMin != -200);
-
-    exportCurves(graph);
-    logCurves(graph);
-    selectCurves(graph);
-    passTicks(1000 / Step, {controller});
-    photograph(QStringLiteral("graph"), QStringLiteral("graph-selected"));
-    click(find<QPushButton>(QStringLiteral("btnStop"), controller));
-    m_bench.showPage(QStringLiteral("motion"));
-    click(find<QPushButton>(QStringLiteral("btnStop"), motion));
-    pass(2 * Settle);
-}
-
 /// Each curve has its colour where its samples of the last second belong.
-void Tour::expectCurvesAt(ValueOverTimeGraph* graph)
+void expectCurvesAt(TourGuide& guide, ValueOverTimeGraph* graph)
 {
     constexpr int AgeStep = 50;      // ms
     constexpr int OldestAge = 1000;  // ms
@@ -156,9 +83,9 @@ void Tour::expectCurvesAt(ValueOverTimeGraph* graph)
                                  topValue = greatest;
                              });
     }
-    runLive(LiveTime / 5);
+    guide.runLive(LiveTime / 5);
     const QImage picture = ScreenPicture::of(view->viewport());
-    const qint64 now = m_bench.time();
+    const qint64 now = guide.time();
     for (QGraphicsItem* item : view->scene()->items()) {
         if (dynamic_cast<GraphItem*>(item))
             area = item->mapRectToScene(item->boundingRect());
@@ -188,16 +115,16 @@ void Tour::expectCurvesAt(ValueOverTimeGraph* graph)
         seen << QStringLiteral("%1 of %2").arg(hits).arg(probes);
         isFine = isFine && probes > 0 && 2 * hits >= probes; // another curve may cover it
     }
-    check(QStringLiteral("each curve on the screen, where its samples belong"),
-          QStringLiteral("its colour"), seen.join(QStringLiteral(", ")), isFine);
+    guide.check(QStringLiteral("each curve on the screen, where its samples belong"),
+                QStringLiteral("its colour"), seen.join(QStringLiteral(", ")), isFine);
 }
 
-void Tour::exportCurves(ValueOverTimeGraph* graph)
+void exportCurves(TourGuide& guide, ValueOverTimeGraph* graph)
 {
-    const QString name = m_folder + QStringLiteral("/graph.csv");
+    const QString name = guide.file(QStringLiteral("graph.csv"));
     QFile::remove(name);
-    answerFileDialog(&m_bench, name);
-    click(find<QPushButton>(QStringLiteral("btnSave"), graph));
+    answerFileDialog(guide.window(), name);
+    click(guide.find<QPushButton>(graph, "btnSave"));
 
     const QList<QByteArrayList> rows = readCsv(name);
     const QList<Graph*> curves = graph->getGraphs();
@@ -222,31 +149,30 @@ void Tour::exportCurves(ValueOverTimeGraph* graph)
     }
     for (const QList<TValue>& rest : left)
         same = same && rest.isEmpty();
-    check(QStringLiteral("save the curves, read graph.csv back"),
-          QStringLiteral("all samples, and no other"),
-          QStringLiteral("%1 rows %2").arg(rows.size() - 1).arg(same ? "alike" : "not alike"),
-          same);
+    guide.check(QStringLiteral("save the curves, read graph.csv back"),
+                QStringLiteral("all samples, and no other"),
+                QStringLiteral("%1 rows %2").arg(rows.size() - 1).arg(same ? "alike" : "not alike"),
+                same);
 }
 
-void Tour::logCurves(ValueOverTimeGraph* graph)
+void logCurves(TourGuide& guide, ValueOverTimeGraph* graph, WTraceController* controller)
 {
-    auto* controller = m_bench.findChild<GraphPage*>()->findChild<WTraceController*>();
-    const QString name = m_folder + QStringLiteral("/graph-log.csv");
+    const QString name = guide.file(QStringLiteral("graph-log.csv"));
     QFile::remove(name);
-    answerFileDialog(&m_bench, name);
-    auto* box = find<QCheckBox>(QStringLiteral("cbLog"), graph);
+    answerFileDialog(guide.window(), name);
+    auto* box = guide.find<QCheckBox>(graph, "cbLog");
     click(box);
     QVector<Answer> answers;
     {
         const QObject recorder;
-        QObject::connect(&m_bench.link(), &ModuleLink::answered, &recorder,
+        QObject::connect(&guide.link(), &ModuleLink::answered, &recorder,
                          [&](const Command&, const Command& reply) {
-                             answers.append({m_bench.time(), reply});
+                             answers.append({guide.time(), reply});
                          });
-        passTicks(500 / Step, {controller});
+        guide.passTicks(500 / TourGuide::Step, {controller});
     }
     click(box);
-    passTicks(8, {controller});
+    guide.passTicks(8, {controller});
 
     const QList<QByteArrayList> rows = readCsv(name);
     const QList<Graph*> curves = graph->getGraphs();
@@ -262,24 +188,25 @@ void Tour::logCurves(ValueOverTimeGraph* graph)
                                           ? QByteArray::number(reply.getValue())
                                           : QByteArray());
     }
-    check(QStringLiteral("log for half a second, read graph-log.csv back"),
-          QStringLiteral("a row for each answer, and none after the end"),
-          QStringLiteral("%1 answers, %2 rows %3")
-              .arg(answers.size())
-              .arg(rows.size() - 1)
-              .arg(same ? "alike" : "not alike"),
-          same);
+    guide.check(QStringLiteral("log for half a second, read graph-log.csv back"),
+                QStringLiteral("a row for each answer, and none after the end"),
+                QStringLiteral("%1 answers, %2 rows %3")
+                    .arg(answers.size())
+                    .arg(rows.size() - 1)
+                    .arg(same ? "alike" : "not alike"),
+                same);
 }
 
-void Tour::selectCurves(ValueOverTimeGraph* graph)
+void selectCurves(TourGuide& guide, ValueOverTimeGraph* graph)
 {
     const QString added = QStringLiteral("0 Temperature [°C]");
-    QTimer::singleShot(0, &m_bench, [this, graph, added] {
+    QTimer::singleShot(0, guide.window(), [&, graph, added] {
         auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
         if (!menu)
             qFatal("no context menu came");
-        photographWidget(menu, QStringLiteral("menu of the graph"), QStringLiteral("graph-menu"));
-        QTimer::singleShot(0, graph, [this, added] {
+        guide.photographWidget(menu, QStringLiteral("menu of the graph"),
+                               QStringLiteral("graph-menu"));
+        QTimer::singleShot(0, graph, [&, added] {
             auto* dialog = qobject_cast<GraphSelector*>(QApplication::activeModalWidget());
             if (!dialog)
                 qFatal("no selection dialog came");
@@ -297,11 +224,11 @@ void Tour::selectCurves(ValueOverTimeGraph* graph)
                 }
                 qFatal("the table has no row %s", qPrintable(name));
             };
-            auto* selected = find<QTableWidget>(QStringLiteral("twSelected"), dialog);
-            clickName(find<QTableWidget>(QStringLiteral("twAvailable"), dialog), added);
+            auto* selected = guide.find<QTableWidget>(dialog, "twSelected");
+            clickName(guide.find<QTableWidget>(dialog, "twAvailable"), added);
             clickName(selected, selected->item(0, 2)->text());
-            photographWidget(dialog, QStringLiteral("selection of curves"),
-                             QStringLiteral("graph-selection"));
+            guide.photographWidget(dialog, QStringLiteral("selection of curves"),
+                                   QStringLiteral("graph-selection"));
             click(dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok));
         });
         menu->setActiveAction(menu->actions().last());
@@ -312,7 +239,80 @@ void Tour::selectCurves(ValueOverTimeGraph* graph)
     QStringList labels;
     for (const Graph* curve : graph->getGraphs())
         labels << curve->getLabel();
-    check(QStringLiteral("drop the first curve and add %1 in the dialog").arg(added),
-          QStringLiteral("4 curves, those"), labels.join(QStringLiteral(", ")),
-          labels.size() == 4 && labels.contains(added) && !labels.contains(first));
+    guide.check(QStringLiteral("drop the first curve and add %1 in the dialog").arg(added),
+                QStringLiteral("4 curves, those"), labels.join(QStringLiteral(", ")),
+                labels.size() == 4 && labels.contains(added) && !labels.contains(first));
+}
+
+} // namespace
+
+void GraphPage::tour(TourGuide& guide)
+{
+    ValueOverTimeGraph* graph = m_graph;
+    WTraceController* controller = m_controller;
+    guide.turn(0, Velocity);
+    guide.showPage(QStringLiteral("graph"));
+
+    QVector<Answer> answers;
+    const QObject recorder;
+    QObject::connect(&guide.link(), &ModuleLink::answered, &recorder,
+                     [&](const Command&, const Command& reply) {
+                         answers.append({guide.time(), reply});
+                     });
+    click(guide.find<QPushButton>(controller, "btnStart"));
+    const bool ticked = guide.passTicks(3000 / TourGuide::Step, {controller});
+    int samples = 0;
+    bool same = ticked;
+    for (const Graph* curve : graph->getGraphs())
+        same = isAsAnswered(*curve, answers, &samples) && same;
+    guide.check(
+        QStringLiteral("curves of %1 values while axis 0 turns").arg(graph->getGraphs().size()),
+        QStringLiteral("each sample as the module answered, value and time"),
+        QStringLiteral("%1 samples %2").arg(samples).arg(same ? "alike" : "not alike"), same);
+    guide.expectText(
+        QStringLiteral("refresh rate of the curves"), [&] { return m_rate->text(); },
+        QStringLiteral("4 values, each 50.0 times a second"), 0);
+    guide.runLive(LiveTime);
+    guide.expectMotion(graph->findChild<QGraphicsView*>()->viewport(),
+                       QStringLiteral("the curves move"));
+    expectCurvesAt(guide, graph);
+    guide.photograph(QStringLiteral("graph"));
+
+    const auto* panel = guide.find<QWidget>(graph, "graphController");
+    click(guide.find<QPushButton>(graph, "btnHideController"));
+    QApplication::processEvents();
+    click(guide.find<QRadioButton>(panel, "btnScaleManually"));
+    type(guide.find<QSpinBox>(panel, "sbMax"), QStringLiteral("1000"));
+    type(guide.find<QSpinBox>(panel, "sbMin"), QStringLiteral("-200"));
+    guide.passTicks(200 / TourGuide::Step, {controller});
+    guide.photograph(QStringLiteral("graph"), QStringLiteral("graph-manual"));
+    const auto visibleMarkers = [graph] {
+        const auto items = graph->findChild<QGraphicsScene*>()->items();
+        return std::count_if(items.begin(), items.end(), [](const QGraphicsItem* item) {
+            return item->type() == MarkerItem::Type && item->isVisible();
+        });
+    };
+    guide.check(QStringLiteral("scale -200..1000 by hand"),
+                QStringLiteral("no marker of the extremes"),
+                QStringLiteral("%1 markers").arg(visibleMarkers()), visibleMarkers() == 0);
+    click(guide.find<QRadioButton>(panel, "btnScaleDynamic"));
+    guide.passTicks(200 / TourGuide::Step, {controller});
+    double lowest = 0;
+    double highest = 0;
+    for (const Graph* curve : graph->getGraphs())
+        curve->valueRange(&lowest, &highest);
+    const int shownMin = guide.find<QSpinBox>(panel, "sbMin")->value();
+    const int shownMax = guide.find<QSpinBox>(panel, "sbMax")->value();
+    guide.check(QStringLiteral("scale by the data again"),
+                QStringLiteral("a range that covers them"),
+                QStringLiteral("%1..%2").arg(shownMin).arg(shownMax),
+                shownMin <= lowest && shownMax >= highest && shownMin != -200);
+
+    exportCurves(guide, graph);
+    logCurves(guide, graph, controller);
+    selectCurves(guide, graph);
+    guide.passTicks(1000 / TourGuide::Step, {controller});
+    guide.photograph(QStringLiteral("graph"), QStringLiteral("graph-selected"));
+    click(guide.find<QPushButton>(controller, "btnStop"));
+    guide.turn(0, 0);
 }

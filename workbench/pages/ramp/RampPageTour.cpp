@@ -1,11 +1,13 @@
 // The steps of the tour on the page of the trapezoid ramp.
 
 #include "BasicTools.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
 #include "RampCurve.h"
 #include "RampPage.h"
+#include "SimulatedModule.h"
+#include "Simulator.h"
 #include "SpinBox.h"
-#include "Tour.h"
+#include "TourGuide.h"
 #include "TourInput.h"
 
 #include <QApplication>
@@ -25,7 +27,7 @@ QString shown(double number) { return BasicTools::intInsertDot(number, 1); }
 
 } // namespace
 
-void Tour::turnRamp()
+void RampPage::tour(TourGuide& guide)
 {
     const struct {
         const char* box;
@@ -33,11 +35,10 @@ void Tour::turnRamp()
     } entries[] = {{"sbVStart", 500},      {"sbA1", 2500},           {"sbV1", 40000},
                    {"sbMaxPosVel", 80000}, {"sbAcceleration", 1800}, {"sbDeceleration", 1600},
                    {"sbD1", 2400},         {"sbVStop", 600},         {"sbDistance", Distance}};
-    m_bench.showPage(QStringLiteral("ramp"));
-    const auto* page = m_bench.findChild<RampPage*>();
-    pass(Settle);
+    guide.showPage(QStringLiteral("ramp"));
+    guide.pass(TourGuide::Settle);
     for (const auto& entry : entries)
-        type(find<SpinBox>(QString::fromLatin1(entry.box), page), QString::number(entry.value));
+        type(guide.find<SpinBox>(this, entry.box), QString::number(entry.value));
 
     const auto steps = [](double upper, double lower, double a) {
         return (upper * upper - lower * lower) / a * TrapezialRamp::ChangeSteps;
@@ -47,24 +48,22 @@ void Tour::turnRamp()
         TrapezialRamp::ChangeTime;
     const double onRamps = steps(40000, 500, 2500) + steps(80000, 40000, 1800) +
                            steps(80000, 40000, 1600) + steps(40000, 600, 2400);
-    expectText(
+    guide.expectText(
         QStringLiteral("type a ramp of eight parameters: its time and length"),
-        [page] { return page->result(); },
+        [this] { return result(); },
         QStringLiteral("<htm><b>Time from VSTART to VSTOP: <></b>  %1 + %2 ms (%3 steps)</html>")
             .arg(shown(onChanges), shown((Distance - onRamps) / 80000 * 1000), shown(Distance)),
         0);
 
-    const SimulatedAxis& axis = m_bench.link().module().axis(0);
+    const SimulatedAxis& axis = guide.simulator().module.axis(0);
     const int start = axis.read(Number::ActualPosition);
     double peak = 0;
     double firstTurning = 0;
     double lastTurning = 0;
-    click(find<QPushButton>(QStringLiteral("btnRampMove"), page));
-    const bool isTaken = page->move().state() != RampMove::State::Idle;
-    for (int time = 1; time < MovesWithin && page->move().state() != RampMove::State::Idle;
-         ++time) {
-        m_bench.advance(1);
-        QApplication::processEvents();
+    click(guide.find<QPushButton>(this, "btnRampMove"));
+    const bool isTaken = m_move.state() != RampMove::State::Idle;
+    for (int time = 1; time < MovesWithin && m_move.state() != RampMove::State::Idle; ++time) {
+        guide.advance(1);
         peak = qMax(peak, axis.velocity());
         if (axis.velocity() == 0)
             continue;
@@ -72,30 +71,30 @@ void Tour::turnRamp()
         if (firstTurning == 0)
             firstTurning = time;
     }
-    check(QStringLiteral("move axis 0 on it: the values that the axis took"),
-          QStringLiteral("1118 rpm, 3070 rpm/s, 60000 steps"),
-          QStringLiteral("%1 rpm, %2 rpm/s, %3 steps")
-              .arg(axis.read(Number::MaxVelocity))
-              .arg(axis.read(Number::Acceleration))
-              .arg(axis.read(Number::ActualPosition) - start),
-          isTaken && axis.read(Number::MaxVelocity) == 1118 &&
-              axis.read(Number::Acceleration) == 3070 &&
-              axis.read(Number::ActualPosition) - start == int(Distance));
-    expectNumber(
+    guide.check(QStringLiteral("move axis 0 on it: the values that the axis took"),
+                QStringLiteral("1118 rpm, 3070 rpm/s, 60000 steps"),
+                QStringLiteral("%1 rpm, %2 rpm/s, %3 steps")
+                    .arg(axis.read(Number::MaxVelocity))
+                    .arg(axis.read(Number::Acceleration))
+                    .arg(axis.read(Number::ActualPosition) - start),
+                isTaken && axis.read(Number::MaxVelocity) == 1118 &&
+                    axis.read(Number::Acceleration) == 3070 &&
+                    axis.read(Number::ActualPosition) - start == int(Distance));
+    guide.expectNumber(
         QStringLiteral("... peak of the drawn ramp, as the axis turned [rpm]"),
-        [page] { return page->move().peak(); }, peak, 0.6, 0);
-    expectNumber(
+        [this] { return m_move.peak(); }, peak, 0.6, 0);
+    guide.expectNumber(
         QStringLiteral("... its duration, as the axis turned [ms]"),
-        [page] { return page->move().duration(); }, lastTurning - firstTurning + 1, 3, 0);
-    check(QStringLiteral("... its peak and duration beside the calculation"),
-          QStringLiteral("80000 units are 1118 rpm; longer, for it starts at rest"),
-          find<QLabel>(QStringLiteral("lblTurned"), page)->text(),
-          std::abs(page->move().peak() - 1118) < 1 &&
-              page->move().duration() > onChanges + (Distance - onRamps) / 80);
+        [this] { return m_move.duration(); }, lastTurning - firstTurning + 1, 3, 0);
+    guide.check(QStringLiteral("... its peak and duration beside the calculation"),
+                QStringLiteral("80000 units are 1118 rpm; longer, for it starts at rest"),
+                guide.find<QLabel>(this, "lblTurned")->text(),
+                std::abs(m_move.peak() - 1118) < 1 &&
+                    m_move.duration() > onChanges + (Distance - onRamps) / 80);
 
-    auto* curve = find<RampCurve>(QStringLiteral("rampCurve"), page);
+    auto* curve = guide.find<RampCurve>(this, "rampCurve");
     const QPointF top =
-        curve->geometry().at({page->move().duration() / 2, 80000}); // where it is constant
+        curve->geometry().at({m_move.duration() / 2, 80000}); // where it is constant
     const QImage picture = curve->grab().toImage();
     QColor line;
     for (int dy : {-1, 0, 1}) { // the line's edges are antialiased
@@ -103,7 +102,8 @@ void Tour::turnRamp()
         if (!line.isValid() || pixel.red() - pixel.blue() > line.red() - line.blue())
             line = pixel;
     }
-    check(QStringLiteral("... it is drawn over the calculated one"),
-          QStringLiteral("red as #ff6347"), line.name(), line.red() > 200 && line.blue() < 160);
-    photograph(QStringLiteral("ramp"));
+    guide.check(QStringLiteral("... it is drawn over the calculated one"),
+                QStringLiteral("red as #ff6347"), line.name(),
+                line.red() > 200 && line.blue() < 160);
+    guide.photograph(QStringLiteral("ramp"));
 }

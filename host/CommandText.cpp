@@ -2,7 +2,7 @@
 
 #include "Command.h"
 #include "Instruction.h"
-#include "SimulatedModule.h"
+#include "Recorder.h"
 
 namespace
 {
@@ -46,13 +46,13 @@ struct RecorderOperation {
 
 RecorderOperation recorderOperation(char type)
 {
-    switch (u8(type)) {
-    case 3:
+    switch (static_cast<Recorder::Type>(u8(type))) {
+    case Recorder::Type::Sample:
         return {true, "item"};
-    case 4:
+    case Recorder::Type::Arm:
         return {false, "trigger"};
-    case 7:
-    case 9:
+    case Recorder::Type::Mode:
+    case Recorder::Type::Interval:
         return {false, "axis"};
     default:
         return {true, "axis"};

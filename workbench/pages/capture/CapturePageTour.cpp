@@ -4,10 +4,14 @@
 #include "Chart.h"
 #include "DrawerArea.h"
 #include "Global.h"
-#include "ParameterTable.h"
+#include "ParameterCatalogue.h"
+#include "Recorder.h"
 #include "ScreenPicture.h"
 #include "SimpleScaledDrawer.h"
-#include "Tour.h"
+#include "SimulatedLink.h"
+#include "SimulatedModule.h"
+#include "Simulator.h"
+#include "TourGuide.h"
 #include "TourInput.h"
 
 #include <QApplication>
@@ -24,6 +28,10 @@ using namespace TourInput;
 namespace
 {
 
+using Recorder::Mode;
+using Recorder::Target;
+using Recorder::Trigger;
+
 constexpr int RunWithin = 60000;  // ms of real time
 constexpr int ShownSeries = 2;    // target and actual value; the module also takes two others
 constexpr int SamplesToStop = 80; // fetched before the stop
@@ -31,16 +39,22 @@ constexpr int SamplesToStop = 80; // fetched before the stop
 /// What to capture, as the panel's lists and boxes are set.
 struct Capture {
     const char* name;
-    int target;
-    int measure;
+    Target target;
+    Mode measure;
     int to;
-    int trigger;
+    Trigger trigger;
     int threshold;
 };
 
-void choose(const CapturePage* page, const char* list, int index)
+/// The item that stands for this number of the recorder.
+template <class Number>
+void choose(const CapturePage* page, const char* list, Number number)
 {
-    page->findChild<QComboBox*>(QString::fromLatin1(list))->setCurrentIndex(index);
+    auto* box = page->findChild<QComboBox*>(QString::fromLatin1(list));
+    for (int i = 0; i < box->count(); ++i) {
+        if (box->itemData(i).toStringList().value(1).toInt() == static_cast<int>(number))
+            box->setCurrentIndex(i);
+    }
 }
 
 void enter(const CapturePage* page, const char* box, int value)
@@ -53,9 +67,9 @@ void setUp(const CapturePage* page, const Capture& capture)
     choose(page, "cmbTargetMode", capture.target);
     choose(page, "cmbMeasureMode", capture.measure);
     choose(page, "cmbTriggerType", capture.trigger);
-    if (capture.trigger)
+    if (capture.trigger != Trigger::Always)
         enter(page, "sbTriggerValue", capture.threshold);
-    if (capture.target < 3)
+    if (capture.target != Target::None)
         enter(page, "sbToTarget", capture.to);
 }
 
@@ -67,8 +81,7 @@ QPushButton* button(const CapturePage* page, const char* name)
 bool runs() { return !Global::instance()->registeredThreads().isEmpty(); }
 
 /// The quantity that a trigger watches, and the side on which it fires.
-bool holds(const Capture& capture, const SimulatedRecorder::Element& first,
-           SimulatedRecorder::Mode mode)
+bool holds(const Capture& capture, const SimulatedRecorder::Element& first, Mode mode)
 {
     namespace N = AxisParameterNumber;
     const quint8 watched[] = {0,
@@ -78,41 +91,27 @@ bool holds(const Capture& capture, const SimulatedRecorder::Element& first,
                               N::ActualVelocity,
                               N::ActualCurrent,
                               N::ActualCurrent};
-    if (capture.trigger == 0)
+    if (capture.trigger == Trigger::Always)
         return true;
     const auto& items = SimulatedRecorder::items(mode);
     for (std::size_t item = 0; item < items.size(); ++item) {
-        if (items[item] == watched[capture.trigger])
-            return capture.trigger % 2 ? first[item] < capture.threshold
-                                       : first[item] > capture.threshold;
+        if (items[item] == watched[int(capture.trigger)])
+            return int(capture.trigger) % 2 ? first[item] < capture.threshold
+                                            : first[item] > capture.threshold;
     }
     return false;
 }
 
-} // namespace
-
-void Tour::capture()
+void awaitCapture(const CapturePage* page)
 {
-    m_bench.showPage(QStringLiteral("capture"));
-    captureByEachTrigger();
-    saveCapture();
-    stopCapture();
-    captureInBadWeather();
-    m_bench.stopAxes();
-    pass(2 * Settle);
-}
-
-void Tour::awaitCapture()
-{
-    const QPushButton* start = button(m_bench.findChild<CapturePage*>(), "btnStart");
+    const QPushButton* start = button(page, "btnStart");
     processUntil([start] { return start->isEnabled() && !runs(); }, RunWithin);
 }
 
 /// Whether the curves are what the recorder took, all of it.
-bool Tour::captureIsTrue(QString* seen) const
+bool captureIsTrue(const TourGuide& guide, const CapturePage* page, QString* seen)
 {
-    const auto* page = m_bench.findChild<CapturePage*>();
-    const auto& recorded = m_bench.link().module().recorder().recorded();
+    const auto& recorded = guide.simulator().module.recorder().recorded();
     const QList<Chart*> charts = *page->findChild<SimpleScaledDrawer*>()->getCharts();
     int samples = 0;
     bool same = recorded.size() == SimulatedRecorder::Elements && charts.size() >= ShownSeries;
@@ -128,43 +127,12 @@ bool Tour::captureIsTrue(QString* seen) const
     return same;
 }
 
-void Tour::captureByEachTrigger()
-{
-    const Capture captures[] = {{"no target, always", 3, 0, 0, 0, 0},
-                                {"torque, always", 0, 0, 300, 0, 0},
-                                {"torque, torque lower", 0, 0, -300, 5, -100},
-                                {"torque, torque higher", 0, 0, 300, 6, 100},
-                                {"position, position lower", 2, 2, -9000, 1, -500},
-                                {"position, position higher", 2, 2, 9000, 2, 500},
-                                {"velocity, velocity lower", 1, 1, -500, 3, -100},
-                                {"velocity, velocity higher", 1, 1, 500, 4, 100}};
-    const auto* page = m_bench.findChild<CapturePage*>();
-    const auto* progress = find<QProgressBar>(QStringLiteral("prgFetch"));
-    for (const Capture& capture : captures) {
-        setUp(page, capture);
-        click(button(page, "btnStart"));
-        processUntil([page] { return page->fetched() > 0; }, RunWithin);
-        const bool showsProgress = progress->isVisible();
-        awaitCapture();
-        const auto& recorder = m_bench.link().module().recorder();
-        QString seen;
-        const bool same = captureIsTrue(&seen);
-        const bool fired = same && holds(capture, recorder.recorded().front(), recorder.mode());
-        check(QStringLiteral("capture %1").arg(QString::fromLatin1(capture.name)),
-              QStringLiteral("the curves are what the recorder took once the trigger fired"),
-              seen + (fired ? QStringLiteral(", fired") : QStringLiteral(", fired wrongly")),
-              same && fired && showsProgress && !progress->isVisible());
-    }
-    photograph(QStringLiteral("capture"));
-    expectCaptureOnScreen();
-}
-
 /// The curves fill the plot: the last one, which covers the others, has its colour in the columns
 /// of its samples and over half of the height, which the range follows; the others look out
 /// somewhere.
-void Tour::expectCaptureOnScreen()
+void expectCaptureOnScreen(TourGuide& guide, CapturePage* page)
 {
-    auto* drawer = m_bench.findChild<CapturePage*>()->findChild<SimpleScaledDrawer*>();
+    auto* drawer = page->findChild<SimpleScaledDrawer*>();
     const QImage picture = ScreenPicture::of(drawer->findChild<DrawerArea*>());
     QStringList seen;
     bool isFine = !picture.isNull();
@@ -177,16 +145,50 @@ void Tour::expectCaptureOnScreen()
                  (!isLast || (10 * columns >= 9 * chart->getValues().size() &&
                               2 * height >= picture.height()));
     }
-    check(QStringLiteral("the curves of the capture on the screen, by their colours"),
-          QStringLiteral("all of the plot"), seen.join(QStringLiteral("; ")), isFine);
+    guide.check(QStringLiteral("the curves of the capture on the screen, by their colours"),
+                QStringLiteral("all of the plot"), seen.join(QStringLiteral("; ")), isFine);
 }
 
-void Tour::saveCapture()
+void captureByEachTrigger(TourGuide& guide, CapturePage* page)
 {
-    const auto* page = m_bench.findChild<CapturePage*>();
-    const QString name = m_folder + QStringLiteral("/capture.csv");
+    const Capture captures[] = {
+        {"no target, always", Target::None, Mode::Defined, 0, Trigger::Always, 0},
+        {"torque, always", Target::Torque, Mode::Torque, 300, Trigger::Always, 0},
+        {"torque, torque lower", Target::Torque, Mode::Torque, -300, Trigger::TorqueLower, -100},
+        {"torque, torque higher", Target::Torque, Mode::Torque, 300, Trigger::TorqueHigher, 100},
+        {"position, position lower", Target::Position, Mode::Position, -9000,
+         Trigger::PositionLower, -500},
+        {"position, position higher", Target::Position, Mode::Position, 9000,
+         Trigger::PositionHigher, 500},
+        {"velocity, velocity lower", Target::Velocity, Mode::Velocity, -500, Trigger::VelocityLower,
+         -100},
+        {"velocity, velocity higher", Target::Velocity, Mode::Velocity, 500,
+         Trigger::VelocityHigher, 100}};
+    const auto* progress = guide.find<QProgressBar>(guide.window(), "prgFetch");
+    for (const Capture& capture : captures) {
+        setUp(page, capture);
+        click(button(page, "btnStart"));
+        processUntil([page] { return page->fetched() > 0; }, RunWithin);
+        const bool showsProgress = progress->isVisible();
+        awaitCapture(page);
+        const auto& recorder = guide.simulator().module.recorder();
+        QString seen;
+        const bool same = captureIsTrue(guide, page, &seen);
+        const bool fired = same && holds(capture, recorder.recorded().front(), recorder.mode());
+        guide.check(QStringLiteral("capture %1").arg(QString::fromLatin1(capture.name)),
+                    QStringLiteral("the curves are what the recorder took once the trigger fired"),
+                    seen + (fired ? QStringLiteral(", fired") : QStringLiteral(", fired wrongly")),
+                    same && fired && showsProgress && !progress->isVisible());
+    }
+    guide.photograph(QStringLiteral("capture"));
+    expectCaptureOnScreen(guide, page);
+}
+
+void saveCapture(TourGuide& guide, CapturePage* page)
+{
+    const QString name = guide.file(QStringLiteral("capture.csv"));
     QFile::remove(name);
-    answerFileDialog(&m_bench, name);
+    answerFileDialog(guide.window(), name);
     click(button(page, "btnSave"));
 
     const QList<QByteArrayList> rows = readCsv(name);
@@ -199,54 +201,53 @@ void Tour::saveCapture()
             same =
                 rows.at(row).at(chart + 1).toDouble() == charts.at(chart)->getValues().at(row - 1);
     }
-    check(QStringLiteral("save the capture"), QStringLiteral("the file holds the curves"),
-          QStringLiteral("%1 rows %2").arg(rows.size()).arg(same ? "alike" : "not alike"), same);
+    guide.check(QStringLiteral("save the capture"), QStringLiteral("the file holds the curves"),
+                QStringLiteral("%1 rows %2").arg(rows.size()).arg(same ? "alike" : "not alike"),
+                same);
 }
 
-void Tour::stopCapture()
+void stopCapture(TourGuide& guide, CapturePage* page)
 {
-    auto* page = m_bench.findChild<CapturePage*>();
     const QList<Chart*>& charts = *page->findChild<SimpleScaledDrawer*>()->getCharts();
     click(button(page, "btnStart"));
     processUntil([page] { return page->fetched() >= SamplesToStop; }, RunWithin);
     click(button(page, "btnStop"));
     const bool idle = button(page, "btnStart")->isEnabled();
-    awaitCapture();
+    awaitCapture(page);
     const int shown = charts.first()->getValues().size();
     const bool isEven = shown - charts.last()->getValues().size() <= 1; // given up in an element
-    pass(2 * Settle);
-    const bool stands = m_bench.link().module().axis(0).velocity() == 0;
-    check(QStringLiteral("stop a capture"),
-          QStringLiteral("idle at once; some elements were fetched; the axis stands"),
-          QStringLiteral("%1, %2 of %3 elements")
-              .arg(idle ? "idle" : "busy")
-              .arg(shown)
-              .arg(SimulatedRecorder::Elements),
-          idle && isEven && stands && shown >= SamplesToStop / SimulatedRecorder::Items &&
-              shown < SimulatedRecorder::Elements);
+    guide.pass(2 * TourGuide::Settle);
+    const bool stands = guide.simulator().module.axis(0).velocity() == 0;
+    guide.check(QStringLiteral("stop a capture"),
+                QStringLiteral("idle at once; some elements were fetched; the axis stands"),
+                QStringLiteral("%1, %2 of %3 elements")
+                    .arg(idle ? "idle" : "busy")
+                    .arg(shown)
+                    .arg(SimulatedRecorder::Elements),
+                idle && isEven && stands && shown >= SamplesToStop / SimulatedRecorder::Items &&
+                    shown < SimulatedRecorder::Elements);
     click(button(page, "btnStart"));
-    awaitCapture();
+    awaitCapture(page);
     QString seen;
-    const bool same = captureIsTrue(&seen);
-    check(QStringLiteral("start it again"), QStringLiteral("all of it"), seen, same);
+    const bool same = captureIsTrue(guide, page, &seen);
+    guide.check(QStringLiteral("start it again"), QStringLiteral("all of it"), seen, same);
 }
 
 /// A sample whose reply does not come at the third try either is named in the console's log, and
 /// everything else is there.
-void Tour::captureInBadWeather()
+void captureInBadWeather(TourGuide& guide, CapturePage* page)
 {
-    const auto* page = m_bench.findChild<CapturePage*>();
     const QList<Chart*>& charts = *page->findChild<SimpleScaledDrawer*>()->getCharts();
-    auto* log = m_bench.findChild<QPlainTextEdit*>();
-    SimulatedLink& wire = m_bench.link().wire();
-    const Weather before = wire.weather();
+    auto* log = guide.find<QPlainTextEdit>(guide.page(QStringLiteral("console")), "teTraffic");
+    SimulatedLink& wire = guide.simulator().link;
+    const Simulated::Weather before = wire.weather();
     for (double loss : {0.05, 0.4}) {
-        Weather weather = before;
+        Simulated::Weather weather = before;
         weather.replyLoss = loss;
         wire.setWeather(weather);
         log->clear();
         click(button(page, "btnStart"));
-        awaitCapture();
+        awaitCapture(page);
         wire.setWeather(before);
 
         QSet<QString> named;
@@ -255,7 +256,7 @@ void Tour::captureInBadWeather()
             const QRegularExpressionMatch match = it.next();
             named << match.captured(1) + QLatin1Char('/') + match.captured(2);
         }
-        const auto& recorded = m_bench.link().module().recorder().recorded();
+        const auto& recorded = guide.simulator().module.recorder().recorded();
         bool same = recorded.size() == SimulatedRecorder::Elements &&
                     page->missing() == named.size() &&
                     page->fetched() + page->missing() == SimulatedRecorder::BufferSize;
@@ -267,9 +268,22 @@ void Tour::captureInBadWeather()
             }
             same = same && charts.at(item)->getValues() == rest;
         }
-        check(QStringLiteral("capture with %1 % of the replies lost").arg(100 * loss),
-              QStringLiteral("it ends, and the log names what is missing"),
-              QStringLiteral("%1 fetched, %2 missing").arg(page->fetched()).arg(page->missing()),
-              same && (page->missing() > 0 || loss < 0.1));
+        guide.check(
+            QStringLiteral("capture with %1 % of the replies lost").arg(100 * loss),
+            QStringLiteral("it ends, and the log names what is missing"),
+            QStringLiteral("%1 fetched, %2 missing").arg(page->fetched()).arg(page->missing()),
+            same && (page->missing() > 0 || loss < 0.1));
     }
+}
+
+} // namespace
+
+void CapturePage::tour(TourGuide& guide)
+{
+    guide.showPage(objectName());
+    captureByEachTrigger(guide, this);
+    saveCapture(guide, this);
+    stopCapture(guide, this);
+    captureInBadWeather(guide, this);
+    guide.turn(0, 0);
 }

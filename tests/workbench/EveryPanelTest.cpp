@@ -4,16 +4,18 @@
 #include "VelocityControl.h"
 #include "Workbench.h"
 
-#include <QAbstractScrollArea>
-#include <QAbstractSlider>
-#include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QComboBox>
+#include <QDialog>
+#include <QDirIterator>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QScrollBar>
+#include <QSpinBox>
 #include <QTabBar>
+#include <QVBoxLayout>
 
 namespace
 {
@@ -31,13 +33,18 @@ bool isPiece(const QWidget* widget)
            parent->inherits("QComboBoxPrivateContainer");
 }
 
+/// What takes the wheel.
+bool isField(const QWidget* widget)
+{
+    return qobject_cast<const QAbstractSpinBox*>(widget) ||
+           qobject_cast<const QComboBox*>(widget) || qobject_cast<const QAbstractSlider*>(widget);
+}
+
 bool isInput(const QWidget* widget)
 {
     return !isPiece(widget) &&
-           (widget->focusPolicy() & Qt::TabFocus || qobject_cast<const QAbstractButton*>(widget) ||
-            qobject_cast<const QAbstractSpinBox*>(widget) ||
-            qobject_cast<const QComboBox*>(widget) || qobject_cast<const QLineEdit*>(widget) ||
-            qobject_cast<const QAbstractSlider*>(widget));
+           (widget->focusPolicy() & Qt::TabFocus || isField(widget) ||
+            qobject_cast<const QAbstractButton*>(widget) || qobject_cast<const QLineEdit*>(widget));
 }
 
 /// As a screen reader is told it. X11 tells a combo box by its entry, with its label beside.
@@ -64,7 +71,8 @@ const QWidget* panelOf(const QWidget* widget)
     return panel;
 }
 
-/// Every input in it without a name, or with that of another in the same panel.
+/// Every input in it without a name, or with that of another in the same panel, or that takes the
+/// focus by the wheel.
 QStringList complaints(const QWidget& root, int* inputs = nullptr)
 {
     QStringList lines;
@@ -84,17 +92,51 @@ QStringList complaints(const QWidget& root, int* inputs = nullptr)
         else if (!first.isEmpty())
             lines << who + " and " + first + ": " + name;
         first = who;
+        if (isField(widget) && widget->focusPolicy() == Qt::WheelFocus)
+            lines << who + " takes the focus by the wheel";
     }
     return lines;
 }
 
+/// Types Return into every widget of the panel, in a dialog that shows it, and tells which buttons
+/// that presses; of a button that has the focus, only the others. A dialog presses its first
+/// automatic default button when Return is typed into any field: no panel may lend it one.
+QStringList pressedByReturn(QWidget* panel)
+{
+    QDialog dialog;
+    QStringList pressed;
+    (new QVBoxLayout(&dialog))->addWidget(panel);
+    dialog.layout()->addWidget(new QLineEdit);
+    dialog.show();
+    dialog.activateWindow();
+    if (!QTest::qWaitForWindowActive(&dialog))
+        return {"no window"};
+    QWidget* current = nullptr;
+    for (auto* button : dialog.findChildren<QAbstractButton*>()) {
+        QObject::connect(button, &QAbstractButton::pressed, &dialog, [&pressed, &current, button] {
+            if (button != current)
+                pressed << button->objectName();
+        });
+    }
+    for (QWidget* widget : dialog.findChildren<QWidget*>()) {
+        if (!widget->isVisibleTo(&dialog) || !widget->isEnabled() ||
+            !(widget->focusPolicy() & Qt::TabFocus))
+            continue;
+        current = widget;
+        widget->setFocus();
+        QTest::keyClick(widget, Qt::Key_Return);
+    }
+    return pressed;
+}
+
 } // namespace
 
-class AccessibleNamesTest : public TestCase
+/// What holds for every widget of the library and for the whole workbench.
+class EveryPanelTest : public TestCase
 {
     Q_OBJECT
 private Q_SLOTS:
-    void theCheckSees()
+    void theChecksSee()
     {
         QGroupBox box("Box"); // whose title Qt gives to what has no name
         new QSpinBox(&box);
@@ -102,7 +144,10 @@ private Q_SLOTS:
         new QComboBox(&box);
         QLabel label("Label", &box);
         label.setBuddy(new QLineEdit(&box));
-        QCOMPARE(complaints(box).size(), 2);
+        QCOMPARE(complaints(box).size(), 5); // three of them by the wheel
+        auto* button = new QPushButton;
+        button->setObjectName("btnTurn");
+        QVERIFY(pressedByReturn(button).contains("btnTurn"));
     }
 
     void everyFormIsShown()
@@ -127,8 +172,10 @@ private Q_SLOTS:
     void panels()
     {
         QFETCH(int, index);
-        const std::unique_ptr<QWidget> widget(galleryWidgets().at(index).make());
+        std::unique_ptr<QWidget> widget(galleryWidgets().at(index).make());
         QCOMPARE(complaints(*widget), QStringList());
+        if (!qobject_cast<QDialog*>(widget.get())) // which has its own buttons
+            QCOMPARE(pressedByReturn(widget.release()), QStringList());
     }
 
     void workbench()
@@ -154,6 +201,5 @@ private Q_SLOTS:
     }
 };
 
-AXR_TEST_MAIN(AccessibleNamesTest)
-
-#include "AccessibleNamesTest.moc"
+AXR_TEST_MAIN(EveryPanelTest)
+#include "EveryPanelTest.moc"
