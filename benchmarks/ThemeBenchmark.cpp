@@ -45,7 +45,6 @@ namespace
 
 constexpr int Rounds = 15;
 constexpr int Columns = 4;
-const QColor background(0x00, 0x4D, 0xB9);
 
 /// In ms, until the window shows it.
 double timed(const std::function<void()>& act)
@@ -117,12 +116,12 @@ int main(int argc, char** argv)
     MainAppStyle style(&window);
     window.show();
 
-    style.setMainStyle(true, QString(), background);
+    style.setMainStyle(true);
     const QString sheet = application.styleSheet();
     const QString windowSheet = window.styleSheet();
     const QPalette palette = QApplication::palette();
     const auto off = [&] {
-        style.setMainStyle(false, QString(), background);
+        style.setMainStyle(false);
         QApplication::processEvents();
     };
     double bare = 0;
@@ -139,7 +138,7 @@ int main(int argc, char** argv)
                      application.setStyleSheet(sheet);
                  }));
         off();
-        keepBest(whole, timed([&] { style.setMainStyle(true, QString(), background); }));
+        keepBest(whole, timed([&] { style.setMainStyle(true); }));
     }
     print("switch on", bare, whole);
     print("  sheet alone", sheetAlone, whole);

@@ -1,6 +1,8 @@
 #include "Csv_p.h"
 
+#include <QDateTime>
 #include <QFile>
+#include <QSaveFile>
 
 namespace
 {
@@ -50,6 +52,37 @@ CsvLine& CsvLine::skip(int fields)
     for (int i = 0; i < fields; ++i)
         separate();
     return *this;
+}
+
+QString Csv::proposedName(const QDateTime& time, const QStringList& labels)
+{
+    QString name = time.toString(QStringLiteral("./yyyyMMdd_hh.mm.ss"));
+    for (QString label : labels)
+        name += QLatin1Char('_') + label.replace(QLatin1Char('/'), QLatin1Char('_'))
+                                       .replace(QLatin1Char('\\'), QLatin1Char('_'));
+    return name + QStringLiteral(".csv");
+}
+
+bool Csv::save(const QString& fileName, const QByteArray& lines)
+{
+    if (fileName.isEmpty())
+        return false;
+    QSaveFile file(fileName);
+    file.setDirectWriteFallback(true); // a folder that allows no other file
+    return file.open(QIODevice::WriteOnly) && file.write(lines) == lines.size() && file.commit();
+}
+
+QVector<QStringList> Csv::read(const QString& fileName)
+{
+    QVector<QStringList> rows;
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        return rows;
+    QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
+    lines.removeLast(); // without its end
+    for (const QString& line : qAsConst(lines))
+        rows << line.split(QLatin1Char(';'));
+    return rows;
 }
 
 bool CsvLog::start(const CsvLine& header) const

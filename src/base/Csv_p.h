@@ -3,6 +3,10 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
+#include <QVector>
+
+class QDateTime;
 
 /// One line of a text file whose fields are separated by ";". Numbers do not follow the locale, and
 /// text is UTF-8.
@@ -26,6 +30,23 @@ private:
     QByteArray m_bytes;
     bool m_isEmpty = true; // no field yet
 };
+
+/// Whole files of such lines.
+namespace Csv
+{
+
+/// What is proposed to the user: in the current folder, the time and each label behind a "_". No
+/// label leads into another folder.
+QString proposedName(const QDateTime& time, const QStringList& labels);
+
+/// Writes the lines, each with its end; whole or not at all. False when it cannot be, as with an
+/// empty name, which is a dialog's that was cancelled.
+bool save(const QString& fileName, const QByteArray& lines);
+
+/// The fields of each line that has its end; none when the file cannot be read.
+QVector<QStringList> read(const QString& fileName);
+
+} // namespace Csv
 
 /// A text file that grows line by line, closed in between, so that others can read it. A line goes
 /// out in one piece: whatever happens to the program, it is in the file whole or not at all.

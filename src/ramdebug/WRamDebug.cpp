@@ -22,7 +22,6 @@
 #include <QFileDialog>
 #include <QPainter>
 #include <QPointer>
-#include <QSaveFile>
 #include <QSignalBlocker>
 
 #include <limits>
@@ -562,28 +561,20 @@ void WRamDebug::ask(Command* request, Command* reply)
 void WRamDebug::on_btnSave_clicked()
 {
     QList<QList<double>> columns;
+    QStringList labels;
     CsvLine header;
     header.add(QStringLiteral("time tick")); // read by programs: in no language
-    QString name = QDateTime::currentDateTime().toString(QStringLiteral("./yyyyMMdd_hh.mm.ss"));
     int rows = 0;
     for (Chart* chart : qAsConst(*m_ui->drawer->getCharts())) {
-        QString label = chart->getLabel();
+        labels << chart->getLabel();
         columns << chart->getValues();
         rows = qMax(rows, columns.last().size());
-        qCDebug(axrRamDebug) << AXR_METHOD.constData() << "Name: " << label
+        qCDebug(axrRamDebug) << AXR_METHOD.constData() << "Name: " << labels.last()
                              << "Value_Size:" << columns.last().size();
-        header.add(label);
-        name += QLatin1Char('_') + label.replace(QLatin1Char('/'), QLatin1Char('_'))
-                                       .replace(QLatin1Char('\\'), QLatin1Char('_'));
+        header.add(labels.last());
     }
     qCDebug(axrRamDebug) << AXR_METHOD.constData() << "MaxDataLength: " << rows;
-    const QString chosen = QFileDialog::getSaveFileName(
-        nullptr, tr("Save"), name + QStringLiteral(".csv"), tr("csv (*.csv)"));
-    QSaveFile file(chosen);
-    file.setDirectWriteFallback(true);
-    if (chosen.isEmpty() || !file.open(QIODevice::WriteOnly))
-        return;
-    file.write(header.bytes());
+    QByteArray lines = header.bytes();
     for (int row = 0; row < rows; ++row) {
         CsvLine line;
         line.add(row);
@@ -593,7 +584,10 @@ void WRamDebug::on_btnSave_clicked()
             else
                 line.skip(1);
         }
-        file.write(line.bytes());
+        lines += line.bytes();
     }
-    file.commit();
+    Csv::save(QFileDialog::getSaveFileName(nullptr, tr("Save"),
+                                           Csv::proposedName(QDateTime::currentDateTime(), labels),
+                                           tr("csv (*.csv)")),
+              lines);
 }

@@ -11,7 +11,6 @@
 #include <QCoreApplication>
 #include <QGraphicsView>
 #include <QImage>
-#include <QPixmap>
 #include <QSpinBox>
 
 inline constexpr qint64 Start = 1600000000000; // a full second
@@ -29,6 +28,7 @@ public:
         QCoreApplication::sendPostedEvents();
     }
     ~ShownGraph() { delete graph; }
+    void remove() { delete std::exchange(graph, nullptr); }
 
     void resize(QSize size)
     {
@@ -56,6 +56,13 @@ public:
         Command answer = reply(1, command, 0, 0, value);
         graph->IN_replyValue(&answer);
     }
+    /// One after the other for each of the curves of addCurves().
+    void takeAll(const QVector<int>& values, qint64 at)
+    {
+        for (int value : values)
+            for (int i = 1; i <= graph->getGraphs().size(); ++i)
+                take(i, value, at);
+    }
     void update(qint64 at)
     {
         time = at;
@@ -74,14 +81,17 @@ public:
     }
 
     QGraphicsView* view() const { return User::find<QGraphicsView>(graph, "graphicsView"); }
+    /// From the lowest to the topmost one; the scene has them in no order.
     template <class Item>
     QList<Item*> items() const
     {
         QList<Item*> found;
-        for (QGraphicsItem* item : view()->scene()->items(Qt::AscendingOrder)) {
+        for (QGraphicsItem* item : view()->scene()->items()) {
             if (auto* one = dynamic_cast<Item*>(item))
                 found << one;
         }
+        std::sort(found.begin(), found.end(),
+                  [](const Item* a, const Item* b) { return a->zValue() < b->zValue(); });
         return found;
     }
     /// Those that are visible, as "z@y".

@@ -1,6 +1,5 @@
-#include "Bytes.h"
 #include "Chart.h"
-#include "Command.h"
+#include "CommandRecorder.h"
 #include "Global.h"
 #include "Instruction.h"
 #include "RamDebugThread_p.h"
@@ -33,11 +32,15 @@ bool gets(const std::function<bool()>& condition, int patience = 20000)
     return condition();
 }
 
-/// A panel and what answers it for a module, on the GUI thread, and notes what was asked for.
-class Host : public QObject
-{
-    Q_OBJECT
-public:
+bool isNoThreadLeft() { return Global::instance()->registeredThreads().isEmpty(); }
+
+/// How the panel goes at a request: from the event loop, where it is stopped, given up or without a
+/// host before, or inside a handler.
+enum End { Outside, Stopped, Aborted, HandlerFirst, Muted, Inside, NestedLoop, InsideOther, Ends };
+
+/// A panel and what answers it for a module, on the GUI thread, and notes what was asked for as
+/// "command type bank value".
+struct Host : QObject {
     Host() { connect(panel.get(), &WRamDebug::doDirectRequest, this, &Host::answer); }
 
     QComboBox* combo(const char* name) { return User::find<QComboBox>(panel.get(), name); }
@@ -46,23 +49,18 @@ public:
     SimpleScaledDrawer* drawer() { return User::find<SimpleScaledDrawer>(panel.get(), "drawer"); }
 
     bool isIdle() { return button("btnStart")->isEnabled() && !button("btnStop")->isEnabled(); }
-    bool getsIdle()
-    {
-        return gets([this] { return isIdle(); });
-    }
     bool measures()
     {
         button("btnStart")->click();
-        return !isIdle() && getsIdle();
+        return !isIdle() && gets([this] { return isIdle(); });
     }
     QString shown()
     {
         QStringList all;
         for (const Chart* chart : qAsConst(*drawer()->getCharts())) {
-            QStringList texts;
+            all << chart->getLabel() + ':';
             for (double value : chart->getValues())
-                texts << QString::number(value);
-            all << chart->getLabel() + ": " + texts.join(' ');
+                all.last() += ' ' + QString::number(value);
         }
         return all.join(", ");
     }
@@ -70,18 +68,70 @@ public:
     /// is on its way.
     void when(const QString& start, const std::function<void()>& action, bool later = false)
     {
-        onRequest = [=](const QString& line) {
-            if (!line.startsWith(start))
+        onRequest = [=](const QString& asked) {
+            if (!asked.startsWith(start))
                 return;
             onRequest = nullptr;
             if (!later)
+                return action();
+            QTimer::singleShot(0, this, [action] {
+                QThread::msleep(5);
                 action();
-            else
-                QTimer::singleShot(0, this, [action] {
-                    QThread::msleep(5);
-                    action();
-                });
+            });
         };
+    }
+    void answer(Command* request, Command* reply)
+    {
+        const std::unique_ptr<Command> owned(request);
+        const QString asked = line(*request).section(' ', 1);
+        lines << asked;
+        if (const auto action = onRequest) // which may replace itself
+            action(asked);
+        if (!silentFor.isEmpty() && asked.startsWith(silentFor))
+            return;
+        const bool isSample = asked.startsWith("142 3 ");
+        Command answer = *request;
+        answer.setValue(isSample ? 100 * request->getValue() + request->getMotorBank()
+                                 : values.value(asked.section(' ', 0, 1), request->getValue()));
+        answer.setValid(true);
+        if (isSample && answersSamplesLate)
+            QTimer::singleShot(0, this, [reply, answer] { *reply = answer; });
+        else
+            *reply = answer;
+    }
+
+    /// Runs to this request and destroys the panel then; what it sent in its end. The last pause is
+    /// in us.
+    QString sentAtTheEnd(const QString& at, End end, unsigned long pause = 0)
+    {
+        const auto destroy = [this] {
+            lines.clear();
+            panel.reset();
+        };
+        const auto act = [&] {
+            QThread::usleep(pause);
+            if (end == Stopped)
+                button("btnStop")->click();
+            if (end == Aborted)
+                panel->abort();
+            if (end == HandlerFirst)
+                panel->disconnect(this);
+            if (end == Muted)
+                panel->blockSignals(true);
+            if (end == InsideOther) {
+                when("142 1", destroy);
+                panel->updateValues();
+            } else if (end == NestedLoop) {
+                QTimer::singleShot(1, this, destroy);
+                gets([this] { return !panel; });
+            } else
+                destroy();
+        };
+        when(at, act, end != Inside && end != NestedLoop);
+        button("btnStart")->click();
+        gets([this] { return !panel && isNoThreadLeft(); });
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return lines.join(", ");
     }
 
     QStringList lines;
@@ -90,35 +140,7 @@ public:
     QHash<QString, int> values{{"142 1", 3}, {"142 2", 2}, {"6 1", 777}};
     std::function<void(const QString&)> onRequest;                    // before the answer
     std::unique_ptr<WRamDebug> panel = std::make_unique<WRamDebug>(); // asks until it is gone
-
-public Q_SLOTS:
-    void answer(Command* request, Command* reply)
-    {
-        const std::unique_ptr<Command> owned(request);
-        const QString line = QStringLiteral("%1 %2 %3 %4")
-                                 .arg(u8(request->getCommand()))
-                                 .arg(u8(request->getType()))
-                                 .arg(u8(request->getMotorBank()))
-                                 .arg(request->getValue());
-        lines << line;
-        if (const auto action = onRequest) // which may replace itself
-            action(line);
-        if (!silentFor.isEmpty() && line.startsWith(silentFor))
-            return;
-        const bool isSample = line.startsWith("142 3 ");
-        Command answer = *request;
-        answer.setStatus(StatusOk);
-        answer.setValue(isSample ? 100 * request->getValue() + request->getMotorBank()
-                                 : values.value(line.section(' ', 0, 1), request->getValue()));
-        answer.setValid(true);
-        if (isSample && answersSamplesLate)
-            QTimer::singleShot(0, this, [reply, answer] { *reply = answer; });
-        else
-            *reply = answer;
-    }
 };
-
-bool isNoThreadLeft() { return Global::instance()->registeredThreads().isEmpty(); }
 
 } // namespace
 
@@ -126,7 +148,11 @@ class RamDebugTest : public TestCase
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase() { RamDebugThread::Shared::settleTime = SettleTime; }
+    void init()
+    {
+        TestCase::init();
+        RamDebugThread::Shared::settleTime = SettleTime;
+    }
 
     void commandsOfARun()
     {
@@ -134,20 +160,17 @@ private Q_SLOTS:
         const char velocity[] = "target [rpm]: 0 100 200, actual [rpm]: 1 101 201";
         const char position[] = "target: 0 100 200, actual: 1 101 201";
         const struct {
-            int target;
-            int velocityCommand;
-            int positionCommand;
-            const char* driven;
-            const char* back;
-            const char* shown;
+            int target, velocityCommand, positionCommand;
+            const char *driven, *back, *shown;
         } rows[] = {
             {0, 5, 5, "5 155 2 10, 142 4 4 -5, 5 155 2 20", ", 5 0 2 777", torque},
             {1, 5, 5, "5 2 2 10, 142 4 4 -5, 5 2 2 20", ", 5 0 2 777", velocity},
-            {1, 2, 4, "2 0 2 10, 142 4 4 -5, 2 0 2 20", ", 4 0 2 777", velocity}, // by rotation
+            {1, 1, 4, "1 0 2 10, 142 4 4 -5, 1 0 2 20", ", 4 0 2 777", velocity}, // by rotation
+            {1, 2, 4, "2 0 2 10, 142 4 4 -5, 2 0 2 20", ", 4 0 2 777", velocity},
             {2, 5, 5, "5 1 2 10, 5 0 2 10, 142 4 4 -5, 5 0 2 20", ", 5 0 2 10", position},
             {2, 5, 4, "5 1 2 10, 4 0 2 10, 142 4 4 -5, 4 0 2 20", ", 4 0 2 10", position}, // moves
             {3, 5, 5, "142 4 4 -5", "",
-             "Debug 1: 0 100 200, Debug 2: 1 101 201, Debug 3: , Debug 4: "},
+             "Debug 1: 0 100 200, Debug 2: 1 101 201, Debug 3:, Debug 4:"},
         };
         for (const auto& row : rows) {
             Host host;
@@ -166,14 +189,21 @@ private Q_SLOTS:
             host.box("sbFromTarget")->setValue(10);
             host.box("sbToTarget")->setValue(20);
             int polls = 0;
-            host.onRequest = [&](const QString& line) {
-                host.silentFor = line.startsWith("142 6") && ++polls < 3 ? line : QString();
+            host.onRequest = [&](const QString& asked) {
+                host.silentFor = asked.startsWith("142 6") && ++polls < 3 ? asked : QString();
             };
             QSignalSpy started(&panel, &WRamDebug::measurementStarted);
             host.button("btnStart")->click();
-            QCOMPARE(started.size(), 1);
-            QVERIFY(!host.isIdle() && !host.combo("cmbTargetMode")->isEnabled());
-            QVERIFY(host.getsIdle());
+            QVERIFY(started.size() == 1 && !host.isIdle());
+            QString open;
+            for (bool idle : {false, true}) {
+                QVERIFY(!idle || gets([&host] { return host.isIdle(); }));
+                for (const char* name :
+                     {"cmbTargetMode", "cmbMeasureMode", "cmbTriggerType", "sbMeasureDelay",
+                      "sbFromTarget", "sbToTarget", "sbTriggerValue", "sbDuration"})
+                    open += QString::number(User::find<QWidget>(&panel, name)->isEnabled());
+            }
+            QCOMPARE(open, QString(row.target == 3 ? "0000000011110010" : "0000000011111110"));
             QCOMPARE(host.lines.join(", "),
                      QString("142 0 2 0, 142 1 2 0, 142 2 2 0, 6 1 2 0, 142 7 2 %1, 142 9 2 7, %2, "
                              "142 6 2 0, 142 6 2 0, 142 6 2 0%3, 142 3 0 0, 142 3 1 0, 142 3 0 1, "
@@ -192,96 +222,98 @@ private Q_SLOTS:
         host.silentFor = "142 3 0 1"; // target of element 1 and of 10 to 19
         host.when("142 3 0 20", [&] {
             host.button("btnStop")->click();
-            QVERIFY(host.isIdle());
+            QVERIFY(host.isIdle() && host.panel->isMeasuring());
         });
-        host.button("btnStart")->click();
-        QTRY_VERIFY_WITH_TIMEOUT(host.lines.contains("142 3 1 20"), 10000);
-        QTRY_VERIFY(isNoThreadLeft());
+        QVERIFY(host.measures() && gets(isNoThreadLeft));
+        QCOMPARE(host.lines.last(), QString("142 3 1 20"));
         QCOMPARE(host.shown().section(", ", 0, 0),
                  QString("target [mA]: 0 200 300 400 500 600 700 800 900 2000"));
 
         // started anew at once: the end of the run before, of which the panel has not heard yet,
         // is not that of this one; a stop before the thread has begun counts
-        host.silentFor.clear();
         host.values["142 1"] = 3;
         for (bool stopped : {false, true}) {
             host.lines.clear();
             host.button("btnStart")->click();
-            QVERIFY(!host.isIdle());
             if (stopped)
                 host.button("btnStop")->click();
-            QTRY_VERIFY_WITH_TIMEOUT(!host.lines.isEmpty(), 10000);
+            QVERIFY(gets([&] { return !host.lines.isEmpty(); }));
             QCOMPARE(host.isIdle(), stopped);
             QTRY_VERIFY_WITH_TIMEOUT(isNoThreadLeft(), 10000);
             QCOMPARE(host.lines.count("142 0 0 0"), 1);
-            QCOMPARE(host.lines.last(), stopped ? QString("142 3 1 0") : QString("142 3 1 2"));
-            QVERIFY(host.getsIdle()); // "Start" takes a click again
+            QCOMPARE(host.lines.last(), QString(stopped ? "142 3 1 0" : "142 3 1 2"));
+            QVERIFY(gets([&] { return host.isIdle(); })); // "Start" takes a click again
+        }
+        QVERIFY(gets([&] { return !host.panel->isMeasuring(); }));
+
+        // what comes after the handler has returned is looked at by nobody
+        host.silentFor.clear();
+        host.answersSamplesLate = true;
+        QVERIFY(host.measures());
+        QCOMPARE(host.shown(), QString("target [mA]:, actual [mA]:"));
+        // without its sizes nothing is fetched, without its position it drives to 0
+        for (const QString unknown : {"142 1", "142 2", "6 1"}) {
+            host.lines.clear();
+            host.silentFor = unknown;
+            QVERIFY(host.measures());
+            QCOMPARE(host.lines.contains("142 3 0 0"), unknown == "6 1");
+            QCOMPARE(host.lines.contains("5 0 0 0"), unknown == "6 1");
         }
     }
 
-    void givenUp_data()
-    {
-        QTest::addColumn<QString>("at");
-        QTest::addColumn<bool>("later");
-        for (const char* at : {"142 0", "5 2 0 0", "142 4", "5 2 0 1000", "142 6", "5 0 0 777",
-                               "142 3 0 0", "142 3 1 2"}) {
-            QTest::addRow("%s, in the handler", at) << QString(at) << false;
-            QTest::addRow("%s, with the next one queued", at) << QString(at) << true;
-        }
-    }
     /// Nothing more is sent, and the next "Start" works, at once and after the end.
     void givenUp()
     {
-        QFETCH(QString, at);
-        QFETCH(bool, later);
-        Host host;
-        host.panel->abort(); // there is no run
-        host.combo("cmbTargetMode")->setCurrentIndex(1);
-        int asked = 0;
-        const auto giveUp = [&] {
-            QVERIFY(host.panel->isMeasuring());
-            host.panel->abort();
-            asked = host.lines.size();
-        };
-        host.when(at, giveUp, later);
-        QVERIFY(host.measures());
-        QVERIFY(!host.panel->isMeasuring());
-        QCOMPARE(host.lines.size(), asked);
-
-        host.lines.clear();
-        const auto giveUpAndStart = [&] {
-            host.button("btnStop")->click();
-            giveUp();
-            host.button("btnStart")->click();
-            QVERIFY(host.panel->isMeasuring() && !host.isIdle());
-        };
-        host.when(at, giveUpAndStart, later);
-        QVERIFY(host.measures());
-        const QStringList anew = host.lines.mid(asked);
-        QCOMPARE(anew.first(), QString("142 0 0 0"));
-        QCOMPARE(anew.last(), QString("142 3 1 2"));
-        QCOMPARE(anew.size(), 17);
+        for (const QString at : {"142 0", "5 2 0 0", "142 4", "5 2 0 1000", "142 6", "5 0 0 777",
+                                 "142 3 0 0", "142 3 1 2"}) {
+            for (bool later : {false, true}) {
+                Host host;
+                host.panel->abort(); // there is no run
+                host.combo("cmbTargetMode")->setCurrentIndex(1);
+                int asked = 0;
+                for (bool again : {false, true}) {
+                    host.lines.clear();
+                    const auto giveUp = [&] {
+                        QVERIFY(host.panel->isMeasuring());
+                        if (again)
+                            host.button("btnStop")->click();
+                        host.panel->abort();
+                        asked = host.lines.size();
+                        if (again)
+                            host.button("btnStart")->click();
+                    };
+                    host.when(at, giveUp, later);
+                    QVERIFY(host.measures());
+                    QVERIFY(!host.panel->isMeasuring());
+                    QCOMPARE(host.lines.size(), asked + (again ? 17 : 0));
+                }
+                QCOMPARE(host.lines.value(asked), QString("142 0 0 0"));
+                QCOMPARE(host.lines.last(), QString("142 3 1 2"));
+            }
+        }
     }
 
     /// A thread without a panel, given up before and while it asks.
     void threadGivenUp()
     {
-        RamDebugThread thread(nullptr);
+        // not on the stack, which is used anew without the sanitizer having seen the thread's end
+        const auto thread = std::make_unique<RamDebugThread>(nullptr);
         int asked = 0;
-        const auto answer = [&](Command* request, Command*) {
-            delete request;
-            if (++asked == 3)
-                thread.abort();
-        };
-        connect(&thread, &RamDebugThread::doDirectRequest, this, answer,
-                Qt::BlockingQueuedConnection);
+        connect(
+            thread.get(), &RamDebugThread::doDirectRequest, this,
+            [&](Command* request) {
+                delete request;
+                if (++asked == 3)
+                    thread->abort();
+            },
+            Qt::BlockingQueuedConnection);
         for (int wanted : {3, 0, 3}) {
             asked = 0;
-            thread.abort(); // there is no run
-            thread.start();
+            thread->abort(); // there is no run
+            thread->start();
             if (wanted == 0)
-                thread.abort();
-            QTRY_VERIFY_WITH_TIMEOUT(thread.isFinished(), 10000);
+                thread->abort();
+            QVERIFY(gets([&] { return thread->isFinished(); }));
             QCOMPARE(asked, wanted);
         }
     }
@@ -299,33 +331,35 @@ private Q_SLOTS:
                 host.button("btnStart")->click();
             });
             QVERIFY(host.measures());
-            QCOMPARE(host.lines.mid(6),
-                     QStringList({"5 155 0 0", "142 4 0 0", mode ? "5 155 0 1000" : "5 155 0 50",
-                                  "142 6 0 0", "5 0 0 777", "142 3 0 0", "142 3 1 0"}));
+            QCOMPARE(host.lines.mid(6).join(", "),
+                     QString("5 155 0 0, 142 4 0 0, 5 155 0 %1, 142 6 0 0, 5 0 0 777, 142 3 0 0, "
+                             "142 3 1 0")
+                         .arg(mode ? 1000 : 50));
         }
     }
 
     void destroyedAndDrivenBack()
     {
-        const auto restore = qScopeGuard([] { RamDebugThread::Shared::settleTime = SettleTime; });
         const struct {
             int mode;
             QString at;
-            QString end; // what happens to the run there
+            End end;
             QString back;
         } rows[] = {
-            {1, "142 9", "", ""}, // no target yet
-            {1, "5 2 0 0", "", "4 0 0 777"},
-            {0, "142 6", "", "4 0 0 777"},
-            {1, "142 6", "", "4 0 0 777"},
-            {1, "142 6", "stop", "4 0 0 777"},
-            {2, "5 1 0 10", "", ""}, // defines the position and moves nothing
-            {2, "142 6", "", "4 0 0 10"},
-            {3, "142 6", "", ""},
-            {1, "142 3", "", ""}, // driven back already
-            {1, "142 6", "abort", ""},
-            {1, "142 6", "inside", ""},
-            {1, "142 6", "insideOther", ""}, // in the handler of another request
+            {1, "142 9", Outside, ""}, // no target yet
+            {1, "5 2 0 0", Outside, "4 0 0 777"},
+            {0, "142 6", Outside, "4 0 0 777"},
+            {1, "142 6", Stopped, "4 0 0 777"},
+            {2, "5 1 0 10", Outside, ""}, // defines the position and moves nothing
+            {2, "142 6", Outside, "4 0 0 10"},
+            {3, "142 6", Outside, ""},
+            {1, "142 3", Outside, ""}, // driven back already
+            {1, "142 6", Aborted, ""},
+            {1, "142 6", Inside, ""},
+            {1, "142 6", InsideOther, ""}, // in the handler of another request
+            {1, "142 6", NestedLoop, ""},
+            {1, "142 6", HandlerFirst, ""},
+            {1, "142 6", Muted, ""},
         };
         for (const auto& row : rows) {
             // the axis must not leave the start target before this looks
@@ -336,32 +370,10 @@ private Q_SLOTS:
             host.combo("cmbTargetMode")->setCurrentIndex(row.mode);
             host.box("sbFromTarget")->setValue(row.mode == 2 ? 10 : 0);
             host.silentFor = row.at; // polls without end
-            const auto destroy = [&host] {
-                host.lines.clear();
-                host.panel.reset();
-            };
-            const auto act = [&] {
-                if (row.end == "stop")
-                    host.button("btnStop")->click();
-                if (row.end == "abort")
-                    host.panel->abort();
-                if (row.end != "insideOther")
-                    return destroy();
-                host.when("142 1", destroy);
-                host.panel->updateValues();
-            };
-            host.when(row.at, act, row.end != "inside");
-            host.button("btnStart")->click();
-            QTRY_VERIFY_WITH_TIMEOUT(!host.panel, 10000);
-            QTRY_VERIFY(isNoThreadLeft());
-            const QString name = row.at + ' ' + row.end + ": ";
-            QCOMPARE(name + host.lines.join(", "), name + row.back);
+            const QString name = QString("%1 at %2: ").arg(row.end).arg(row.at);
+            QCOMPARE(name + host.sentAtTheEnd(row.at, row.end), name + row.back);
         }
-    }
-
-    /// A run that is over leaves nothing to drive back, though nobody heard it.
-    void wayBackToNobody()
-    {
+        // a run that is over leaves nothing to drive back, though nobody heard it
         Host host;
         host.when("142 6", [&host] { host.panel->blockSignals(true); });
         QVERIFY(host.measures());
@@ -371,83 +383,19 @@ private Q_SLOTS:
         QCOMPARE(host.lines, QStringList());
     }
 
-    void answersThatComeLate()
-    {
-        Host host;
-        host.answersSamplesLate = true;
-        QVERIFY(host.measures());
-        QCOMPARE(host.lines.last(), QString("142 3 1 2"));
-        QCOMPARE(host.shown(), QString("target [mA]: , actual [mA]: "));
-    }
-
-    /// Of what is no size, a sign above the buttons tells.
-    void bufferSizes()
-    {
-        Host host;
-        host.panel->resize(1000, 343);
-        for (int size : {1000000, 1000001, -1, 0, 1}) {
-            const bool isGood = size == 1 || size == 1000000;
-            host.values["142 1"] = size;
-            const int before = host.box("sbDuration")->value();
-            host.panel->updateValues();
-            QCOMPARE(host.box("sbDuration")->value(), isGood ? size : before);
-            const QImage image = host.panel->grab().toImage();
-            const QPoint corner = host.button("btnStart")->pos();
-            bool hasSign = false;
-            for (int i = 0; i < 30 * corner.y(); ++i)
-                hasSign |= image.pixelColor(corner.x() + i % 30, i / 30) == QColor(0xff, 0x99, 0);
-            QCOMPARE(hasSign, !isGood);
-        }
-    }
-
-    /// At any instant of a run, from within the handler, from its nested loop and from outside:
-    /// gone within a second. AXR_DESTRUCTIONS sets how often.
+    /// At any instant of a run, gone within a second. AXR_DESTRUCTIONS sets how often.
     void destroyedDuringARun()
     {
-        const int rounds = qMax(30, qEnvironmentVariableIntValue("AXR_DESTRUCTIONS"));
         std::mt19937 random(3);
-        for (int round = 0; round < rounds; ++round) {
-            auto host = std::make_unique<Host>();
-            std::unique_ptr<WRamDebug>& panel = host->panel;
-            host->values["142 1"] = 500;
-            enum Where { Outside, Inside, NestedLoop, HandlerFirst, Muted, Instants };
-            const int where = static_cast<int>(random() % Instants);
-            const int at = static_cast<int>(random() % (random() % 4 == 0 ? 60 : 16));
-            if (random() % 5 == 0)
-                host->silentFor = "142 6"; // polls without end
-            const auto delay = std::chrono::microseconds(random() % 300);
-            bool done = false;
-            host->onRequest = [&](const QString&) {
-                if (host->lines.size() <= at)
-                    return;
-                host->onRequest = nullptr;
-                done = true;
-                if (where == Inside)
-                    panel.reset();
-                if (where == NestedLoop) {
-                    QTimer::singleShot(1, [&] { panel.reset(); });
-                    QTRY_VERIFY(!panel);
-                }
-            };
-            if (random() % 4 == 0)
-                panel->show();
-            host->button("btnStart")->click();
-            if (random() % 4 == 0)
-                host->button("btnStop")->click();
-            gets([&done] { return done; }, 500);
-            const auto until = std::chrono::steady_clock::now() + delay;
-            while (std::chrono::steady_clock::now() < until) {
-            }
-            std::unique_ptr<WRamDebug> last = std::move(panel);
-            if (where == HandlerFirst)
-                host.reset();
-            if (where == Muted)
-                last->blockSignals(true);
-            QCoreApplication::processEvents(); // requests that reach nobody
-            last.reset();
-            QVERIFY2(gets(isNoThreadLeft, 1000),
-                     qPrintable(QString("round %1, request %2").arg(round).arg(at)));
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        for (int i = qMax(30, qEnvironmentVariableIntValue("AXR_DESTRUCTIONS")); i > 0; --i) {
+            Host host;
+            host.values["142 1"] = 500;
+            const QStringList requests{"142 0",     "142 1",   "142 2",    "6 1",   "142 7",
+                                       "142 9",     "5 155 0", "142 4",    "142 6", "5 0 0",
+                                       "142 3 0 0", "142 3 1", "142 3 0 5"};
+            const QString at = requests[int(random() % requests.size())];
+            host.sentAtTheEnd(at, End(random() % Ends), random() % 300);
+            QVERIFY2(isNoThreadLeft(), qPrintable(at));
         }
     }
 
@@ -462,10 +410,20 @@ private Q_SLOTS:
                 texts << list->itemText(i) + '=' + list->itemData(i).toStringList().value(1);
             return texts.join(' ');
         };
-        const auto unit = [&panel](const char* name) {
-            return User::find<QLabel>(&panel, name)->text();
+        const auto shown = [&] {
+            const QSpinBox* to = host.box("sbToTarget");
+            QString text = items("cmbMeasureMode") + ", ";
+            for (const char* label : {"lblMinUnit", "lblMaxUnit", "lblDelayUnit"})
+                text += User::find<QLabel>(&panel, label)->text();
+            for (const char* name : {"sbFromTarget", "sbToTarget"})
+                text += QString(" %1").arg(host.box(name)->value());
+            return text + QString(", %1..%2 by %3 %4, %5: %6")
+                              .arg(to->minimum())
+                              .arg(to->maximum())
+                              .arg(to->singleStep())
+                              .arg(to->isEnabled())
+                              .arg(host.drawer()->getYAxisCaption(), host.shown());
         };
-        QCOMPARE(panel.size(), QSize(929, 343));
         for (int height : {-1, QWIDGETSIZE_MAX + 1}) // warns of nothing
             panel.setMaximumDrawerHeight(height);
         panel.setVelocityUnit("[pps]");
@@ -474,37 +432,54 @@ private Q_SLOTS:
             panel.setAllowDefinedMode(allow);
             QCOMPARE(items("cmbTargetMode"), QString("Torque=0 Velocity=1 Position=2 No target=3"));
         }
-        QVERIFY(!host.box("sbTriggerValue")->isEnabled());
-        const struct {
-            int mode;
-            const char* shown;
-        } rows[] = {
-            {1, "Torque=0 Velocity=1, [pps], 0 1000, -4000..4000 by 100, 1, Torque"},
-            {2, "Torque=0 Velocity=1 Position=2, , 0 4000, -2147483647..2147483647 by 4000, 1, "
-                "Torque"},
-            {3, "Defined=3, , 0 4000, -2147483647..2147483647 by 4000, 0, Debug"},
-            {0, "Torque=0, [mA], 0 1000, -4000..4000 by 100, 1, Torque"},
+        QCOMPARE(items("cmbTriggerType"),
+                 QString("Always=0 Position lower=1 Position higher=2 Velocity lower=3 Velocity "
+                         "higher=4 Torque lower=5 Torque higher=6"));
+        panel.setMaxTargetTorque(300);
+        panel.setMaxTargetVelocity(3000);
+        const std::pair<int, const char*> rows[] = {
+            {1, "Torque=0 Velocity=1, [pps][pps][1/10 mS] 0 1000, -3000..3000 by 100 1, Torque: "
+                "target [mA]:, actual [mA]:"},
+            {-1, "Torque=0 Velocity=1, [pps][pps][mS] 0 1000, -3000..3000 by 100 1, Velocity: "
+                 "target [pps]:, actual [pps]:"},
+            {2, "Torque=0 Velocity=1 Position=2, [1/10 mS] 0 4000, -2147483647..2147483647 by 4000 "
+                "1, Torque: target [mA]:, actual [mA]:"},
+            {3, "Defined=3, [mS] 0 4000, -2147483647..2147483647 by 4000 0, Debug: Debug 1:, "
+                "Debug 2:, Debug 3:, Debug 4:"},
+            {0, "Torque=0, [mA][mA][1/10 mS] 0 300, -300..300 by 100 1, Torque: target [mA]:, "
+                "actual [mA]:"},
         };
-        const QSpinBox* from = host.box("sbFromTarget");
-        const QSpinBox* to = host.box("sbToTarget");
-        for (const auto& row : rows) {
-            host.combo("cmbTargetMode")->setCurrentIndex(row.mode);
-            QCOMPARE(QString("%1, %2, %3 %4, %5..%6 by %7, %8, %9")
-                         .arg(items("cmbMeasureMode"), unit("lblMinUnit"))
-                         .arg(from->value())
-                         .arg(to->value())
-                         .arg(to->minimum())
-                         .arg(to->maximum())
-                         .arg(to->singleStep())
-                         .arg(to->isEnabled())
-                         .arg(host.drawer()->getYAxisCaption()),
-                     QString(row.shown));
+        for (const auto& [target, expected] : rows) {
+            if (target < 0)
+                host.combo("cmbMeasureMode")->setCurrentIndex(1);
+            else
+                host.combo("cmbTargetMode")->setCurrentIndex(target);
+            QCOMPARE(shown(), QString(expected));
         }
-        host.combo("cmbTargetMode")->setCurrentIndex(1);
-        for (const char* text :
-             {"[1/10 mS]: target [mA]: , actual [mA]: ", "[mS]: target [pps]: , actual [pps]: "}) {
-            QCOMPARE(unit("lblDelayUnit") + ": " + host.shown(), QString(text));
-            host.combo("cmbMeasureMode")->setCurrentIndex(1);
+        for (bool hasValue : {false, true}) {
+            QCOMPARE(host.box("sbTriggerValue")->isEnabled(), hasValue);
+            host.combo("cmbTriggerType")->setCurrentIndex(1);
+        }
+    }
+
+    /// Of what is no size, a sign above the buttons tells.
+    void bufferSizes()
+    {
+        Host host;
+        host.panel->resize(1000, 343);
+        for (int size : {1000000, 1000001, -1, 0, 1}) {
+            const bool isGood = size == 1 || size == 1000000;
+            host.values["142 1"] = size;
+            host.box("sbMeasureDelay")->setValue(2);
+            const int before = host.box("sbDuration")->value();
+            host.panel->updateValues();
+            QCOMPARE(host.box("sbDuration")->value(), isGood ? size : before);
+            const QImage image = host.panel->grab().toImage();
+            const QPoint corner = host.button("btnStart")->pos();
+            bool hasSign = false;
+            for (int i = 0; i < 30 * corner.y(); ++i)
+                hasSign |= image.pixelColor(corner.x() + i % 30, i / 30) == QColor(0xff, 0x99, 0);
+            QCOMPARE(hasSign, !isGood);
         }
     }
 
@@ -521,7 +496,9 @@ private Q_SLOTS:
         QTimer::singleShot(0, this, [name] {
             auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
             QVERIFY(dialog && QTest::qWaitForWindowExposed(dialog));
-            User::find<QLineEdit>(dialog, "fileNameEdit")->setText(name);
+            auto* edit = User::find<QLineEdit>(dialog, "fileNameEdit");
+            QVERIFY(edit->text().endsWith("_target [mA]_actual [mA].csv"));
+            edit->setText(name);
             QMetaObject::invokeMethod(dialog, "accept");
         });
         host.button("btnSave")->click();

@@ -1,6 +1,7 @@
 #include "Chart.h"
 #include "Command.h"
 #include "DrawerArea.h"
+#include "RamDebugThread_p.h"
 #include "Recorder.h"
 #include "Screen.h"
 #include "SimpleScaledDrawer.h"
@@ -74,6 +75,7 @@ private Q_SLOTS:
     /// Start and Stop by Space, one after the other, and the sign that the run is still ending.
     void aRunThatEnds()
     {
+        RamDebugThread::Shared::settleTime = 20; // ms
         WRamDebug panel;
         bool isComplete = false;
         connect(&panel, &WRamDebug::doDirectRequest, &panel, [&](Command* request, Command* reply) {
@@ -96,6 +98,7 @@ private Q_SLOTS:
         QVERIFY(Screen::waitFor(hasSign));
         isComplete = true;
         QVERIFY(Screen::waitFor([&] { return !panel.isMeasuring() && !hasSign(); }));
+        isComplete = false;
         Screen::key("space");
         QVERIFY(panel.isMeasuring());
         panel.abort();

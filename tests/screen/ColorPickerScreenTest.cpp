@@ -6,8 +6,7 @@
 #include "Screen.h"
 #include "TestCase.h"
 
-#include <QHBoxLayout>
-#include <QPushButton>
+#include <QtWidgets>
 
 namespace
 {

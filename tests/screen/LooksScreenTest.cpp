@@ -7,16 +7,7 @@
 #include "VelocityControl.h"
 #include "Workbench.h"
 
-#include <QCheckBox>
-#include <QGroupBox>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QSpinBox>
-#include <QStyleOptionButton>
-#include <QStyleOptionGroupBox>
-#include <QTableView>
-#include <QTreeWidget>
+#include <QtWidgets>
 
 #include <cmath>
 

@@ -75,7 +75,11 @@ bool endsInside(QObject* object, const QString& signal, const std::function<void
 {
     const QPointer<QObject> doomed(object);
     SignalLog log(object, {signal.section('(', 0, 0)});
-    log.onSignal([&doomed](const QString&) { delete doomed.data(); });
+    bool isOver = false; // an object may have more to say while it ends
+    log.onSignal([&](const QString&) {
+        if (!std::exchange(isOver, true))
+            delete doomed.data();
+    });
     gesture();
     return doomed.isNull() && !log.takeLines().isEmpty();
 }

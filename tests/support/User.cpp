@@ -1,5 +1,6 @@
 #include "User.h"
 
+#include <QComboBox>
 #include <QWheelEvent>
 #include <QtTest>
 
@@ -10,6 +11,15 @@ void User::press(QWidget* widget) { QTest::mousePress(widget, Qt::LeftButton); }
 void User::release(QWidget* widget) { QTest::mouseRelease(widget, Qt::LeftButton); }
 
 void User::type(QWidget* widget, const QString& text) { QTest::keyClicks(widget, text); }
+
+void User::choose(QWidget* box, const QString& entry)
+{
+    auto* combo = qobject_cast<QComboBox*>(box);
+    const int index = combo ? combo->findText(entry) : -1;
+    if (index < 0)
+        qFatal("no entry %s", qPrintable(entry));
+    combo->setCurrentIndex(index);
+}
 
 void User::drag(QWidget* widget, QPoint from, QPoint to)
 {

@@ -26,6 +26,8 @@ void press(QWidget* widget);
 void release(QWidget* widget);
 /// Types the characters, one key click each.
 void type(QWidget* widget, const QString& text);
+/// Chooses an entry of a combo box by its text.
+void choose(QWidget* box, const QString& entry);
 /// Presses, moves and releases the left button.
 void drag(QWidget* widget, QPoint from, QPoint to);
 /// One notch is 120, away from the user is positive.

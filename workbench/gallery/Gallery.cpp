@@ -15,7 +15,6 @@ namespace
 {
 
 constexpr int LiveTime = 1000; // ms
-const QColor themeBackground(0x00, 0x4D, 0xB9);
 
 /// One way in which everything is photographed.
 struct Look {
@@ -55,7 +54,7 @@ public:
     int sizes() const { return m_sizes.size(); }
     void dress(bool isThemed, int size)
     {
-        m_style.setMainStyle(isThemed, QString(), themeBackground);
+        m_style.setMainStyle(isThemed);
         m_sizes.at(size)->click();
     }
     /// Takes the widget; the one before goes.

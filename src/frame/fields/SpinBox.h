@@ -6,9 +6,16 @@
 
 #include <QDoubleSpinBox>
 
+#include <memory>
+
+class EntryKeys;
+class EntryLook;
 class FieldFace;
 enum class FieldSign;
+struct EntryVerdict;
 struct FieldText;
+struct RealUnits;
+struct SliderStrip;
 
 /// The numeric field of the panels: shows a device value in device units, can show it in real units
 /// behind, is typed in with a fixed decimal point, and can hold a change back until Return.
@@ -145,8 +152,6 @@ private:
     friend class DoubleValidator; // which colours the entry and shows its tool tip
     friend class SpinboxCommand;
 
-    enum class Entry { Clean, Pending, Invalid };
-
     bool has(Option option) const { return m_options.testFlag(option); }
     void installValidator();
     void setLastValue(double value);
@@ -156,38 +161,25 @@ private:
     FieldText shown() const;
     bool isOutside() const;
     FieldSign entrySign() const;
-    QString realSuffix(double value) const;
     void followNumber();
-    void confineToNumber();
-    void selectToDelete(bool forward, bool word);
-    void typePoint();
-    void typeIntoNumber(QKeyEvent* event);
-    template <class Change>
-    void keepCaret(Change change);
     template <class Change>
     void keepSelected(Change change);
-    void showEntry(Entry entry);
-    void showOutOfRangeTip();
-    void hideOutOfRangeTip();
+    void showVerdict(const EntryVerdict& verdict, bool waits);
     void growWith(const QString& text);
     QString boundText(double bound) const;
-    QRect sliderStrip() const;
-    QStyleOptionSpinBox drawnFrame() const;
+    SliderStrip strip() const;
     QPoint placeForBase(QPoint place) const;
     QMouseEvent forBase(const QMouseEvent& event) const;
 
-    double m_factor = 1.0;
-    double m_pulseFactor = 1.0;
+    std::unique_ptr<RealUnits> m_units;
     double m_lastValue = 0.0;
-    QString m_unitText;
-    QString m_realSuffix;    // the last one made of it with a real value
+    QString m_realSuffix;    // the last one made with a real value
     double m_followed = 0.0; // the number shown when that was made
     Options m_options;
     int m_apNumber = -1;
     QPoint m_lastCursorPos;
-    Entry m_entry = Entry::Clean;
-    bool m_fraction = false; // the next digit replaces one behind the typed point
-    bool m_tipShown = false;
+    std::unique_ptr<EntryLook> m_look;
+    std::unique_ptr<EntryKeys> m_keys;
     bool m_sending = false;
     bool m_touched = false; // by the user, since a value was set
     bool m_isRewriting = false;

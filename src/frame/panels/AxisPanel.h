@@ -1,30 +1,22 @@
 #ifndef AXISPANEL_H
 #define AXISPANEL_H
 
-#include "AXRGuiExport.h"
-#include "AxisParameter.h"
 #include "Instruction.h"
 #include "MotorController.h"
-
-#include <QVector>
-#include <QWidget>
+#include "ParameterPanel.h"
 
 class Command;
-class QGroupBox;
 
 /// Base of the panels that send and take whole commands. A panel adds its form, its parameters and
 /// the instructions behind its buttons.
 ///
 /// A panel reads nothing by itself: the host calls updateValues() and delivers every reply that it
 /// wants applied to IN_replyValue(). No status is looked at.
-class AXRGUI_EXPORT AxisPanel : public QWidget, public MotorController
+class AXRGUI_EXPORT AxisPanel : public ParameterPanel, public MotorController
 {
     Q_OBJECT
 public:
     ~AxisPanel() override;
-
-    /// Title of the panel's group box.
-    void setTitle(const QString& title);
 
     /// Asks for each value that the panel reads back: one GAP with value 0 for each.
     void updateValues();
@@ -50,15 +42,6 @@ public Q_SLOTS:
 protected:
     explicit AxisPanel(QWidget* parent);
 
-    /// To be called once the form is built: its outer group box, and the parameters that are read
-    /// back, in the order in which updateValues() asks for them.
-    void setUpPanel(QGroupBox* frame, std::initializer_list<AxisParameter*> readBack);
-
-    /// Whether updateValues() asks for a parameter just now. Default: always.
-    virtual bool isAsked(const AxisParameter& parameter) const;
-    /// Whether a reply to a parameter is shown just now. Default: when it is asked for.
-    virtual bool isTaken(const AxisParameter& parameter) const;
-
     /// Emits a command with the panel's address and motor bank. Returns false when the panel was
     /// destroyed meanwhile: a host may do that inside the emission.
     bool send(Instruction instruction, char type, int value);
@@ -66,10 +49,6 @@ protected:
     bool send(const MotorController& axis, Instruction instruction, char type, int value);
     /// Sends SAP for the parameter.
     bool change(const AxisParameter& parameter, int value);
-
-private:
-    QGroupBox* m_frame = nullptr;
-    QVector<AxisParameter*> m_readBack;
 };
 
 #endif

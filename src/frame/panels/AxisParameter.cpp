@@ -63,7 +63,8 @@ void AxisParameter::setNumber(char number)
 {
     m_number = number;
     if (m_widget)
-        m_widget->setToolTip(m_toolTip(number));
+        m_widget->setToolTip(m_tipForm == ToolTip::Tuple ? tuplePanelToolTip(number)
+                                                         : m_toolTip(number));
 }
 
 void AxisParameter::setNumberAndRange(char number, int minimum, int maximum)

@@ -53,10 +53,16 @@ public:
     /// Whether a QSpinBox shows less than was reported, by its range or by one that came later.
     bool isClipped() const;
 
+protected:
+    enum class ToolTip { WithRange, Tuple };
+
+    explicit AxisParameter(ToolTip toolTip) : m_tipForm(toolTip) {}
+
 private:
     template <class Box>
     void bindBox(Box* box);
 
+    ToolTip m_tipForm = ToolTip::WithRange;
     char m_number = 0;
     QWidget* m_widget = nullptr;
     FieldFace* m_face = nullptr; // of a QSpinBox
@@ -64,6 +70,13 @@ private:
     std::function<QString(char)> m_toolTip;
     std::function<void(int, int)> m_setRange;
     std::function<void(int)> m_show;
+};
+
+/// A parameter of the panels with tuple signals: its tool tip is "AP: n", whatever the widget.
+class AXRGUI_EXPORT TupleParameter : public AxisParameter
+{
+public:
+    TupleParameter() : AxisParameter(ToolTip::Tuple) {}
 };
 
 #endif

@@ -62,12 +62,6 @@ private:
 
 } // namespace
 
-bool SelectionRow::isSameValue(const SelectionRow& other) const
-{
-    return command == other.command && type == other.type && address == other.address &&
-           motor == other.motor;
-}
-
 void SelectionTable::setUp(QTableWidget* table, bool withGrid, QLabel* line)
 {
     table->setColumnCount(SelectionRow::ColumnCount);

@@ -1,6 +1,8 @@
 #ifndef SELECTIONTABLE_P_H
 #define SELECTIONTABLE_P_H
 
+#include "ValueKey.h"
+
 #include <QColor>
 #include <QString>
 #include <QTableWidget>
@@ -20,8 +22,9 @@ struct SelectionRow {
     char address;
     char motor;
 
+    ValueKey key() const { return {address, command, type, motor}; }
     /// Whether both are the same value of a device, whatever they are called.
-    bool isSameValue(const SelectionRow& other) const;
+    bool isSameValue(const SelectionRow& other) const { return key() == other.key(); }
 };
 
 /// What the tables of the selection dialogs have in common: numbers as decimal text, the colour as

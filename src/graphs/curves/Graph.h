@@ -57,6 +57,7 @@ public:
 private:
     Q_DISABLE_COPY(Graph)
     friend class GraphItem;
+    friend class GraphScene;
     friend class ValueOverTimeGraph;
 
     void store(double value, qint64 time);

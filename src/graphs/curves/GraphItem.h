@@ -72,7 +72,7 @@ public:
 private:
     Q_DISABLE_COPY(GraphItem)
     friend class CurveLayer;
-    friend class ValueOverTimeGraph;
+    friend class GraphScene;
 
     CurveGeometry geometry() const;
     void separateRange();

@@ -56,9 +56,10 @@ public:
         return m_caption;
     }
 
+    /// \param second within the minute; negative before the epoch
     const Label& second(int second)
     {
-        Label& label = m_seconds[static_cast<std::size_t>(qBound(0, second, 59))];
+        Label& label = m_seconds[static_cast<std::size_t>(qMax(0, second))];
         if (label.width < 0)
             lay(&label, QStringLiteral("%1 s").arg(second));
         return label;
@@ -109,7 +110,6 @@ void XTimeAxisItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QW
     const int fontHeight = painter->fontMetrics().height();
     const TimeAxisGeometry geometry = this->geometry(fontHeight);
     m_leftMargin = m_maxTextWidth;
-    m_topMargin = m_bottomMargin = 1.5 * fontHeight;
     m_labels->setFont(painter->font(), fontHeight);
     painter->setPen(m_pen);
     clipToDevice(painter);

@@ -72,8 +72,6 @@ private:
     int m_maxValue = 150;
     QString m_yCaption;
     double m_leftMargin = 60.0;
-    double m_topMargin = 0;
-    double m_bottomMargin = 0;
     double m_areaTop = 10.0;
     double m_areaBottom = 20.0;
     int m_maxTextWidth = 40;

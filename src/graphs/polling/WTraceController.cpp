@@ -33,13 +33,7 @@ void WTraceController::setMaximum(int maximum) { m_ui->sbDelay->setMaximum(maxim
 
 void WTraceController::setSingleStep(int step) { m_ui->sbDelay->setSingleStep(step); }
 
-void WTraceController::setValue(int value)
-{
-    const QPointer<WTraceController> self(this);
-    m_ui->sbDelay->setValue(value);
-    if (self)
-        m_timer.setInterval(qMax(0, m_ui->sbDelay->value()));
-}
+void WTraceController::setValue(int value) { m_ui->sbDelay->setValue(value); }
 
 void WTraceController::setActive(bool active)
 {

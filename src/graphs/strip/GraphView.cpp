@@ -8,8 +8,21 @@
 
 #include <algorithm>
 
+namespace
+{
+
+// Qt calls the name out of date, and the raster engine does nothing with it; others still do.
+constexpr auto HighQualityAntialiasing = static_cast<QPainter::RenderHint>(0x08);
+
+} // namespace
+
 void GraphView::show(QGraphicsScene* scene)
 {
+    viewport()->setStyleSheet(QStringLiteral("background: white"));
+    setBackgroundBrush(Qt::white); // whatever a sheet of the application says
+    // The background covers all of it; filling it before would double the cost.
+    viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+    setRenderHint(HighQualityAntialiasing);
     setScene(scene);
     connect(scene, &QGraphicsScene::changed, this, [this] { viewport()->update(); });
 }

@@ -17,8 +17,8 @@ class GraphView : public QGraphicsView
 public:
     using QGraphicsView::QGraphicsView;
 
-    /// Sets the scene and follows its signal. Without a listener a scene tells its views directly,
-    /// and takes no further update until a view has painted in the base class's way.
+    /// Sets the scene, on white, and follows its signal. Without a listener a scene tells its views
+    /// directly, and takes no further update until a view has painted in the base class's way.
     void show(QGraphicsScene* scene);
 
 protected:

@@ -3,7 +3,6 @@
 
 #include "AXRGuiExport.h"
 
-#include <QFont>
 #include <QList>
 #include <QString>
 #include <QWidget>
@@ -11,16 +10,14 @@
 #include <functional>
 #include <memory>
 
-class CsvLog;
 class Command;
 class Graph;
-class GraphCaptionItem;
-class GraphItem;
-class MarkerItem;
-class QGraphicsScene;
+class GraphClock;
+class GraphLog;
+class GraphRange;
+class GraphScene;
 class QTimer;
 class TraceCommand;
-class XTimeAxisItem;
 
 namespace Ui
 {
@@ -56,12 +53,12 @@ public:
     void clearTraceableParameter() { m_traceableParameters.clear(); }
 
     /// Text at the top of the value axis, empty by default.
-    void setYAxisCaption(const QString& caption) { m_yAxisCaption = caption; }
+    void setYAxisCaption(const QString& caption);
     /// A red frame about the scene from its next building on; off by default.
-    void setDrawBoundingEnabled(bool enabled) { m_drawBoundingEnabled = enabled; }
+    void setDrawBoundingEnabled(bool enabled);
     /// Whether the curves have dots, as the context menu says which; on by default. Lines alone are
     /// clearer, and cheaper, where there are many samples.
-    void setDataPointsEnabled(bool enabled) { m_dataPointsEnabled = enabled; }
+    void setDataPointsEnabled(bool enabled);
     /// Whether the context menu offers "Select items ..."; off by default.
     void setChartSelectorEnabled(bool enabled) { m_chartSelectorEnabled = enabled; }
     /// The panel's settings are loaded from this key, and the selection is stored under it. Empty,
@@ -131,15 +128,10 @@ private Q_SLOTS:
     void handleSetDefaultCharts();
 
 private:
-    qint64 now() const;
-    MarkerItem* addMarker(const QString& text, double z);
-    void advance(qint64 now);
-    void layOut();
-    void layOutItems();
+    void connectController();
     void setDrawing(bool drawing);
+    void advance(qint64 now);
     bool scaleToData();
-    void placeMarker(MarkerItem* marker, double value, double y);
-    void showMarkers(bool minimum, bool maximum);
     void setTimeOut(qint64 time);
     /// As of the picture's time, or of now when the clock was set back while the picture stands.
     void limitAge(qint64 now);
@@ -147,46 +139,20 @@ private:
     void selectItems();
     QString askFileName();
 
-    std::function<qint64()> m_clock; // none: the system's
     std::unique_ptr<Ui::ValueOverTimeGraph> m_ui;
-    QGraphicsScene* m_scene;
-    XTimeAxisItem* m_timeAxis = nullptr;
-    GraphCaptionItem* m_captionItem = nullptr;
-    MarkerItem* m_minMarker = nullptr;
-    MarkerItem* m_maxMarker = nullptr;
+    std::unique_ptr<GraphClock> m_clock;
+    std::unique_ptr<GraphRange> m_range;
+    std::unique_ptr<GraphRange> m_told; // by the last scaleChanged()
+    std::unique_ptr<GraphLog> m_log;
+    GraphScene* m_scene;
     QTimer* m_updateTimer;
-    int m_minValue = -100;
-    int m_maxValue = 100;
-    bool m_drawing = false;
-    bool m_drawBoundingEnabled = false;
-    qint64 m_actualTime;
-    QString m_yAxisCaption;
     bool m_dynamicScaling = true;
-    double m_yAreaMin = 100.0;
-    double m_yAreaMax = 200.0;
-    double m_xyMinValue = 0.0;
-    double m_xyMaxValue = 0.0;
-    int m_maxTextWidth = 80;
     bool m_chartSelectorEnabled = false;
     QList<TraceCommand*> m_traceableParameters;
     QString m_appSettingKey;
-    bool m_useConnectedDataPoints = true;
-    bool m_useBoldDataPoints = true;
-    bool m_dataPointsEnabled = true;
-    bool m_showMinMaxMarker = true;
-    std::unique_ptr<CsvLog> m_log; // none while nothing is logged
-    qint64 m_logStartTime = 0;
     int m_logRequests = 0;
     bool m_rejectingLog = false;
     QList<Graph*> m_graphs;
-    QList<GraphItem*> m_graphItems;
-    int m_visibleSpan = 60000; // ms; generous until the first frame knows the width
-    QFont m_gapFont;           // of the gap beside the captions, kept, for measuring takes memory
-    int m_captionGap = -1;
-    bool m_inFrame = false;
-    bool m_nested = false;  // a frame within a frame
-    QPair<int, int> m_told; // range of the last scaleChanged()
-    qint64 m_frameTime = 0;
 };
 
 #endif

@@ -33,10 +33,9 @@ char WDirectMode::getAddress() const { return toByte(m_ui->sbRequestAddress->val
 
 void WDirectMode::on_btnSend_clicked()
 {
-    m_lastCommand = toByte(m_ui->cbCommand->currentData().toInt());
-    m_lastType = toByte(m_ui->sbRequestType->value());
-    m_lastMotorBank = toByte(m_ui->sbRequestMotorBank->value());
-    emit doRequest(getAddress(), m_lastCommand, m_lastType, m_lastMotorBank,
+    m_pending = {0, toByte(m_ui->cbCommand->currentData().toInt()),
+                 toByte(m_ui->sbRequestType->value()), toByte(m_ui->sbRequestMotorBank->value())};
+    emit doRequest(getAddress(), m_pending.command, m_pending.type, m_pending.motorBank,
                    m_ui->sbRequestValue->value());
 }
 
@@ -49,11 +48,10 @@ void WDirectMode::requestResult(char address, char command, char /*type*/, char 
 void WDirectMode::requestedCommand(char address, char command, char type, char motorBank,
                                    char status, int value)
 {
-    const bool pending = m_lastCommand != 0;
-    if (!pending || command != m_lastCommand || type != m_lastType || motorBank != m_lastMotorBank)
+    if (m_pending.command == 0 || m_pending != ValueKey{0, command, type, motorBank})
         return;
     showReply(address, command, status, motorBank, value);
-    m_lastCommand = m_lastType = m_lastMotorBank = 0;
+    m_pending = {};
 }
 
 void WDirectMode::showReply(char address, char command, char status, char motorBank, int value)

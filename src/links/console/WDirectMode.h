@@ -2,6 +2,7 @@
 #define WDIRECTMODE_H
 
 #include "AXRGuiExport.h"
+#include "ValueKey.h"
 
 #include <QWidget>
 
@@ -50,9 +51,7 @@ private:
     void showReply(char address, char command, char status, char motorBank, int value);
 
     std::unique_ptr<Ui::WDirectMode> m_ui;
-    char m_lastCommand = 0; // 0: no request is pending
-    char m_lastType = 0;
-    char m_lastMotorBank = 0;
+    ValueKey m_pending; // without an address; command 0 while no request is
 };
 
 #endif

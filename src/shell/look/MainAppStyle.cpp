@@ -1,43 +1,29 @@
 #include "MainAppStyle.h"
 
-#include "AppSettings.h"
-#include "BasicTools.h"
 #include "CurrentLook_p.h"
+#include "FontSizeButtons_p.h"
+#include "ForEachBelow_p.h"
+#include "IconColours_p.h"
 #include "Logging.h"
+#include "MainPalette_p.h"
 #include "MainStyleSheet_p.h"
 #include "MethodName.h"
 #include "SharedConstants.h"
+#include "ToolBarFit_p.h"
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
-#include <QAction>
 #include <QApplication>
-#include <QButtonGroup>
 #include <QComboBox>
 #include <QFontDatabase>
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
-#include <QRegularExpression>
 #include <QScopeGuard>
-#include <QSignalBlocker>
 #include <QStyle>
-#include <QTabWidget>
-#include <QTimer>
 #include <QToolBar>
-#include <QToolButton>
-#include <QTreeWidget>
 
 namespace
 {
-
-constexpr int SizeButtonDelay = 1; // ms
-constexpr int DefaultSizeButton = 1;
-constexpr int ActionSymbol = 200; // px, so that it is sharp at any size
-constexpr int SmallSymbol = 20;   // px
-const QString sizeButtonKey = QStringLiteral("SizeButtonNr");
-constexpr char defaultCheckedColour[] = "#008080";
 
 QString styleName()
 {
@@ -55,55 +41,6 @@ void setBaseStyle(const QString& name)
         qCDebug(axrShell) << "MainAppStyle: there is no style" << name;
 }
 
-/// The roles that the dark blue look leaves to its base style, which in this Qt do not come by
-/// themselves with the style.
-constexpr QPalette::ColorRole baseStyleRoles[] = {QPalette::Button, QPalette::Midlight,
-                                                  QPalette::BrightText, QPalette::AlternateBase};
-
-void setRoles(QPalette& palette, const QColor& colour,
-              std::initializer_list<QPalette::ColorRole> roles)
-{
-    for (const QPalette::ColorRole role : roles)
-        palette.setColor(QPalette::All, role, colour);
-}
-
-QPalette mainPalette(const QColor& background)
-{
-    QPalette palette = QApplication::palette();
-    const QPalette base = QApplication::style()->standardPalette();
-    for (const QPalette::ColorRole role : baseStyleRoles) {
-        for (const auto group : {QPalette::Active, QPalette::Disabled, QPalette::Inactive})
-            palette.setBrush(group, role, base.brush(group, role));
-    }
-    setRoles(palette, background.isValid() ? background : base.color(QPalette::Window),
-             {QPalette::Window, QPalette::Mid});
-    setRoles(palette, Qt::white,
-             {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText});
-    setRoles(palette, QColor(0x00, 0x2E, 0x6E),
-             {QPalette::Base, QPalette::Highlight, QPalette::ToolTipBase});
-    setRoles(palette, QColor(0x3A, 0x5B, 0x78), {QPalette::Light});
-    setRoles(palette, QColor(0x9A, 0xA9, 0xB6),
-             {QPalette::HighlightedText, QPalette::Dark, QPalette::LinkVisited});
-    setRoles(palette, QColor(0x15, 0x25, 0x2F), {QPalette::Shadow});
-    setRoles(palette, Qt::cyan, {QPalette::Link});
-    setRoles(palette, QColor(255, 255, 255, 128), {QPalette::PlaceholderText}); // half a text
-    return palette;
-}
-
-/// Calls `finish` for every T below the widget that is still there when its turn comes: what it
-/// does may make a host delete some.
-template <class T, class Finish>
-void forEachBelow(const QWidget* widget, Finish finish)
-{
-    QVector<QPointer<T>> found;
-    for (T* each : widget->findChildren<T*>())
-        found << each;
-    for (const QPointer<T>& each : qAsConst(found)) {
-        if (each)
-            finish(each.data());
-    }
-}
-
 /// What was never shown does not follow the application's palette once its window has a sheet, and
 /// would keep that of the other look when it is shown.
 void followPalette(const QWidget* window)
@@ -118,119 +55,6 @@ QString firstFamily(int fontId, const QFont& otherwise)
 {
     const QStringList families = QFontDatabase::applicationFontFamilies(fontId);
     return families.isEmpty() ? otherwise.family() : families.constFirst();
-}
-
-int widest(const QFontMetrics& metrics, const QStringList& texts)
-{
-    int width = 0;
-    for (const QString& text : texts)
-        width = qMax(width, metrics.horizontalAdvance(text));
-    return width;
-}
-
-QStringList iconTexts(const QToolBar* bar)
-{
-    QStringList texts;
-    for (const QAction* action : bar->actions())
-        texts << action->iconText().split(QLatin1Char('\n'));
-    return texts;
-}
-
-void addToIconSize(QToolBar* bar, const QString& sizeSheet)
-{
-    static const QRegularExpression digits(QStringLiteral("[0-9]+"));
-    const QRegularExpressionMatch match = digits.match(sizeSheet);
-    if (!match.hasMatch())
-        return;
-    static const QSize baseIconSize = bar->iconSize();
-    const int more = match.captured().toInt();
-    bar->setIconSize(baseIconSize + QSize(more, more));
-}
-
-void nameButtons(const QToolBar* bar)
-{
-    forEachBelow<QAbstractButton>(bar, [](QAbstractButton* button) {
-        if (button->icon().isNull()) {
-            if (button->objectName().isEmpty())
-                button->setObjectName(QStringLiteral("noIconBtn"));
-        } else if (!button->objectName().contains(QLatin1String("qt_"))) {
-            button->setObjectName(QStringLiteral("iconBtn"));
-        }
-    });
-}
-
-/// The least sizes of the bar's buttons.
-QString toolBarSizes(const QToolBar* bar, const QFontMetrics& metrics)
-{
-    const int text = widest(metrics, iconTexts(bar));
-    const int iconHeight = bar->iconSize().height() + 5;
-    if (!bar->isMovable() && !bar->isFloatable())
-        return QStringLiteral("QToolButton{min-height: %1px;min-width: %2px}")
-            .arg(3 * metrics.height())
-            .arg(text + 9);
-    if (bar->orientation() == Qt::Vertical)
-        return QStringLiteral("QToolButton#noIconBtn{min-height: %1px;}"
-                              "QToolButton{min-height: %2px; min-width: %3px}")
-            .arg(metrics.height() + 8)
-            .arg(iconHeight)
-            .arg(qMax(bar->iconSize().width() + 5, text) + 10);
-    return QStringLiteral("QToolButton{min-height: %1px}"
-                          "QToolButton#iconBtn{min-height: %1px; min-width: %1px}")
-        .arg(iconHeight);
-}
-
-void store(int sizeButton)
-{
-    AppSettings settings;
-    settings.beginGroup(QLatin1String(MainwindowGroup));
-    // Each switch of the look comes here, and a file that is written may take its time.
-    if (settings.value(sizeButtonKey, QString()).toString() != QString::number(sizeButton))
-        settings.setValue(sizeButtonKey, sizeButton);
-}
-
-QPixmap symbol(QPixmap pixmap, const QColor& colour)
-{
-    BasicTools::setSymbolColor(&pixmap, colour, true, QColor());
-    return pixmap;
-}
-
-QIcon symbol(const QIcon& icon, int size, const QColor& colour)
-{
-    return QIcon(symbol(icon.pixmap(QSize(size, size), QIcon::Normal, QIcon::Off), colour));
-}
-
-void recolourButtons(QWidget* widget, const QPalette& palette)
-{
-    const QColor checked(AppSettings()
-                             .value(QLatin1String(ColorMapCheckedButtonKey),
-                                    QString::fromLatin1(defaultCheckedColour))
-                             .toString());
-    const int side = widget->fontMetrics().height() + 1;
-    forEachBelow<QAbstractButton>(widget, [&](QAbstractButton* button) {
-        BasicTools::setButtonIconsColor(button, palette.color(QPalette::Text),
-                                        palette.color(QPalette::Button).darker(200), checked);
-        if (!button->property(DpIgnIcon).toBool())
-            button->setIconSize(QSize(side, side));
-    });
-}
-
-void recolourTree(QTreeWidget* tree, const QColor& colour)
-{
-    const QSignalBlocker blocker(tree);
-    // Each of them: the wildcard "*" of this Qt does not match a text with a "/".
-    for (int i = 0; i < tree->topLevelItemCount(); ++i) {
-        QTreeWidgetItem* item = tree->topLevelItem(i);
-        if (!item->icon(0).isNull())
-            item->setIcon(0, symbol(item->icon(0), SmallSymbol, colour));
-    }
-}
-
-void recolourTabs(QTabWidget* tabs, const QColor& colour)
-{
-    for (int i = 0; i < tabs->count(); ++i) {
-        if (!tabs->tabIcon(i).isNull())
-            tabs->setTabIcon(i, symbol(tabs->tabIcon(i), SmallSymbol, colour));
-    }
 }
 
 void alignRight(QComboBox* box)
@@ -270,7 +94,7 @@ MainAppStyle::~MainAppStyle()
     if (!qApp)
         return;
     m_sizeButtons.reset(); // nothing is clicked any more
-    setMainStyle(false, QString(), QColor(0x00, 0x4D, 0xB9));
+    setMainStyle(false);
     setBaseStyle(m_savedStyleName);
     QFontDatabase::removeAllApplicationFonts();
     qApp->setStyleSheet(m_savedStyleSheet);
@@ -321,24 +145,12 @@ QString MainAppStyle::setMainStyle(bool on, const QString& extraSheet, const QCo
     const QColor now = QApplication::palette().color(QPalette::Text);
     if (self)
         followPalette(target());
-    if (self)
-        clickSizeButtonSoon();
+    if (self && m_sizeButtons)
+        m_sizeButtons->clickAgainSoon();
     if (self && now != before)
         emit textColorChanged(now, before);
     qCDebug(axrShell) << AXR_METHOD.constData() << result << now << styleName();
     return result;
-}
-
-void MainAppStyle::clickSizeButtonSoon()
-{
-    if (!m_sizeButtons)
-        return;
-    // The group ends with this object, and a button that dies leaves it.
-    QButtonGroup* buttons = m_sizeButtons.get();
-    QTimer::singleShot(SizeButtonDelay, buttons, [buttons] {
-        if (QAbstractButton* checked = buttons->checkedButton())
-            checked->click();
-    });
 }
 
 QString MainAppStyle::setMainStyleSheet(QWidget* widget)
@@ -422,32 +234,15 @@ void MainAppStyle::installSorvanelFont(bool sorvanelFont, bool variant)
 
 QWidget* MainAppStyle::setFontSize(QWidget* parent)
 {
-    auto* frame = new QFrame(parent);
-    frame->setStyleSheet(sizeButtonsSheet());
-    auto* row = new QHBoxLayout(frame);
-    row->setSpacing(0);
-    row->setContentsMargins(0, 0, 0, 0);
-    m_sizeButtons = std::make_unique<QButtonGroup>();
-    for (const int size : {8, 12, 16, 20}) {
-        auto* button = new QToolButton(frame);
-        button->setStyleSheet(QStringLiteral("QWidget {font-size: %1px}").arg(size));
-        button->setText(QStringLiteral("A"));
-        button->setAccessibleName(tr("Font size %1").arg(size));
-        button->setCheckable(true);
-        button->setObjectName(QStringLiteral("sizeBtn"));
-        connect(button, &QToolButton::clicked, this, &MainAppStyle::setFontSizeStyle);
-        m_sizeButtons->addButton(button, m_sizeButtons->buttons().size());
-        row->addWidget(button);
-    }
-    AppSettings settings;
-    settings.beginGroup(QLatin1String(MainwindowGroup));
-    const int stored = settings.value(sizeButtonKey, DefaultSizeButton).toInt();
+    m_sizeButtons = std::make_unique<FontSizeButtons>();
+    const QPointer<QWidget> row(m_sizeButtons->makeRow(parent));
+    for (QAbstractButton* button : m_sizeButtons->buttons())
+        connect(button, &QAbstractButton::clicked, this, &MainAppStyle::setFontSizeStyle);
     const QPointer<MainAppStyle> self(this);
-    const QPointer<QWidget> made(frame);
-    m_sizeButtons->button(qBound(0, stored, m_sizeButtons->buttons().size() - 1))->click();
+    m_sizeButtons->clickStored();
     if (self)
         setObjectName(QStringLiteral("setFontSize"));
-    return made;
+    return row;
 }
 
 void MainAppStyle::setFontSizeStyle()
@@ -467,44 +262,14 @@ void MainAppStyle::setFontSizeStyle()
     }
     ensurePolished(); // hidden, it would not have the new font yet
     const QFontMetrics metrics = fontMetrics();
-    forEachBelow<QToolBar>(target(), [&](QToolBar* bar) {
-        const QPointer<QToolBar> alive(bar);
-        addToIconSize(bar, sheet);
-        nameButtons(bar);
-        if (alive)
-            bar->setStyleSheet(toolBarSheet() + toolBarSizes(bar, metrics));
-    });
+    forEachBelow<QToolBar>(target(), [&](QToolBar* bar) { fitToolBar(bar, sheet, metrics); });
     if (!self)
         return;
     if (m_sizeButtons)
-        store(m_sizeButtons->checkedId());
+        m_sizeButtons->store();
     setIconsToTextColor(target());
     if (self && !sheet.isEmpty())
         emit fontSizeChanged(sheet);
 }
 
-void MainAppStyle::setIconsToTextColor(QWidget* widget)
-{
-    const QPointer<QWidget> root(widget); // a host may end it when an icon changes
-    const QPalette palette = QApplication::palette();
-    const QColor text = palette.color(QPalette::Text);
-    if (root) {
-        root->ensurePolished();
-        recolourButtons(root, palette);
-    }
-    if (root)
-        forEachBelow<QAction>(root, [&](QAction* action) {
-            if (!action->icon().isNull())
-                action->setIcon(symbol(action->icon(), ActionSymbol, text));
-        });
-    if (root)
-        forEachBelow<QLabel>(root, [&](QLabel* label) {
-            const QPixmap pixmap = label->pixmap(Qt::ReturnByValue);
-            if (!pixmap.isNull())
-                label->setPixmap(symbol(pixmap, text));
-        });
-    if (root)
-        forEachBelow<QTreeWidget>(root, [&](QTreeWidget* tree) { recolourTree(tree, text); });
-    if (root)
-        forEachBelow<QTabWidget>(root, [&](QTabWidget* tabs) { recolourTabs(tabs, text); });
-}
+void MainAppStyle::setIconsToTextColor(QWidget* widget) { setIconColours(widget); }

@@ -12,7 +12,7 @@
 
 #include <memory>
 
-class QButtonGroup;
+class FontSizeButtons;
 
 /// Switches the whole application between the desktop's own look and the dark blue one, offers four
 /// font sizes for one window, and keeps the icons in the text's colour.
@@ -100,10 +100,9 @@ public Q_SLOTS:
 
 private:
     QWidget* target();
-    void clickSizeButtonSoon();
 
     QWidget* m_target;
-    std::unique_ptr<QButtonGroup> m_sizeButtons;
+    std::unique_ptr<FontSizeButtons> m_sizeButtons;
     QString m_savedStyleSheet;
     QString m_savedStyleName;
     QPalette m_savedPalette;

@@ -28,23 +28,25 @@ private Q_SLOTS:
             }
             isFed = true;
         });
-        bool isInOrder = true;
+        const auto isInOrder = [](const QList<double>& values) {
+            for (int i = 0; i < values.size(); ++i) {
+                if (values.at(i) != i)
+                    return false;
+            }
+            return true;
+        };
+        bool isShownInOrder = true;
         do {
             Chart passing(1, 2, 6, 4, "passing", Qt::blue); // dies while it is fed
             drawer.addChart(&passing);
             drawer.render(&image);
-            const QList<double> shared = fed.getValues();
-            for (int i = 0; i < shared.size(); ++i)
-                isInOrder = isInOrder && shared.at(i) == i;
+            isShownInOrder = isShownInOrder && isInOrder(fed.getValues());
             drawer.setChartSize(Count);
             drawer.removeChart(1, 2, 6, 4);
         } while (!isFed);
         worker.join();
-        QVERIFY(isInOrder);
-        const QList<double> values = fed.getValues();
-        QCOMPARE(values.size(), Count);
-        for (int i = 0; i < Count; ++i)
-            QCOMPARE(values.at(i), double(i));
+        QVERIFY(isShownInOrder && isInOrder(fed.getValues()));
+        QCOMPARE(fed.getValues().size(), Count);
     }
 };
 

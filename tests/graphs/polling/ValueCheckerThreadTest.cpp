@@ -6,8 +6,29 @@
 
 namespace
 {
+
 constexpr int Hour = 3600 * 1000;
 constexpr int Longest = 10000; // ms that a test waits for what takes no time
+
+/// A thread that does this in each of its checks, and counts them.
+struct Checker : ValueCheckerThread {
+    Checker(
+        int delay, const std::function<void()>& inCheck = [] {})
+        : ValueCheckerThread(delay)
+    {
+        QObject::connect(
+            this, &ValueCheckerThread::checkRequested, this,
+            [this, inCheck] {
+                inCheck();
+                isOnThread = QThread::currentThread() == this;
+                ++checks;
+            },
+            Qt::DirectConnection);
+    }
+    std::atomic<bool> isOnThread{false};
+    std::atomic<int> checks{0};
+};
+
 } // namespace
 
 class ValueCheckerThreadTest : public TestCase
@@ -16,94 +37,59 @@ class ValueCheckerThreadTest : public TestCase
 private Q_SLOTS:
     void checksUntilItIsStoppedAndAgain()
     {
-        int checks = 0;
-        const QObject receiver; // on this thread
-        ValueCheckerThread thread(1);
-        connect(&thread, &ValueCheckerThread::checkRequested, &receiver, [&checks] { ++checks; });
+        Checker thread(1);
         for (int i = 0; i < 2; ++i) {
-            QCoreApplication::sendPostedEvents();
-            checks = 0;
+            const int before = thread.checks;
             thread.start();
-            QTRY_VERIFY(checks >= 3);
+            QTRY_VERIFY(thread.checks >= before + 3);
             thread.stop();
             QVERIFY(thread.wait(Longest));
         }
+        QVERIFY(thread.isOnThread);
     }
 
-    void stopWaitsForThePause()
+    /// Each pause takes the delay that stands at its begin, and a stop waits for its end.
+    void pauses()
     {
-        constexpr int Delay = 200;
-        std::atomic<int> checks{0};
         QElapsedTimer clock;
-        ValueCheckerThread thread(Delay);
-        connect(
-            &thread, &ValueCheckerThread::checkRequested, &thread,
-            [&] {
-                ++checks;
-                clock.start();
-                thread.stop();
-            },
-            Qt::DirectConnection);
+        Checker thread(Hour, [&] {
+            clock.start();
+            thread.stop();
+            thread.changeDelay(50);
+        });
         thread.start();
         QVERIFY(thread.wait(Longest));
-        QVERIFY2(clock.elapsed() >= Delay, qPrintable(QString::number(clock.elapsed())));
-        QCOMPARE(checks.load(), 1);
+        QVERIFY2(clock.elapsed() >= 50, qPrintable(QString::number(clock.elapsed())));
+        QCOMPARE(thread.checks.load(), 1);
+        for (int delay : {1, 0, std::numeric_limits<int>::min()}) {
+            Checker changed(Hour, [&] { changed.setDelay(delay); });
+            changed.start();
+            QTRY_VERIFY(changed.checks >= 3);
+            changed.stop();
+            QVERIFY(changed.wait(Longest));
+        }
     }
 
-    void readsTheDelayForEachPause_data()
-    {
-        QTest::addColumn<int>("delay");
-        QTest::newRow("short") << 1;
-        QTest::newRow("none") << 0;
-        QTest::newRow("negative") << std::numeric_limits<int>::min();
-    }
-    void readsTheDelayForEachPause()
-    {
-        QFETCH(int, delay);
-        std::atomic<int> checks{0};
-        std::atomic<QThread*> emitter{nullptr};
-        ValueCheckerThread thread(Hour);
-        connect(
-            &thread, &ValueCheckerThread::checkRequested, &thread,
-            [&] {
-                emitter = QThread::currentThread();
-                thread.changeDelay(delay);
-                ++checks;
-            },
-            Qt::DirectConnection);
-        thread.start();
-        QTRY_VERIFY(checks >= 3);
-        QCOMPARE(emitter.load(), static_cast<QThread*>(&thread));
-        thread.stop();
-        QVERIFY(thread.wait(Longest));
-    }
-
-    void endsWithItsObject_data()
-    {
-        QTest::addColumn<bool>("started");
-        QTest::addColumn<bool>("paused");
-        QTest::newRow("never started") << false << false;
-        QTest::newRow("just started") << true << false;
-        QTest::newRow("in a long pause") << true << true;
-    }
     void endsWithItsObject()
     {
-        QFETCH(bool, started);
-        QFETCH(bool, paused);
-        bool checked = false;
-        QElapsedTimer clock;
-        {
-            const QObject receiver;
-            ValueCheckerThread thread(std::numeric_limits<int>::max());
-            connect(&thread, &ValueCheckerThread::checkRequested, &receiver,
-                    [&checked] { checked = true; });
-            if (started)
-                thread.start();
-            if (paused)
-                QTRY_VERIFY(checked);
-            clock.start();
+        enum Moment { NeverStarted, JustStarted, InALongPause };
+        for (int moment : {NeverStarted, JustStarted, InALongPause}) {
+            QElapsedTimer clock;
+            {
+                std::atomic<int> checks{0};
+                ValueCheckerThread thread;
+                thread.setDelay(std::numeric_limits<int>::max());
+                connect(
+                    &thread, &ValueCheckerThread::checkRequested, &thread, [&] { ++checks; },
+                    Qt::DirectConnection);
+                if (moment != NeverStarted)
+                    thread.start();
+                if (moment == InALongPause)
+                    QTRY_VERIFY(checks);
+                clock.start();
+            }
+            QVERIFY(clock.elapsed() < Longest);
         }
-        QVERIFY(clock.elapsed() < Longest);
     }
 };
 

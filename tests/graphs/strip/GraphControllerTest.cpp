@@ -1,5 +1,6 @@
 #include "GraphController.h"
 #include "AppSettings.h"
+#include "SignalLog.h"
 #include "TestCase.h"
 #include "User.h"
 
@@ -17,68 +18,37 @@ QAbstractButton* button(const QWidget& panel, const QString& name)
     return User::find<QAbstractButton>(&panel, name);
 }
 
-QSpinBox* box(const QWidget& panel, const char* name) { return User::find<QSpinBox>(&panel, name); }
-
-/// Which of Start and Stop is enabled, the scaling, whether the range can be edited, and the range.
+/// What is enabled and checked, and the range.
 QString shown(const QWidget& panel)
 {
-    const auto either = [](bool first, bool second, const char* a, const char* b) {
-        return QString(first && second ? "both" : first ? a : second ? b : "none");
+    QStringList words;
+    const auto add = [&words](bool is, const char* word) {
+        if (is)
+            words << word;
     };
-    const QSpinBox* min = box(panel, "sbMin");
-    const QSpinBox* max = box(panel, "sbMax");
-    return QString("%1 %2%3%4 %5..%6")
-        .arg(either(button(panel, "btnStop")->isEnabled(), button(panel, "btnStart")->isEnabled(),
-                    "running", "stopped"),
-             either(button(panel, "btnScaleDynamic")->isChecked(),
-                    button(panel, "btnScaleManually")->isChecked(), "dynamic", "manual"))
-        .arg(min->isEnabled() ? " min" : "", max->isEnabled() ? " max" : "")
-        .arg(min->value())
-        .arg(max->value());
+    const auto* min = User::find<QSpinBox>(&panel, "sbMin");
+    const auto* max = User::find<QSpinBox>(&panel, "sbMax");
+    add(button(panel, "btnStop")->isEnabled(), "running");
+    add(button(panel, "btnStart")->isEnabled(), "stopped");
+    add(button(panel, "btnScaleDynamic")->isChecked(), "dynamic");
+    add(button(panel, "btnScaleManually")->isChecked(), "manual");
+    add(min->isEnabled(), "min");
+    add(max->isEnabled(), "max");
+    return words.join(' ') + QString(" %1..%2").arg(min->value()).arg(max->value());
 }
-
-/// Notes the signals; those of the range with the bound that the other box still has.
-class Host
-{
-public:
-    explicit Host(GraphController& panel)
-    {
-        GraphController* p = &panel;
-        const auto note = [this, p](void (GraphController::*signal)(), const QString& line) {
-            QObject::connect(p, signal, p, [this, line] { m_lines << line; });
-        };
-        note(&GraphController::startGraph, "start");
-        note(&GraphController::stopGraph, "stop");
-        note(&GraphController::clearGraph, "clear");
-        note(&GraphController::saveGraph, "save");
-        note(&GraphController::stopLogging, "stop logging");
-        note(&GraphController::scaleManually, "manually");
-        note(&GraphController::scaleDynamic, "dynamic");
-        note(&GraphController::setDefaultCharts, "charts");
-        QObject::connect(p, &GraphController::startLogging, p,
-                         [this](bool on) { m_lines << QString("log %1").arg(on); });
-        QObject::connect(p, &GraphController::minValueChanged, p, [this, p](int min) {
-            m_lines << QString("min %1 (%2)").arg(min).arg(box(*p, "sbMax")->minimum());
-        });
-        QObject::connect(p, &GraphController::maxValueChanged, p, [this, p](int max) {
-            m_lines << QString("max %1 (%2)").arg(max).arg(box(*p, "sbMin")->maximum());
-        });
-    }
-
-    /// What was emitted since the last call.
-    QString take() { return std::exchange(m_lines, {}).join(", "); }
-
-private:
-    QStringList m_lines;
-};
 
 using Stored = QMap<QString, QVariant>;
 
-void store(const Stored& values)
+/// A panel that has these values to load.
+std::unique_ptr<GraphController> panelOf(const Stored& values)
 {
     AppSettings settings;
     for (auto value = values.begin(); value != values.end(); ++value)
         settings.setValue("key/graphController/" + value.key(), value.value());
+    auto panel = std::make_unique<GraphController>();
+    panel->setObjectName("graphController");
+    panel->handleScaleChanged(-100, 100);
+    return panel;
 }
 
 } // namespace
@@ -90,201 +60,144 @@ private Q_SLOTS:
     void buttons()
     {
         GraphController panel;
-        QCOMPARE(shown(panel), QString("running dynamic 0..4000"));
-        Host host(panel);
+        SignalLog log(&panel);
         const struct {
             const char* button;
             const char* emitted;
             const char* shown;
         } clicks[] = {
             {"btnStart", "", "running dynamic 0..4000"},
-            {"btnStop", "stop", "stopped dynamic 0..4000"},
+            {"btnStop", "stopGraph", "stopped dynamic 0..4000"},
             {"btnStop", "", "stopped dynamic 0..4000"},
-            {"btnStart", "start", "running dynamic 0..4000"},
-            {"btnClear", "clear", "running dynamic 0..4000"},
-            {"btnSave", "save", "running dynamic 0..4000"},
-            {"btnScaleDynamic", "dynamic", "running dynamic 0..4000"},
-            {"btnScaleManually", "manually", "running manual min max 0..4000"},
-            {"btnScaleManually", "manually", "running manual min max 0..4000"},
-            {"btnGraphDefault", "dynamic, charts", "running dynamic 0..4000"},
-            {"btnGraphDefault", "dynamic, charts", "running dynamic 0..4000"},
-            {"cbLog", "log 1", "running dynamic 0..4000"},
+            {"btnStart", "startGraph", "running dynamic 0..4000"},
+            {"btnClear", "clearGraph", "running dynamic 0..4000"},
+            {"btnSave", "saveGraph", "running dynamic 0..4000"},
+            {"btnScaleDynamic", "scaleDynamic", "running dynamic 0..4000"},
+            {"btnScaleManually", "scaleManually", "running manual min max 0..4000"},
+            {"btnScaleManually", "scaleManually", "running manual min max 0..4000"},
+            {"btnGraphDefault", "scaleDynamic,setDefaultCharts", "running dynamic 0..4000"},
+            {"cbLog", "startLogging true", "running dynamic 0..4000"},
         };
         for (const auto& row : clicks) {
             button(panel, row.button)->click();
-            QCOMPARE(host.take(), QString(row.emitted));
+            QCOMPARE(log.takeLines().join(','), QString(row.emitted));
             QCOMPARE(shown(panel), QString(row.shown));
         }
+        panel.rejectLogging();
+        panel.rejectLogging();
+        QCOMPARE(log.takeLines(), QStringList("startLogging false"));
         panel.show();
         button(panel, "btnStop")->setFocus();
         for (const char* next : {"btnStart", "btnStop"}) {
             QTest::keyClick(panel.focusWidget(), Qt::Key_Space);
             QCOMPARE(panel.focusWidget(), button(panel, next));
         }
-        host.take();
-        panel.rejectLogging();
-        panel.rejectLogging();
-        QCOMPARE(host.take(), QString("log 0"));
-        QVERIFY(!button(panel, "cbLog")->isChecked());
     }
 
     void rangeNeverCrosses()
     {
         GraphController panel;
+        auto* min = User::find<QSpinBox>(&panel, "sbMin");
+        auto* max = User::find<QSpinBox>(&panel, "sbMax");
         panel.handleScaleChanged(0, 100);
-        Host host(panel);
+        SignalLog log(&panel);
+        QStringList lines; // with the bound that the other box still has
+        log.onSignal([&](const QString& line) {
+            lines << QString("%1 (%2)").arg(line).arg(line[1] == 'i' ? max->minimum()
+                                                                     : min->maximum());
+        });
+        const auto told = [&lines] { return std::exchange(lines, {}).join(", "); };
         panel.handleScaleChanged(200, 400);
-        QCOMPARE(host.take(), QString("min 100 (-2147483647), max 400 (100)"));
+        QCOMPARE(told(), QString("minValueChanged 100 (-2147483647), maxValueChanged 400 (100)"));
         panel.handleScaleChanged(200, 400);
-        QCOMPARE(host.take(), QString("min 200 (100)"));
+        QCOMPARE(told(), QString("minValueChanged 200 (100)"));
         panel.setMaxValue(-7); // not below the minimum
-        QCOMPARE(host.take(), QString("max 200 (400)"));
+        QCOMPARE(told(), QString("maxValueChanged 200 (400)"));
         panel.setMinValue(201);
-        QCOMPARE(host.take(), QString());
-        button(panel, "btnScaleManually")->click();
-        box(panel, "sbMax")->stepUp();
-        box(panel, "sbMin")->stepDown();
-        QCOMPARE(host.take(), QString("manually, max 300 (200), min 100 (200)"));
-        panel.handleScaleChanged(std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
-        QCOMPARE(shown(panel), QString("running manual min max -2147483647..2147483647"));
+        QCOMPARE(told(), QString());
+        max->stepUp();
+        min->stepDown();
+        QCOMPARE(told(), QString("maxValueChanged 300 (200), minValueChanged 100 (200)"));
     }
 
-    void loads_data()
-    {
-        QTest::addColumn<Stored>("values");
-        QTest::addColumn<QString>("emitted");
-        QTest::addColumn<QString>("after");
-        const QString untouched = "running dynamic -100..100";
-        const struct {
-            const char* name;
-            Stored values;
-            QString emitted;
-            QString after;
-        } rows[] = {
-            {"nothing", {}, "dynamic", untouched},
-            {"wider, manual",
-             {{"checkedId", ManualId}, {"sbMax", 900}, {"sbMin", -900}},
-             "manually, max 900 (100), min -900 (-100)",
-             "running manual min max -900..900"},
-            {"above",
-             {{"checkedId", DynamicId}, {"sbMax", 300}, {"sbMin", 200}},
-             "dynamic, max 300 (100), min 200 (-100)",
-             "running dynamic 200..300"},
-            {"below",
-             {{"sbMax", -300}, {"sbMin", -500}},
-             "dynamic, max -100 (100), min -500 (-100), max -300 (-100)",
-             "running dynamic -500..-300"},
-            {"inverted",
-             {{"sbMax", -50}, {"sbMin", 50}},
-             "dynamic, max -50 (100), min -50 (-100)",
-             "running dynamic -50..-50"},
-            {"as text",
-             {{"checkedId", "-3"}, {"sbMax", "50"}},
-             "manually, max 50 (100)",
-             "running manual min max -100..50"},
-            {"unknown button", {{"checkedId", 5}}, "", untouched},
-            {"no numbers",
-             {{"checkedId", "x"}, {"sbMax", "9e9"}, {"sbMin", QSize(1, 2)}},
-             "dynamic",
-             untouched},
-            {"beyond int",
-             {{"checkedId", qint64(1) << 32}, {"sbMax", (qint64(1) << 32) + 7}, {"sbMin", 1e300}},
-             "dynamic",
-             untouched},
-        };
-        for (const auto& row : rows)
-            QTest::newRow(row.name) << row.values << row.emitted << row.after;
-    }
     void loads()
     {
-        QFETCH(Stored, values);
-        store(values);
-        GraphController panel;
-        panel.setObjectName("graphController");
-        panel.handleScaleChanged(-100, 100);
-        Host host(panel);
-        panel.setAppSettingsKey(QString());
-        QCOMPARE(host.take(), QString());
-        panel.setAppSettingsKey("key");
-        QTEST(host.take(), "emitted");
-        QTEST(shown(panel), "after");
-    }
-
-    void loadsWhileDisabled()
-    {
-        store({{"checkedId", ManualId}});
-        GraphController panel;
-        panel.setObjectName("graphController");
-        panel.setEnabled(false);
-        Host host(panel);
-        panel.setAppSettingsKey("key");
-        QVERIFY(host.take().startsWith("manually"));
-        QVERIFY(User::find<QRadioButton>(&panel, "btnScaleManually")->isChecked());
+        const qint64 beyond = (qint64(1) << 32) + 7;
+        const struct {
+            Stored values;
+            const char* emitted;
+            const char* after;
+        } rows[] = {
+            {{}, "scaleDynamic", "running dynamic -100..100"},
+            {{{"checkedId", ManualId}, {"sbMax", 900}, {"sbMin", -900}},
+             "scaleManually,maxValueChanged 900,minValueChanged -900",
+             "running manual min max -900..900"},
+            {{{"checkedId", DynamicId}, {"sbMax", -300}, {"sbMin", -500}}, // below
+             "scaleDynamic,maxValueChanged -100,minValueChanged -500,maxValueChanged -300",
+             "running dynamic -500..-300"},
+            {{{"sbMax", -50}, {"sbMin", 50}}, // inverted
+             "scaleDynamic,maxValueChanged -50,minValueChanged -50",
+             "running dynamic -50..-50"},
+            {{{"checkedId", 5}}, "", "running dynamic -100..100"},
+            {{{"checkedId", "x"}, {"sbMax", beyond}, {"sbMin", QSize(1, 2)}}, // no numbers
+             "scaleDynamic",
+             "running dynamic -100..100"},
+        };
+        for (const auto& row : rows) {
+            AppSettings().remove("key");
+            const auto panel = panelOf(row.values);
+            panel->setEnabled(false); // a click would not get through
+            SignalLog log(panel.get());
+            panel->setAppSettingsKey(QString());
+            QCOMPARE(log.takeLines(), QStringList());
+            panel->setAppSettingsKey("key");
+            QCOMPARE(log.takeLines().join(','), QString(row.emitted));
+            panel->setEnabled(true);
+            QCOMPARE(shown(*panel), QString(row.after));
+            panel->setAppSettingsKey(QString()); // or its end would store
+        }
     }
 
     void storesAtTheEnd()
     {
-        {
-            GraphController panel;
-            panel.setAppSettingsKey("key");
-            panel.setAppSettingsKey(QString());
-        }
+        GraphController().setAppSettingsKey(QString());
         QVERIFY(AppSettings().allKeys().isEmpty());
-        {
-            GraphController panel;
-            panel.setAppSettingsKey("key");
-            panel.setObjectName("graphController");
-            button(panel, "btnScaleManually")->click();
-            panel.handleScaleChanged(-5, 60);
-        }
+        auto panel = panelOf({});
+        panel->setAppSettingsKey("key");
+        button(*panel, "btnScaleManually")->click();
+        panel->handleScaleChanged(-5, 60);
+        panel.reset();
         const AppSettings settings;
-        QStringList lines;
-        for (const QString& key : settings.allKeys())
-            lines << key + " " + settings.value(key, QVariant()).toString();
-        QCOMPARE(lines,
-                 QStringList({"key/graphController/checkedId -3", "key/graphController/sbMax 60",
-                              "key/graphController/sbMin -5"}));
+        const QString keys[] = {"checkedId", "sbMax", "sbMin"};
+        const int values[] = {ManualId, 60, -5};
+        QCOMPARE(settings.allKeys().size(), 3);
+        for (int i = 0; i < 3; ++i)
+            QCOMPARE(settings.value("key/graphController/" + keys[i], 0).toInt(), values[i]);
     }
 
-    void hostDeletesThePanelInsideAnEmission_data()
+    void hostDeletesThePanelInsideAnEmission()
     {
-        QTest::addColumn<QByteArray>("signal");
-        QTest::addColumn<QString>("button"); // empty: the settings are loaded
         const struct {
             const char* signal;
-            const char* button;
-        } rows[] = {{"startGraph()", "btnStart"},
+            const char* button; // empty: the settings are loaded
+        } rows[] = {{"stopGraph()", "btnStop"},
                     {"scaleDynamic()", "btnGraphDefault"},
                     {"setDefaultCharts()", "btnGraphDefault"},
                     {"scaleManually()", "btnScaleManually"},
                     {"scaleManually()", ""},
                     {"minValueChanged(int)", ""},
                     {"maxValueChanged(int)", ""}};
-        for (const auto& row : rows)
-            QTest::addRow("%s %s", row.signal, row.button)
-                << QByteArray(row.signal) << QString(row.button);
+        for (const auto& row : rows) {
+            auto* panel =
+                panelOf({{"checkedId", ManualId}, {"sbMax", 900}, {"sbMin", -900}}).release();
+            QVERIFY(endsInside(panel, row.signal, [&] {
+                if (*row.button)
+                    User::click(button(*panel, row.button));
+                else
+                    panel->setAppSettingsKey("key");
+            }));
+        }
     }
-    void hostDeletesThePanelInsideAnEmission()
-    {
-        QFETCH(QByteArray, signal);
-        QFETCH(QString, button);
-        store({{"checkedId", ManualId}, {"sbMax", 900}, {"sbMin", -900}});
-        m_doomed = new GraphController;
-        m_doomed->setObjectName("graphController");
-        if (button == "btnStart")
-            ::button(*m_doomed, "btnStop")->click();
-        QVERIFY(connect(m_doomed, "2" + signal, this, SLOT(deleteDoomed())));
-        if (button.isEmpty())
-            m_doomed->setAppSettingsKey("key");
-        else
-            User::click(::button(*m_doomed, button));
-        QVERIFY(!m_doomed);
-    }
-
-private:
-    Q_SLOT void deleteDoomed() { delete m_doomed; }
-
-    QPointer<GraphController> m_doomed;
 };
 
 AXR_TEST_MAIN(GraphControllerTest)

@@ -2,7 +2,9 @@
 #include "CANConnection.h"
 #include "Connection.h"
 #include "EthernetConnection.h"
+#include "PanelTable.h"
 #include "SerialConnection.h"
+#include "SignalLog.h"
 #include "TestCase.h"
 #include "User.h"
 #include "ZigBeeNode.h"
@@ -12,7 +14,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPointer>
 #include <QPushButton>
 #include <QSpinBox>
 
@@ -28,55 +29,33 @@ QString shown(const QWidget& panel)
     return signs;
 }
 
-void click(const QWidget& panel, const QString& button)
-{
-    User::click(User::find<QPushButton>(&panel, button));
-}
-
-/// Notes each signal of a panel with what its buttons show during the emission.
+/// One list for the two panels with devices.
 template <class Panel>
-void record(Panel& panel, QStringList& lines)
-{
-    const auto note = [&panel, &lines](const auto&... values) {
-        lines << QStringList{QVariant(values).toString()..., shown(panel)}.join(' ');
-    };
-    QObject::connect(&panel, &Panel::openDevice, note);
-    QObject::connect(&panel, &Panel::closeDevice, [note] { note("close"); });
-}
-
-/// One list for the two panels with devices: what differs is what a click on "Connect" opens.
-template <class Panel>
-void checkDeviceList(const QString& opened)
+void checkDeviceList()
 {
     Panel panel;
-    QStringList lines;
-    record(panel, lines);
     auto* devices = User::find<QComboBox>(&panel, "cmbDevices");
+    SignalLog signalled(&panel);
     panel.on_btnConnect_clicked();
-    lines << shown(panel);
+    QStringList lines(shown(panel));
     panel.addDevice("COM1", "");
     panel.addDevice("COM2", "USB adapter");
     panel.addDevice("com1", " padded");
     QCOMPARE(devices->itemText(2), QString("com1 []"));
-    QCOMPARE(devices->itemText(1), QString("COM2 [USB]"));
     QCOMPARE(devices->itemData(1), QVariant(QVariantList{"COM2", "USB adapter"}));
-
     devices->setCurrentIndex(1);
-    click(panel, "btnConnect");
-    click(panel, "btnDisconnect");
-    click(panel, "btnConnect");
+    panel.setConnected();
     for (const char* port : {"Com1", "com1", "COM2", "COM1"}) {
         panel.removeDevice(port);
         lines << shown(panel);
     }
-    const QString open = opened + " -+";
-    QCOMPARE(lines, (QStringList{"--", open, "close +-", open, "-+", "-+", "+-", "--"}));
-
     panel.setConnected();
     panel.addDevice("COM4", "");
     panel.clearDeviceList();
+    lines << shown(panel);
     QCOMPARE(devices->count(), 0);
-    QCOMPARE(shown(panel), QString("++"));
+    QCOMPARE(lines, (QStringList{"--", "-+", "-+", "+-", "--", "++"}));
+    QCOMPARE(signalled.takeLines(), QStringList());
 }
 
 } // namespace
@@ -85,53 +64,80 @@ class ConnectionPanelsTest : public TestCase
 {
     Q_OBJECT
 private Q_SLOTS:
+    void panels_data()
+    {
+        QTest::addColumn<PanelRow>("row");
+        QTest::newRow("Connection") << panelRow<Connection>(
+            "openDevice(QString port) closeDevice() deviceClosed()",
+            [](Connection& panel) {
+                panel.setTitle("Link");
+                panel.addDevice("COM1", "");
+                panel.addDevice("COM2", "USB adapter");
+            },
+            R"(
+            set up: gbConnection title Link; cmbDevices=COM1; btnConnect on
+            cmbDevices choose COM2 [USB]: cmbDevices=COM2 [USB]
+            btnConnect click: openDevice COM2; btnConnect off; btnDisconnect on
+            btnDisconnect click: closeDevice; btnConnect on; btnDisconnect off
+            btnConnect click: openDevice COM2; btnConnect off; btnDisconnect on
+            deviceClosed: btnConnect on; btnDisconnect off)");
+        QTest::newRow("SerialConnection") << panelRow<SerialConnection>(
+            "openDevice(QString port, int baudrate, int address) closeDevice()",
+            [](SerialConnection& panel) {
+                panel.setTitle("Link");
+                panel.addDevice("tty", "");
+            },
+            R"(
+            set up: gbSerialConnection title Link; cmbDevices=tty; btnConnect on
+            btnConnect click: openDevice tty 9600 1; btnConnect off; btnDisconnect on
+            btnDisconnect click: closeDevice; btnConnect on; btnDisconnect off
+            cmbBaudrates choose 115200: cmbBaudrates=115200
+            sbAddress type 255: sbAddress=255
+            btnConnect click: openDevice tty 115200 255; btnConnect off; btnDisconnect on)");
+        QTest::newRow("CANConnection") << panelRow<CANConnection>(
+            "openDevice(int bitrate, int sendID, int receiveID) closeDevice() deviceClosed()",
+            [](CANConnection& panel) {
+                panel.setTitle("Bus");
+                panel.clearAllBitrates();
+                panel.addBitrate(800);
+            },
+            R"(
+            set up: gbConnection title Bus; cmbBitrate=800
+            btnConnect click: openDevice 800 1 2; btnConnect off; btnDisconnect on
+            btnDisconnect click: closeDevice; btnConnect on; btnDisconnect off
+            sbSendId type 200: sbSendId=200
+            sbReceiveId type 255: sbReceiveId=255
+            btnConnect click: openDevice 800 200 255; btnConnect off; btnDisconnect on
+            deviceClosed: btnConnect on; btnDisconnect off)");
+        QTest::newRow("EthernetConnection") << panelRow<EthernetConnection>(
+            "openDevice(QString ipAddress, short port) closeDevice() handleConnectionRefused()",
+            [](EthernetConnection& panel) {
+                panel.setTitle("Net");
+                panel.setDefaultIPAddress(toByte(200), toByte(0), toByte(128), toByte(255));
+                panel.setDefaultPort(static_cast<short>(65535));
+            },
+            R"(
+            set up: gbEthernetConnection title Net; sbIPByte3=200; sbIPByte2=0; sbIPByte1=128;
+                sbIPByte0=255; sbPort=65535
+            btnConnect click: openDevice 200.0.128.255 -1; btnConnect off; btnDisconnect on
+            btnDisconnect click: closeDevice; btnConnect on; btnDisconnect off
+            sbPort type 32767: sbPort=32767
+            btnConnect click: openDevice 200.0.128.255 32767; btnConnect off; btnDisconnect on
+            handleConnectionRefused: btnConnect on; btnDisconnect off
+            sbPort type 65536: sbPort=65536
+            btnConnect click: openDevice 200.0.128.255 0; btnConnect off; btnDisconnect on)");
+    }
+    void panels()
+    {
+        QFETCH(PanelRow, row);
+        checkPanel(row);
+    }
+
     void deviceLists()
     {
-        checkDeviceList<Connection>("COM2");
+        checkDeviceList<Connection>();
         QCOMPARE(debugLines().first(), QString("WConnection::addDevice(COM1, )"));
-        checkDeviceList<SerialConnection>("COM2 9600 1");
-    }
-
-    void serialAndCanParameters()
-    {
-        SerialConnection serial;
-        CANConnection can;
-        QStringList signalled;
-        record(serial, signalled);
-        record(can, signalled);
-        serial.addDevice("tty", "");
-        User::find<QComboBox>(&serial, "cmbBaudrates")->setCurrentIndex(6);
-        User::find<QSpinBox>(&serial, "sbAddress")->setValue(300);
-        click(serial, "btnConnect");
-        click(can, "btnConnect");
-        can.deviceClosed();
-        can.clearAllBitrates();
-        can.addBitrate(800);
-        User::find<QSpinBox>(&can, "sbSendId")->setValue(200);
-        click(can, "btnConnect");
-        click(can, "btnDisconnect");
-        QCOMPARE(signalled.join(", ").remove(" -+"),
-                 QString("tty 115200 255, 1000 1 2, 800 200 2, close +-"));
-    }
-
-    void ethernetLink()
-    {
-        EthernetConnection panel;
-        QStringList signalled;
-        record(panel, signalled);
-        click(panel, "btnConnect");
-        panel.setDefaultIPAddress(toByte(200), toByte(0), toByte(128), toByte(255));
-        auto* field = User::find<QSpinBox>(&panel, "sbPort");
-        for (int port : {0, 32767, 32768, 65535, 65536}) {
-            field->setValue(port);
-            panel.on_btnConnect_clicked();
-            panel.setDefaultPort(static_cast<short>(port));
-            QCOMPARE(field->value(), port % 65536);
-        }
-        panel.handleConnectionRefused();
-        QCOMPARE(signalled.join(", ").remove(" -+").remove("200.0.128.255 "),
-                 QString("192.168.1.1 1500, 0, 32767, -32768, -1, 0"));
-        QCOMPARE(shown(panel), QString("+-"));
+        checkDeviceList<SerialConnection>();
     }
 
     void ethernetAddressByKeys()
@@ -140,61 +146,54 @@ private Q_SLOTS:
         panel.show();
         panel.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&panel));
-        const auto field = [&panel](int byte) {
-            return User::find<QSpinBox>(&panel, QString("sbIPByte%1").arg(byte));
-        };
-        const auto type = [](const QString& keys) {
-            for (QChar key : keys)
-                QTest::keyClick(QApplication::focusWidget(), key.toLatin1());
-        };
-        const auto shownAddress = [&] {
+        QVector<QLineEdit*> edits;
+        for (const char* name : {"sbIPByte3", "sbIPByte2", "sbIPByte1", "sbIPByte0"})
+            edits << User::find<QSpinBox>(&panel, name)->findChild<QLineEdit*>();
+        const auto shownAddress = [&edits] {
             QStringList bytes;
-            for (int byte : {3, 2, 1, 0})
-                bytes << field(byte)->text();
+            for (const QLineEdit* edit : edits)
+                bytes << edit->text();
             return bytes.join('.');
         };
-        field(3)->setFocus();
-        field(3)->selectAll();
-        type("10.0.0.5.");
-        QCOMPARE(shownAddress(), QString("10.0.0.5"));
-        for (int i = 0; i < 2; ++i)
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backspace);
-        type("7");
+        edits[0]->setFocus();
+        edits[0]->selectAll();
+        for (const char key : {'1', '0', '.', '0', '.', '0', '.', '5', '.', '\b', '\b', '7'})
+            QTest::keyClick(QApplication::focusWidget(),
+                            key == '\b' ? Qt::Key_Backspace : Qt::Key(key));
         QCOMPARE(shownAddress(), QString("10.0.07.5"));
-        QCOMPARE(QApplication::focusWidget(), field(1));
+        QCOMPARE(QApplication::focusWidget(), edits[2]->parentWidget());
 
-        const struct {
-            const char* pasted;
-            const char* shown;
-        } pastes[] = {{" 192.168.2.30\n", "192.168.2.30"},
-                      {"1.2.3.256", "192.168.2.30"},
-                      {"1.2.3", "192.168.2.30"},
-                      {"1.-2.3.4", "192.168.2.30"},
-                      {"8", "192.168.82.30"}};
+        const QVector<QPair<const char*, const char*>> pastes = {
+            {" 192.168.2.30\n", "192.168.2.30"},
+            {"1.2.3.256", "192.168.2.30"},
+            {"1.2.3", "192.168.2.30"},
+            {"1.-2.3.4", "192.168.2.30"},
+            {"8", "192.168.82.30"}};
         for (const auto& [pasted, expected] : pastes) {
             QApplication::clipboard()->setText(pasted);
-            auto* edit = field(1)->findChild<QLineEdit*>();
-            edit->setCursorPosition(0);
-            edit->paste();
+            edits[2]->setCursorPosition(0);
+            edits[2]->paste();
             QCOMPARE(shownAddress(), QString(expected));
         }
-        QCOMPARE(field(1)->value(), 82);
+        QCOMPARE(User::find<QSpinBox>(&panel, "sbIPByte1")->value(), 82);
     }
 
+    /// Also when the host looks at the panel inside its signal.
     void focusGoesFromButtonToButton()
     {
         CANConnection panel;
-        QStringList lines;
-        record(panel, lines);
         auto* connects = User::find<QPushButton>(&panel, "btnConnect");
         auto* disconnects = User::find<QPushButton>(&panel, "btnDisconnect");
         auto* field = User::find<QSpinBox>(&panel, "sbSendId");
-        connect(field, &QSpinBox::editingFinished, [&lines] { lines << "edited"; });
+        QStringList lines;
+        SignalLog log(&panel);
+        log.onSignal([&](const QString& line) { lines << line + ' ' + shown(panel); });
         panel.show();
         connects->setFocus();
         for (int i = 0; i < 3; ++i)
             QTest::keyClick(panel.focusWidget(), Qt::Key_Space);
-        QCOMPARE(lines, (QStringList{"1000 1 2 -+", "close +-", "1000 1 2 -+"}));
+        QCOMPARE(lines, (QStringList{"openDevice 1000 1 2 -+", "closeDevice +-",
+                                     "openDevice 1000 1 2 -+"}));
         QCOMPARE(panel.focusWidget(), disconnects);
         panel.deviceClosed();
         panel.deviceClosed();
@@ -202,24 +201,6 @@ private Q_SLOTS:
         field->setFocus();
         panel.setConnected();
         QCOMPARE(panel.focusWidget(), field);
-    }
-
-    void windowsKeepTheirSize()
-    {
-        Connection connection;
-        SerialConnection serial;
-        CANConnection can;
-        EthernetConnection ethernet;
-        ZigBeeNode node;
-        const QString longName = QString("/dev/serial/by-id/").repeated(4);
-        connection.addDevice(longName, "");
-        serial.addDevice(longName, "");
-        QStringList sizes;
-        for (QWidget* panel : QWidgetList{&connection, &serial, &can, &ethernet, &node}) {
-            panel->show();
-            sizes << QString("%1x%2").arg(panel->width()).arg(panel->height());
-        }
-        QCOMPARE(sizes.join(" "), QString("198x106 198x173 198x160 285x106 256x106"));
     }
 
     void largeFontsAreNotCutOff()
@@ -235,21 +216,6 @@ private Q_SLOTS:
             QVERIFY(!large || button->maximumWidth() >= button->sizeHint().width());
         }
         QCOMPARE(panel->maximumSize(), QSize(285, 106));
-    }
-
-    void hostMayDeleteThePanelInsideItsSignals()
-    {
-        QPointer<QWidget> connection = new Connection;
-        auto* devices = static_cast<Connection*>(connection.data());
-        devices->addDevice("COM1", "");
-        connect(devices, &Connection::openDevice, [devices] { delete devices; });
-        User::find<QPushButton>(devices, "btnConnect")->click();
-        QPointer<QWidget> can = new CANConnection;
-        auto* canPanel = static_cast<CANConnection*>(can.data());
-        connect(canPanel, &CANConnection::closeDevice, [canPanel] { delete canPanel; });
-        canPanel->setConnected();
-        User::find<QPushButton>(canPanel, "btnDisconnect")->click();
-        QVERIFY(!connection && !can);
     }
 
     void zigBeeAddress()
@@ -269,7 +235,7 @@ private Q_SLOTS:
         QByteArray sent;
         connect(&node, &ZigBeeNode::setZigBeeDevice, this,
                 [&sent](char* address) { sent += QByteArray(address, 4); });
-        click(node, "btnSetAddress");
+        User::click(User::find<QPushButton>(&node, "btnSetAddress"));
         QCOMPARE(sent, QByteArray("\x01\xff\x03\x04", 4));
         for (int index : {-1, 4, 2})
             node.setMACByteEnabled(index, false);

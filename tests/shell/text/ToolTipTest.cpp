@@ -1,20 +1,15 @@
 #include "ToolTip.h"
 #include "HTMLDelegate.h"
-#include "MethodName.h"
 #include "SpinBoxDelegate.h"
 #include "TestCase.h"
+#include "User.h"
+#include "WheelFocus.h"
 
-#include <QSpinBox>
-#include <QStandardItemModel>
-#include <QTableView>
+#include <QtWidgets>
 
 namespace
 {
 
-const QString opening =
-    "<table align=center><tr><td valign=middle><table><table width=\"100%\" border=0 "
-    "cellspacing=2 cellpadding=5         style=\"border-style: ridge; border-color: "
-    "cornflowerblue\">";
 const QString closing = "</table></td></tr></table>";
 
 QString cell(const QString& text, const QString& attributes = QString())
@@ -23,26 +18,15 @@ QString cell(const QString& text, const QString& attributes = QString())
            text + "</td>";
 }
 
-QString row(const QStringList& cells)
+/// The place of all pixels of that colour.
+QRect inkOf(const QImage& image, const QColor& colour)
 {
-    QString text;
-    for (const QString& each : cells)
-        text += cell(each);
-    return "<tbody><tr>" + text + "</tr></tbody>";
-}
-
-QStringList numbers(int count)
-{
-    QStringList list;
-    for (int i = 0; i < count; ++i)
-        list << QString::number(i);
-    return list;
-}
-
-QString body(ToolTip tip)
-{
-    const QString html = tip.getToolTip();
-    return html.mid(opening.size(), html.size() - opening.size() - closing.size());
+    QRect ink;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (image.pixelColor(x, y) == colour)
+                ink |= QRect(x, y, 1, 1);
+    return ink;
 }
 
 } // namespace
@@ -56,146 +40,145 @@ private Q_SLOTS:
         ToolTip tip(100, 0.0, 3);
         tip.addCaption("a %1");
         tip.addHeaderRow({"x", "<td colspan=\"2\">y</td>"});
-        tip.addToolTip({"-5", "%1", "<td align=\"right\"</td>7"});
+        tip.addToolTip({"-5", "%1", "<td align=\"right\"</td>7", "<td>x", "<td a</td>b</td>c"});
         QCOMPARE(tip.getToolTip(),
-                 opening +
-                     "<p style=\"font-weight:bold; font-size:x-large; color:dodgerblue\"><nobr>a "
-                     "%1</nobr><hr></p><tr valign=\"middle\" bgcolor=\"navy\" "
-                     "style=\"font-weight:bold; color:white; white-space:pre-wrap\"><td>x</td><td "
-                     "colspan=\"2\">y</td></tr><tbody><tr>" +
-                     cell("&#x2212;5") + cell("%1") + cell("7", " align=\"right\"") +
-                     "</tr></tbody>" + closing);
+                 "<table align=center><tr><td valign=middle><table><table width=\"100%\" border=0 "
+                 "cellspacing=2 cellpadding=5         style=\"border-style: ridge; border-color: "
+                 "cornflowerblue\"><p style=\"font-weight:bold; font-size:x-large; "
+                 "color:dodgerblue\"><nobr>a %1</nobr><hr></p><tr valign=\"middle\" "
+                 "bgcolor=\"navy\" style=\"font-weight:bold; color:white; "
+                 "white-space:pre-wrap\"><td>x</td><td colspan=\"2\">y</td></tr><tbody><tr>" +
+                     cell("&#x2212;5") + cell("%1") + cell("7", " align=\"right\"") + "<td>x</td>" +
+                     cell("c", " ab") + "</tr></tbody>" + closing);
         QVERIFY(tip.getToolTip().endsWith(closing + closing));
     }
 
-    void listsFold_data()
-    {
-        QTest::addColumn<int>("count");
-        QTest::addColumn<int>("fullRows");
-        QTest::addColumn<int>("perRow");
-        QTest::addColumn<int>("rest");
-        QTest::newRow("empty") << 0 << 0 << 1 << 0;
-        QTest::newRow("25 in one column") << 25 << 25 << 1 << 0;
-        QTest::newRow("26 in three") << 26 << 8 << 3 << 2;
-        QTest::newRow("27 in three") << 27 << 9 << 3 << 0;
-        QTest::newRow("28 in three") << 28 << 9 << 3 << 1;
-    }
+    /// How many cells each row has; a list of two comes behind.
     void listsFold()
     {
-        QFETCH(int, count);
-        QFETCH(int, fullRows);
-        QFETCH(int, perRow);
-        QFETCH(int, rest);
-        ToolTip tip(100, 0.0, 0);
-        const QStringList list = numbers(count);
-        tip.addToolTip(list);
-        QString expected;
-        for (int i = 0; i < fullRows; ++i)
-            expected += row(list.mid(i * perRow, perRow));
-        if (rest > 0 || count == 0)
-            expected += row(list.mid(fullRows * perRow));
-        QCOMPARE(body(tip), expected);
-        // The table keeps its last number of columns: only one column still makes a list a column.
-        tip.addToolTip({"a", "b"});
-        const int columns = rest > 0 ? rest : perRow;
-        QCOMPARE(body(tip), expected + (columns > 1 ? row({"a", "b"}) : row({"a"}) + row({"b"})));
-    }
-
-    void cellsWithOwnTag()
-    {
-        ToolTip tip(100, 0.0, 2);
-        tip.addToolTip({"<td>x", "<td a</td>b</td>c"});
-        QCOMPARE(body(tip), "<tbody><tr><td>x</td>" + cell("c", " ab") + "</tr></tbody>");
-    }
-
-    void methodNames()
-    {
-        QCOMPARE(methodName("virtual QWidget* A::create(QWidget*, const B::C&) const"),
-                 QByteArray("A::create()"));
-        QCOMPARE(methodName("WPanel::WPanel(QWidget*)"), QByteArray("WPanel::WPanel()"));
+        const QMap<int, QString> shapes = {
+            {0, "011"},         {1, "111"},         {25, QString(27, '1')},
+            {26, "3333333322"}, {27, "3333333332"}, {28, "333333333111"}};
+        for (const int size : shapes.keys()) {
+            QStringList list;
+            for (int i = 0; i < size; ++i)
+                list << QString::number(i);
+            ToolTip tip(100, 0.0, 0);
+            tip.addToolTip(list);
+            tip.addToolTip({"a", "b"});
+            const QString html = tip.getToolTip();
+            QString seen;
+            for (const QString& row : html.split("<tbody>").mid(1))
+                seen += QString::number(row.count("<td "));
+            QCOMPARE(seen, shapes.value(size));
+            QCOMPARE(QString(html).remove(QRegularExpression("<[^>]*>")), list.join("") + "ab");
+        }
     }
 
     void integerCells()
     {
         QStandardItemModel model(1, 1);
-        model.setData(model.index(0, 0), 7);
+        const QModelIndex index = model.index(0, 0);
+        model.setData(index, 7);
         const SpinBoxDelegate delegate(-5, 50);
         QWidget parent;
-        QScopedPointer<QWidget> editor(
-            delegate.createEditor(&parent, QStyleOptionViewItem(), model.index(0, 0)));
-        auto* box = qobject_cast<QSpinBox*>(editor.data());
-        QVERIFY(box);
-        QCOMPARE(box->minimum(), -5);
-        QCOMPARE(box->maximum(), 50);
-        delegate.setEditorData(box, model.index(0, 0));
-        QCOMPARE(box->value(), 7);
+        QStyleOptionViewItem option;
+        option.rect = QRect(1, 2, 30, 40);
+        auto* box = qobject_cast<QSpinBox*>(delegate.createEditor(&parent, option, index));
+        QVERIFY(box && box->minimum() == -5 && box->maximum() == 50);
+        delegate.setEditorData(box, index);
+        delegate.updateEditorGeometry(box, option, index);
+        QVERIFY(box->value() == 7 && box->geometry() == option.rect);
         box->findChild<QLineEdit*>()->setText("42"); // typed, not yet taken
-        delegate.setModelData(box, &model, model.index(0, 0));
-        QCOMPARE(model.index(0, 0).data(Qt::EditRole).toInt(), 42);
-
-        QLineEdit other;
-        delegate.setEditorData(&other, model.index(0, 0));
-        delegate.setModelData(&other, &model, model.index(0, 0));
-        QCOMPARE(other.text(), QString());
-        QVERIFY(debugLines().contains("SpinBoxDelegate::createEditor()"));
+        delegate.setModelData(box, &model, index);
+        delegate.setModelData(&parent, &model, index); // is no editor of its
+        QCOMPARE(index.data(Qt::EditRole).toInt(), 42);
+        QCOMPARE(debugLines().join(' '),
+                 QString("SpinBoxDelegate::SpinBoxDelegate() SpinBoxDelegate::createEditor() "
+                         "SpinBoxDelegate::setEditorData() SpinBoxDelegate::updateEditorGeometry() "
+                         "SpinBoxDelegate::setModelData() SpinBoxDelegate::setModelData()"));
     }
 
     void htmlIsDrawnCentred()
     {
         QStandardItemModel model(1, 1);
-        model.setData(model.index(0, 0), "<b>l</b>");
-        HTMLDelegate delegate;
+        const QModelIndex index = model.index(0, 0);
+        model.setData(index, "<b>l</b>");
+        const HTMLDelegate delegate;
         QTableView view;
         QStyleOptionViewItem option;
         option.widget = &view;
-        option.rect = QRect(0, 0, 101, 81);
+        option.rect = QRect(20, 10, 101, 81);
         option.palette.setColor(QPalette::Active, QPalette::Text, Qt::blue);
-        const auto inkOf = [&](QStyle::State state) {
-            QImage image(101, 81, QImage::Format_RGB32);
+        option.palette.setColor(QPalette::Disabled, QPalette::Text, Qt::cyan);
+        option.palette.setColor(QPalette::Highlight, Qt::white);
+        const auto paint = [&](QStyle::State state) {
+            QImage image(141, 101, QImage::Format_RGB32);
             image.fill(Qt::white);
             QPainter painter(&image);
             option.state = state;
-            option.palette.setColor(QPalette::Highlight, Qt::white);
-            delegate.paint(&painter, option, model.index(0, 0));
-            QMap<QString, QRect> ink;
-            for (int y = 0; y < image.height(); ++y) {
-                for (int x = 0; x < image.width(); ++x) {
-                    const QColor c = image.pixelColor(x, y);
-                    const QString name = c == QColor(Qt::red)    ? "red"
-                                         : c == QColor(Qt::blue) ? "blue"
-                                         : c == QColor(Qt::cyan) ? "cyan"
-                                                                 : "";
-                    ink[name] |= QRect(x, y, 1, 1);
-                }
-            }
-            return ink;
+            delegate.paint(&painter, option, index);
+            return image;
         };
-        const QRect blue = inkOf(QStyle::State_Enabled).value("blue");
-        QVERIFY(!blue.isEmpty());
-        QVERIFY2(qAbs(blue.center().x() - 50) <= 3, "not centred across");
-        QVERIFY2(qAbs(blue.center().y() - 40) <= 8, "not centred down");
-        const QStyle::State selected = QStyle::State_Enabled | QStyle::State_Selected;
-        QVERIFY(!inkOf(selected).value("red").isEmpty());
-        option.palette.setColor(QPalette::Disabled, QPalette::Text, Qt::cyan);
-        QVERIFY(!inkOf(QStyle::State_None).value("cyan").isEmpty());
-        model.setData(model.index(0, 0), QColor(Qt::cyan), Qt::ForegroundRole);
-        option.palette.setColor(QPalette::Disabled, QPalette::Text, Qt::black);
-        QVERIFY(!inkOf(QStyle::State_Enabled).value("cyan").isEmpty());
-        model.setData(model.index(0, 0), QVariant(), Qt::ForegroundRole);
-        const QSize hint = delegate.sizeHint(option, model.index(0, 0));
-        QVERIFY(hint.width() > 0 && hint.width() < 101 && hint.height() < 81);
+        const QStyle::State enabled = QStyle::State_Enabled;
+        const QRect blue = inkOf(paint(enabled), Qt::blue);
+        QVERIFY2(qAbs(blue.center().x() - 70) <= 1, "not centred across");
+        QVERIFY2(qAbs(blue.center().y() - 50) <= 3, "not centred down");
+        QVERIFY(!inkOf(paint(enabled | QStyle::State_Selected), Qt::red).isEmpty());
+        QVERIFY(!inkOf(paint(QStyle::State_None), Qt::cyan).isEmpty());
+        model.setData(index, QColor(Qt::green), Qt::ForegroundRole);
+        QVERIFY(!inkOf(paint(enabled), Qt::green).isEmpty());
+        model.setData(index, QVariant(), Qt::ForegroundRole);
+        const QSize hint = delegate.sizeHint(option, index);
+        QFont bold = option.font;
+        bold.setBold(true);
+        QCOMPARE(hint.height(), QFontMetrics(bold).height());
 
         // Beside an icon all of it stays in the cell.
         QPixmap icon(16, 16);
         icon.fill(Qt::white);
-        model.setData(model.index(0, 0), icon, Qt::DecorationRole);
-        const QRect moved = inkOf(QStyle::State_Enabled).value("blue"); // there is room
-        QCOMPARE(moved.center().x(), blue.center().x() + 16);
-        QVERIFY(delegate.sizeHint(option, model.index(0, 0)).width() >= hint.width() + 16);
+        model.setData(index, icon, Qt::DecorationRole);
+        QCOMPARE(inkOf(paint(enabled), Qt::blue), blue.translated(16, 0)); // there is room
+        const int margin = view.style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
+        QCOMPARE(delegate.sizeHint(option, index), hint + QSize(16 + 2 * margin, 0));
         option.rect.setWidth(hint.width() + 16 + 8);
-        const QRect beside = inkOf(QStyle::State_Enabled).value("blue");
+        const QRect beside = inkOf(paint(enabled), Qt::blue);
         QCOMPARE(beside.height(), blue.height());
-        QVERIFY(beside.left() >= 16 && beside.right() <= option.rect.right());
+        QVERIFY(beside.left() >= 20 + 16 && beside.right() <= option.rect.right());
+        // What has no room at all does not spill into the neighbours.
+        model.setData(index, "much too long a text for such a cell");
+        const QRect cut = inkOf(paint(enabled), Qt::blue);
+        QVERIFY(option.rect.contains(cut));
+    }
+
+    void wheelNeedsFocus()
+    {
+        QWidget page;
+        QSpinBox box(&page);
+        QScrollBar bar(&page);
+        QTableView view(&page);
+        QSlider alone;
+        for (QWidget* widget : QWidgetList{&view, &alone})
+            widget->setFocusPolicy(Qt::WheelFocus);
+        for (QWidget* widget : {&page, (QWidget*)&alone})
+            WheelFocus::guard(widget);
+        QComboBox later;
+        later.addItems({"a", "b"});
+        later.setParent(&page);
+        QSpinBox made(&page); // is none yet when the guard hears of it
+        made.ensurePolished();
+        for (const QWidget* field : QWidgetList{&box, &later, &made, &alone})
+            QCOMPARE(field->focusPolicy(), Qt::StrongFocus);
+        QCOMPARE(view.focusPolicy(), Qt::WheelFocus);
+        page.show();
+        for (QWidget* widget : QWidgetList{&box, &made, &later, &bar, &alone})
+            User::wheel(widget, widget == &bar || widget == &later ? -120 : 120);
+        QVERIFY(box.value() == 0 && made.value() == 0 && later.currentIndex() == 0);
+        QVERIFY(bar.value() > 0 && alone.value() > 0);
+        QApplication::setActiveWindow(&page);
+        box.setFocus();
+        User::wheel(&box, 120);
+        QCOMPARE(box.value(), 1);
     }
 };
 

@@ -32,9 +32,8 @@ struct Module : SimulatedModule {
     QVector<int> readings()
     {
         QVector<int> values;
-        for (int number = 0; number < Axes; ++number)
-            for (const ParameterInfo& row : AxisParameters)
-                values << axis(number).read(row.number);
+        for (const ParameterInfo& row : AxisParameters)
+            values << axis(0).read(row.number);
         return values;
     }
 };
@@ -132,14 +131,15 @@ private Q_SLOTS:
         SimulatedAxis& axis = module.axis(0);
         axis.write(N::TargetCurrent, 5000);
         module.advance(50);
-        const std::pair<quint8, int> limits[] = {
-            {N::OvercurrentLimit, StatusFlag::Overcurrent},
-            {N::OvervoltageLimit, StatusFlag::Overvoltage},
-            {N::OvertemperatureLimit, StatusFlag::Overtemperature},
-            {N::ThermalLoadLimit, StatusFlag::ThermalLoadExceeded}};
-        for (const auto& [number, flag] : limits) {
+        const std::tuple<quint8, int, int> limits[] = {
+            {N::OvercurrentLimit, 0, StatusFlag::Overcurrent},
+            {N::UndervoltageLimit, 600, StatusFlag::Undervoltage},
+            {N::OvervoltageLimit, 0, StatusFlag::Overvoltage},
+            {N::OvertemperatureLimit, 0, StatusFlag::Overtemperature},
+            {N::ThermalLoadLimit, 0, StatusFlag::ThermalLoadExceeded}};
+        for (const auto& [number, limit, flag] : limits) {
             QVERIFY(!(axis.read(N::StatusFlags) & flag));
-            axis.write(number, 0);
+            axis.write(number, limit);
             QVERIFY(axis.read(N::StatusFlags) & flag);
         }
     }
@@ -170,44 +170,20 @@ private Q_SLOTS:
         QCOMPARE(module.axis(0).velocity(), 300.0);
     }
 
-    // However the time is cut, both axes end in the same state to the last bit.
-    void timeInPieces()
-    {
-        const auto session = [](int piece) {
-            Module module;
-            module.axis(1).setLoad(0.02);
-            module.ask(I::ROR, 0, 0, 3000);
-            module.ask(I::MVP, 0, 1, 123456);
-            for (int time = 0; time < 3000; time += piece) {
-                if (time == 1000)
-                    module.ask(I::MVP, 1, 0, -7777);
-                module.advance(piece);
-            }
-            return module.readings() << qRound64(module.axis(1).turns() * 1e6);
-        };
-        QCOMPARE(session(1), session(1000));
-    }
-
-    // Most of the noise is refused, so two thirds are made to look more like commands.
+    // Whatever is asked: no motor runs away, and every reading stays in its range.
     void noise()
     {
         Module module;
         std::mt19937 random(7);
-        const int instructions[] = {1, 2, 3, 4, 5, 5, 5, 6, 7, 8, 9, 14};
-        int accepted = 0;
         for (int i = 0; i < 100000; ++i) {
-            const bool likely = i % 3;
-            const int command = likely ? instructions[random() % 12] : int(random());
-            const int value = int(random()) >> (likely ? random() % 32 : 0);
-            const int bank = int(random() % (likely ? 3 : 256));
-            const Command asked = request(Instruction(command), int(random()), bank, value);
-            accepted += u8(module.execute(asked).getStatus()) == StatusOk;
+            const int value = int(random()) >> random() % 32;
+            const int bank = int(random() % 3);
+            module.ask(Instruction(random() % 16), int(random()), bank, value);
             module.advance(i % 10 == 0);
             const SimulatedAxis& axis = module.axis(i % 2);
             QVERIFY(std::abs(axis.velocity()) < 5800); // the back-EMF of 24 V ends at 5730 rpm
             QVERIFY(std::isfinite(axis.turns()) && std::isfinite(axis.temperature()));
         }
-        QVERIFY(accepted > 5000);
         for (const ParameterInfo& row : AxisParameters) {
             const int value = module.axis(0).read(row.number);
             QVERIFY2(value >= row.minimum && value <= row.maximum, row.name);

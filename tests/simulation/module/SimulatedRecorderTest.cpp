@@ -1,56 +1,54 @@
-#include "Instruction.h"
 #include "SimulatedModule.h"
+#include "TestCase.h"
 
-#include <QtTest>
-
-namespace Number = AxisParameterNumber;
+namespace N = AxisParameterNumber;
 
 namespace
 {
 
+using Recorder::Mode;
+using Recorder::Trigger;
 using Recorder::Type;
 
-Command ask(SimulatedModule& module, Type type, int bank = 0, int value = 0)
-{
-    return module.execute(
-        {module.address(), toByte(Instruction::RD), toByte(type), toByte(bank), value});
-}
-
-quint8 status(SimulatedModule& module, Type type, int bank = 0, int value = 0)
-{
-    return u8(ask(module, type, bank, value).getStatus());
-}
-
-int state(SimulatedModule& module) { return ask(module, Type::State).getValue(); }
+/// A module, the recorder of which is asked by RD.
+struct Module : SimulatedModule {
+    Command reply(Type type, int bank, int value)
+    {
+        return execute({address(), toByte(Instruction::RD), toByte(type), toByte(bank), value});
+    }
+    int ask(Type type, int bank = 0, int value = 0) { return reply(type, bank, value).getValue(); }
+    int refusal(Type type, int bank, int value) { return u8(reply(type, bank, value).getStatus()); }
+    /// 0 complete, 1 recording, 2 armed, 3 idle
+    int state() { return ask(Type::State); }
+};
 
 } // namespace
 
-class SimulatedRecorderTest : public QObject
+class SimulatedRecorderTest : public TestCase
 {
     Q_OBJECT
 private Q_SLOTS:
     void recordsWhatTheAxisReads()
     {
+        const int ticks[] = {5, 50, 50, 50}; // of 0.1 ms, between two elements
         for (int mode = 0; mode < SimulatedRecorder::Modes; ++mode) {
-            constexpr int Interval = 7;
-            const auto recorded = static_cast<SimulatedRecorder::Mode>(mode);
             SimulatedAxis axis;
             SimulatedRecorder recorder;
-            recorder.setMode(recorded);
-            recorder.setInterval(Interval);
-            recorder.arm(SimulatedRecorder::Trigger::Always, 0);
+            recorder.setMode(Mode(mode));
+            recorder.setInterval(5);
+            recorder.arm(Trigger::Always, 0);
             axis.moveTo(9000);
             std::vector<SimulatedRecorder::Element> truth;
-            for (int step = 0; recorder.state() != SimulatedRecorder::State::Complete; ++step) {
+            for (int step = 0; recorder.state() != Recorder::State::Complete; ++step) {
                 axis.step();
                 recorder.step(axis);
-                if (step % (Interval * SimulatedRecorder::stepsPerTick(recorded)) != 0)
+                if (step % ticks[mode] != 0)
                     continue;
                 truth.emplace_back();
                 for (size_t item = 0; item < truth.back().size(); ++item)
-                    truth.back()[item] = axis.read(SimulatedRecorder::items(recorded)[item]);
+                    truth.back()[item] = axis.read(SimulatedRecorder::items(Mode(mode))[item]);
             }
-            QCOMPARE(int(recorder.recorded().size()), SimulatedRecorder::Elements);
+            QCOMPARE(int(recorder.recorded().size()), 500);
             QVERIFY(recorder.recorded() == truth);
             QVERIFY(truth.front() != truth.back());
         }
@@ -58,130 +56,98 @@ private Q_SLOTS:
 
     void readBack()
     {
-        SimulatedModule module;
-        ask(module, Type::Mode, 1, 2);
-        ask(module, Type::Arm);
+        Module module;
+        QCOMPARE(module.ask(Type::BufferSize), 2000);
+        QCOMPARE(module.ask(Type::Elements), 500);
+        QCOMPARE(module.ask(Type::Items), 4);
+        module.ask(Type::Mode, 1, int(Mode::Position));
+        module.ask(Type::Interval, 1, 2);
+        module.ask(Type::Arm);
         module.axis(1).moveTo(9000);
-        module.advance(SimulatedRecorder::Elements);
-        QCOMPARE(state(module), 0);
-        for (int element : {0, 1, 250, 499}) {
-            for (int item = 0; item < SimulatedRecorder::Items; ++item)
-                QCOMPARE(ask(module, Type::Sample, item, element).getValue(),
-                         module.recorder().recorded()[size_t(element)][size_t(item)]);
-        }
-        QCOMPARE(ask(module, Type::Sample, 0, 499).getValue(), 9000);
-        QVERIFY(ask(module, Type::Sample, 1, 499).getValue() > 0); // axis 1 it was
+        module.advance(2 * 499);
+        QCOMPARE(module.state(), 1);
+        module.advance(1);
+        QCOMPARE(module.state(), 0);
+        const auto& elements = module.recorder().recorded();
+        QCOMPARE(module.ask(Type::Sample, 3, 250), elements[250][3]);
+        QCOMPARE(module.ask(Type::Sample, 0, 499), 9000);
+        QVERIFY(module.ask(Type::Sample, 1, 499) > 0); // axis 1 it was
     }
 
-    void interval_data()
-    {
-        QTest::addColumn<int>("mode");
-        QTest::addColumn<int>("interval");
-        QTest::addColumn<int>("milliseconds"); // until the buffer is full
-        QTest::newRow("tenths of a millisecond") << 0 << 1 << 50;
-        QTest::newRow("a millisecond in tenths") << 0 << 10 << 500;
-        QTest::newRow("milliseconds") << 1 << 1 << 500;
-        QTest::newRow("longest of the panel") << 2 << 200 << 100000;
-    }
-    void interval()
-    {
-        QFETCH(int, mode);
-        QFETCH(int, interval);
-        QFETCH(int, milliseconds);
-        SimulatedModule module;
-        ask(module, Type::Mode, 0, mode);
-        ask(module, Type::Interval, 0, interval);
-        ask(module, Type::Arm);
-        module.advance(milliseconds - interval);
-        QCOMPARE(state(module), 1);
-        module.advance(interval);
-        QCOMPARE(state(module), 0);
-    }
-
-    void triggers_data()
-    {
-        QTest::addColumn<int>("trigger");
-        QTest::addColumn<int>("target"); // rpm
-        QTest::addColumn<int>("threshold");
-        QTest::addColumn<int>("number");
-        using Trigger = SimulatedRecorder::Trigger;
-        const struct {
-            const char* name;
-            Trigger trigger;
-            int target;
-            int threshold;
-            quint8 number;
-        } rows[] = {
-            {"position lower", Trigger::PositionLower, -300, -500, Number::ActualPosition},
-            {"position higher", Trigger::PositionHigher, 300, 500, Number::ActualPosition},
-            {"velocity lower", Trigger::VelocityLower, -300, -100, Number::ActualVelocity},
-            {"velocity higher", Trigger::VelocityHigher, 300, 100, Number::ActualVelocity},
-            {"torque lower", Trigger::TorqueLower, -300, -50, Number::ActualCurrent},
-            {"torque higher", Trigger::TorqueHigher, 300, 50, Number::ActualCurrent},
-        };
-        for (const auto& row : rows)
-            QTest::newRow(row.name)
-                << int(row.trigger) << row.target << row.threshold << int(row.number);
-    }
     void triggers()
     {
-        QFETCH(int, trigger);
-        QFETCH(int, target);
-        QFETCH(int, threshold);
-        QFETCH(int, number);
-        SimulatedModule module;
-        ask(module, Type::Mode, 0, 1);
-        ask(module, Type::Arm, trigger, threshold);
-        const auto hasFired = [&] {
-            const int value = module.axis(0).read(quint8(number));
-            return threshold < 0 ? value < threshold : value > threshold;
-        };
-        module.advance(100);
-        QCOMPARE(state(module), 2); // at rest nothing fires
-        module.axis(0).rotate(target);
-        int waited = 0;
-        while (!hasFired() && ++waited < 5000) {
-            QCOMPARE(state(module), 2);
-            module.advance(1);
+        const struct {
+            Trigger trigger;
+            int target; // rpm
+            int threshold;
+            quint8 number;
+        } rows[] = {{Trigger::PositionLower, -300, -500, N::ActualPosition},
+                    {Trigger::PositionHigher, 300, 500, N::ActualPosition},
+                    {Trigger::VelocityLower, -300, -100, N::ActualVelocity},
+                    {Trigger::VelocityHigher, 300, 100, N::ActualVelocity},
+                    {Trigger::TorqueLower, -300, -50, N::ActualCurrent},
+                    {Trigger::TorqueHigher, 300, 50, N::ActualCurrent}};
+        for (const auto& row : rows) {
+            Module module;
+            module.ask(Type::Mode, 0, 1);
+            module.ask(Type::Arm, int(row.trigger), row.threshold);
+            const auto hasFired = [&] {
+                const int value = module.axis(0).read(row.number);
+                return row.threshold < 0 ? value < row.threshold : value > row.threshold;
+            };
+            module.advance(100);
+            module.axis(0).rotate(row.target);
+            int waited = 0;
+            for (; !hasFired() && waited < 5000; ++waited) {
+                QCOMPARE(module.state(), 2);
+                module.advance(1);
+            }
+            QVERIFY(waited > 0 && waited < 5000);
+            QCOMPARE(module.state(), 1);
+            QCOMPARE(int(module.recorder().recorded().size()), 1);
         }
-        QVERIFY(waited < 5000);
-        QCOMPARE(state(module), 1);
-        QCOMPARE(int(module.recorder().recorded().size()), 1);
     }
 
     void misuse()
     {
-        SimulatedModule module;
-        QCOMPARE(state(module), 3); // never armed
-        QCOMPARE(status(module, Type::Sample, 0, 0), quint8(ReplyStatus::OutOfRange));
-        QCOMPARE(status(module, Type::Mode, 0, 4), quint8(ReplyStatus::OutOfRange));
-        QCOMPARE(status(module, Type::Mode, 2, 0), quint8(ReplyStatus::UnknownBank));
-        QCOMPARE(status(module, Type::Interval, 0, 0), quint8(ReplyStatus::OutOfRange));
-        QCOMPARE(status(module, Type::Arm, 7, 0), quint8(ReplyStatus::OutOfRange));
-        QCOMPARE(status(module, Type(5)), quint8(ReplyStatus::UnknownType));
-        QCOMPARE(status(module, Type(8)), quint8(ReplyStatus::UnknownType));
-        QCOMPARE(ask(module, Type::BufferSize).getValue(),
-                 ask(module, Type::Elements).getValue() * ask(module, Type::Items).getValue());
-
-        ask(module, Type::Arm);
-        module.advance(10); // tenths of a millisecond
-        QCOMPARE(state(module), 1);
-        QCOMPARE(status(module, Type::Sample, 3, 99), StatusOk);
-        QCOMPARE(status(module, Type::Sample, 3, 100), quint8(ReplyStatus::OutOfRange));
-        QCOMPARE(status(module, Type::Sample, 4, 0), quint8(ReplyStatus::OutOfRange));
-        QCOMPARE(status(module, Type::Sample, 0, -1), quint8(ReplyStatus::OutOfRange));
-
-        ask(module, Type::Arm, int(SimulatedRecorder::Trigger::VelocityHigher), 5000); // never
-        QCOMPARE(status(module, Type::Sample, 0, 0), quint8(ReplyStatus::OutOfRange));
-        module.advance(20000);
-        QCOMPARE(state(module), 2);
-        ask(module, Type::Mode, 0, 1); // gives up waiting
-        QCOMPARE(state(module), 3);
-        ask(module, Type::Arm);
-        module.advance(10);
+        Module module;
+        const struct {
+            Type type;
+            int bank, value;
+            ReplyStatus expected;
+        } rows[] = {{Type::Mode, 0, -1, ReplyStatus::OutOfRange},
+                    {Type::Mode, 0, 4, ReplyStatus::OutOfRange},
+                    {Type::Mode, 2, 0, ReplyStatus::UnknownBank},
+                    {Type::Interval, 0, 0, ReplyStatus::OutOfRange},
+                    {Type::Interval, 0, 65536, ReplyStatus::OutOfRange},
+                    {Type::Interval, 0, 65535, ReplyStatus::Ok},
+                    {Type::Interval, 0, 1, ReplyStatus::Ok},
+                    {Type::Arm, 7, 0, ReplyStatus::OutOfRange},
+                    {Type(5), 0, 0, ReplyStatus::UnknownType},
+                    {Type::Sample, 0, 0, ReplyStatus::OutOfRange}, // never armed
+                    {Type::Arm, 0, 0, ReplyStatus::Ok},
+                    {Type::Sample, 3, 99, ReplyStatus::Ok}, // after 10 ms
+                    {Type::Sample, 3, 100, ReplyStatus::OutOfRange},
+                    {Type::Sample, 4, 0, ReplyStatus::OutOfRange},
+                    {Type::Sample, 0, -1, ReplyStatus::OutOfRange},
+                    {Type::Arm, int(Trigger::VelocityHigher), 5000, ReplyStatus::Ok}, // never
+                    {Type::Sample, 0, 0, ReplyStatus::OutOfRange}};
+        QCOMPARE(module.state(), 3);
+        for (const auto& row : rows) {
+            QCOMPARE(module.refusal(row.type, row.bank, row.value), int(row.expected));
+            module.advance(row.type == Type::Arm ? 10 : 0);
+        }
+        QCOMPARE(module.state(), 2);
+        module.ask(Type::Mode, 0, 0); // gives up waiting, as another axis does
+        QCOMPARE(module.state(), 3);
+        for (int axis : {0, 1, 1}) {
+            module.ask(Type::Arm);
+            module.advance(10);
+            module.ask(Type::Interval, axis, 1);
+            QCOMPARE(module.state(), 3);
+        }
         module.reset();
-        QCOMPARE(state(module), 3);
-        QVERIFY(module.recorder().recorded().empty());
+        QVERIFY(module.recorder().recorded().empty() && module.recorder().axis() == 0);
     }
 };
 

@@ -1,0 +1,5 @@
+#include "OwnAddressPanel.h"
+
+OwnAddressPanel::OwnAddressPanel(QWidget* parent) : TupleSettingsPanel(parent) {}
+
+OwnAddressPanel::~OwnAddressPanel() = default;
