@@ -4,9 +4,9 @@
 #include "CommandText.h"
 #include "Instruction.h"
 #include "Screen.h"
-#include "User.h"
 #include "SimulatedLink.h"
 #include "SimulatedModule.h"
+#include "User.h"
 #include "Workbench.h"
 
 /// The connected workbench on the screen, in real time, and the axis that it turns.

@@ -19,8 +19,8 @@ class QWidget;
 /// wrong with the parameters.
 ///
 /// Velocities v and accelerations a are in the device's internal units, see below. Bad ones are
-/// limited or replaced, and named in the text; nothing fails. An argument that is not finite counts as 0, and
-/// so does a time, length or place that would not be finite.
+/// limited or replaced, and named in the text; nothing fails. An argument that is not finite counts
+/// as 0, and so does a time, length or place that would not be finite.
 class AXRGUI_EXPORT TrapezialRamp
 {
 public:

@@ -8,7 +8,7 @@
 #include <QComboBox>
 #include <QSpinBox>
 
-    class DirectModeTest : public TestCase
+class DirectModeTest : public TestCase
 {
     Q_OBJECT
 private Q_SLOTS:
