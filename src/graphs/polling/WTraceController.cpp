@@ -33,7 +33,13 @@ void WTraceController::setMaximum(int maximum) { m_ui->sbDelay->setMaximum(maxim
 
 void WTraceController::setSingleStep(int step) { m_ui->sbDelay->setSingleStep(step); }
 
-void WTraceController::setValue(int value) { m_ui->sbDelay->setValue(value); }
+void WTraceController::setValue(int value)
+{
+    const QPointer<WTraceController> self(this);
+    m_ui->sbDelay->setValue(value);
+    if (self) // also where nobody hears of the change
+        m_timer.setInterval(qMax(0, m_ui->sbDelay->value()));
+}
 
 void WTraceController::setActive(bool active)
 {

@@ -1,19 +1,20 @@
 #include "GraphLog_p.h"
 
 #include "Csv_p.h"
+#include "GraphClock_p.h"
 #include "GraphExport_p.h"
 
 GraphLog::GraphLog() = default;
 
 GraphLog::~GraphLog() = default;
 
-void GraphLog::start(const QString& fileName, const QList<Graph*>& graphs, qint64 now)
+void GraphLog::start(const QString& fileName, const QList<Graph*>& graphs, const GraphClock& clock)
 {
     auto file = std::make_unique<CsvLog>(fileName);
     if (!file->start(GraphExport::header(graphs)))
         return;
     m_file = std::move(file);
-    m_startTime = now;
+    m_startTime = clock.now();
 }
 
 void GraphLog::end() { m_file.reset(); }

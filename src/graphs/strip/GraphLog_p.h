@@ -8,6 +8,7 @@
 
 class CsvLog;
 class Graph;
+class GraphClock;
 
 /// The running log of a live graph: the columns of its export, and a line for each reply.
 class GraphLog
@@ -17,9 +18,9 @@ public:
     ~GraphLog();
 
     bool isRunning() const { return m_file != nullptr; }
-    /// Begins a new file, with the time counted from `now`, in ms. When it cannot be written, the
+    /// Begins a new file, whose time counts from when it is there. When it cannot be written, the
     /// log that runs goes on.
-    void start(const QString& fileName, const QList<Graph*>& graphs, qint64 now);
+    void start(const QString& fileName, const QList<Graph*>& graphs, const GraphClock& clock);
     void end();
     /// A sample of a curve, of which there may be more or fewer than in the header by now. Lost
     /// when the file cannot be written.

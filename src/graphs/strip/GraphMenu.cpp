@@ -1,7 +1,7 @@
 #include "GraphMenu_p.h"
 
 GraphMenu::GraphMenu(const GraphScene::Look& look, bool offersSelection, QWidget* parent)
-    : QMenu(parent), m_look(look)
+    : QMenu(parent)
 {
     m_boldDots = addSwitch(tr("Bold points"), tr("paint bolded points"), look.hasBoldDots);
     m_dotsOnly =
@@ -13,12 +13,14 @@ GraphMenu::GraphMenu(const GraphScene::Look& look, bool offersSelection, QWidget
                                : nullptr;
 }
 
-GraphScene::Look GraphMenu::look() const
+GraphScene::Look GraphMenu::chosen(const QAction* entry, GraphScene::Look look) const
 {
-    GraphScene::Look look = m_look;
-    look.hasBoldDots = m_boldDots->isChecked();
-    look.hasLines = !m_dotsOnly->isChecked();
-    look.hasMarkers = m_markers->isChecked();
+    if (entry == m_boldDots)
+        look.hasBoldDots = entry->isChecked();
+    else if (entry == m_dotsOnly)
+        look.hasLines = !entry->isChecked();
+    else if (entry == m_markers)
+        look.hasMarkers = entry->isChecked();
     return look;
 }
 

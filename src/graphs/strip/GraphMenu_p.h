@@ -13,8 +13,8 @@ class GraphMenu : public QMenu
 public:
     GraphMenu(const GraphScene::Look& look, bool offersSelection, QWidget* parent);
 
-    /// The look with the switches as they are now.
-    GraphScene::Look look() const;
+    /// The look with the switch of the chosen entry as it is now; what changed meanwhile stays.
+    GraphScene::Look chosen(const QAction* entry, GraphScene::Look look) const;
     /// Whether this is the entry that asks for other curves; never for null.
     bool isSelection(const QAction* entry) const { return entry && entry == m_select; }
 
@@ -22,7 +22,6 @@ private:
     QAction* addEntry(const QString& text, const QString& statusTip);
     QAction* addSwitch(const QString& text, const QString& statusTip, bool isOn);
 
-    GraphScene::Look m_look;
     QAction* m_boldDots;
     QAction* m_dotsOnly;
     QAction* m_markers;

@@ -8,7 +8,6 @@
 #include "GraphRange_p.h"
 #include "Logging.h"
 #include "MarkerItem.h"
-#include "MethodName.h"
 #include "Numbers.h"
 #include "ValueKey.h"
 #include "XTimeAxisItem.h"
@@ -164,7 +163,8 @@ void GraphScene::markExtremes(double minimum, double maximum)
     placeMarker(m_maxMarker, maximum, m_topRow + (m_topValue - maximum) * scale);
     placeMarker(m_minMarker, minimum, m_bottomRow - (minimum - m_bottomValue) * scale);
     if (m_hasFrame)
-        qCDebug(axrGraphs) << AXR_METHOD.constData() << "yMinMarker:" << m_minMarker->y()
+        qCDebug(axrGraphs) << "ValueOverTimeGraph::scaleToData()"
+                           << "yMinMarker:" << m_minMarker->y()
                            << "yMaxMarker:" << m_maxMarker->y();
 }
 

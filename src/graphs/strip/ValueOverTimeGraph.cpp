@@ -61,7 +61,12 @@ ValueOverTimeGraph::ValueOverTimeGraph(QWidget* parent)
     installEventFilter(this);
 }
 
-ValueOverTimeGraph::~ValueOverTimeGraph() { qDeleteAll(m_graphs); }
+ValueOverTimeGraph::~ValueOverTimeGraph()
+{
+    // A box takes what is typed when it is hidden, which for a window comes after this.
+    m_ui->graphController->disconnect(this);
+    qDeleteAll(m_graphs);
+}
 
 void ValueOverTimeGraph::connectController()
 {
@@ -340,7 +345,7 @@ void ValueOverTimeGraph::contextMenuRequest(QPoint pos)
     if (menu->isSelection(chosen))
         selectItems();
     else if (chosen)
-        m_scene->setLook(menu->look());
+        m_scene->setLook(menu->chosen(chosen, m_scene->look()));
 }
 
 void ValueOverTimeGraph::selectItems()
@@ -400,7 +405,7 @@ void ValueOverTimeGraph::startLogging(bool start)
         return; // ended or asked for again meanwhile
     if (!name.isEmpty()) {
         qCDebug(axrGraphs) << AXR_METHOD.constData() << "fileName:" << name;
-        m_log->start(name, m_graphs, m_clock->now());
+        m_log->start(name, m_graphs, *m_clock);
         return;
     }
     qCDebug(axrGraphs) << AXR_METHOD.constData() << "fileName:"

@@ -487,6 +487,21 @@ private Q_SLOTS:
             QCOMPARE(after == before, QString(row.chosen).isEmpty());
             before = after;
         }
+        const auto dots = [&chart](bool are) {
+            chart.graph->setDataPointsEnabled(are);
+            return chart.frame(Start + 3000);
+        };
+        const QImage without = dots(false);
+        QVERIFY(dots(true) != without);
+        for (int press = 0; press < 2; ++press) { // markers on and off again
+            onMenu([&](QMenu* menu) {
+                dots(false); // what the host changes meanwhile stays
+                menu->setActiveAction(menu->actions().at(2));
+                QTest::keyClick(menu, Qt::Key_Return);
+            });
+            chart.graph->contextMenuRequest(QPoint(20, 20));
+        }
+        QCOMPARE(chart.frame(Start + 3000), without);
         onMenu([&chart](QMenu*) { chart.remove(); });
         chart.graph->contextMenuRequest(QPoint(20, 20));
         QVERIFY(!chart.graph);
