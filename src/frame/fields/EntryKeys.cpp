@@ -16,26 +16,29 @@ Replaced::Replaced(const QLineEdit* edit)
 {
 }
 
-FieldText EntryKeys::shown() const { return {m_edit->text(), m_box->prefix(), m_box->suffix()}; }
+/// A subclass may have put in another one.
+QLineEdit* EntryKeys::edit() const { return m_box->findChild<QLineEdit*>(); }
+
+FieldText EntryKeys::shown() const { return {edit()->text(), m_box->prefix(), m_box->suffix()}; }
 
 void EntryKeys::confine()
 {
     const FieldText shown = this->shown();
     const auto inside = [&shown](int at) { return qBound(shown.start(), at, shown.end()); };
-    const int from = inside(m_edit->selectionStart());
-    if (m_edit->hasSelectedText())
-        m_edit->setSelection(from, inside(m_edit->selectionEnd()) - from);
+    const int from = inside(edit()->selectionStart());
+    if (edit()->hasSelectedText())
+        edit()->setSelection(from, inside(edit()->selectionEnd()) - from);
     else
-        m_edit->setCursorPosition(inside(m_edit->cursorPosition()));
+        edit()->setCursorPosition(inside(edit()->cursorPosition()));
 }
 
 void EntryKeys::remove(bool forward, bool word)
 {
     m_isFraction = false;
-    if (!m_edit->hasSelectedText())
+    if (!edit()->hasSelectedText())
         selectToDelete(forward, word);
-    if (m_edit->hasSelectedText())
-        keepCaret([this] { m_edit->del(); });
+    if (edit()->hasSelectedText())
+        keepCaret([this] { edit()->del(); });
 }
 
 /// Selects what a deletion takes. Marks between digits come back by themselves, so the digit behind
@@ -44,12 +47,12 @@ void EntryKeys::selectToDelete(bool forward, bool word)
 {
     const int last = forward ? shown().end() : shown().start();
     const int step = forward ? 1 : -1;
-    int caret = m_edit->cursorPosition();
-    const auto next = [&] { return m_edit->text().at(forward ? caret : caret - 1); };
+    int caret = edit()->cursorPosition();
+    const auto next = [&] { return edit()->text().at(forward ? caret : caret - 1); };
     while (caret != last && (next() == Point || next() == QLatin1Char(',')))
         caret += step;
     const int end = word || caret == last ? last : caret + step;
-    m_edit->setSelection(qMin(caret, end), qAbs(end - caret));
+    edit()->setSelection(qMin(caret, end), qAbs(end - caret));
 }
 
 /// Runs a change of what is selected, or at the caret, and keeps the caret left of the digits that
@@ -57,7 +60,7 @@ void EntryKeys::selectToDelete(bool forward, bool word)
 /// of an entry do, the caret stays before it.
 void EntryKeys::keepCaret(const std::function<void()>& change)
 {
-    const Replaced replaced(m_edit);
+    const Replaced replaced(edit());
     const FieldText before = shown();
     const QString right = before.between(replaced.to, before.end());
     const bool wholeUnits =
@@ -65,7 +68,7 @@ void EntryKeys::keepCaret(const std::function<void()>& change)
     change();
     const FieldText after = shown();
     const int added = wholeUnits && after.hasPoint() ? m_box->decimals() : 0;
-    m_edit->setCursorPosition(after.caretBefore(FieldText::digitsIn(right) + added));
+    edit()->setCursorPosition(after.caretBefore(FieldText::digitsIn(right) + added));
 }
 
 void EntryKeys::type(QChar typed, const std::function<void()>& handOn)
@@ -74,14 +77,14 @@ void EntryKeys::type(QChar typed, const std::function<void()>& handOn)
         typePoint();
         return;
     }
-    const int caret = Replaced(m_edit).from;
+    const int caret = Replaced(edit()).from;
     const bool wasFraction = std::exchange(m_isFraction, false);
     const FieldText before = shown();
     if (!FieldText::isDigit(typed) && (typed != QLatin1Char('-') || caret != before.start()))
         return;
-    if (wasFraction && !m_edit->hasSelectedText() && caret < before.end() &&
+    if (wasFraction && !edit()->hasSelectedText() && caret < before.end() &&
         before.between(before.start(), caret).contains(Point)) {
-        m_edit->setSelection(caret, 1);
+        edit()->setSelection(caret, 1);
         m_isFraction = true;
     }
     keepCaret(handOn);
@@ -94,13 +97,13 @@ void EntryKeys::typePoint()
     const int decimals = m_box->decimals();
     if (decimals == 0)
         return;
-    const Replaced replaced(m_edit);
+    const Replaced replaced(edit());
     const FieldText before = shown();
     const QString right = before.between(replaced.to, before.end());
     if (right.isEmpty() && !before.between(before.start(), replaced.from).contains(Point))
-        m_edit->insert(Point + QString(decimals, QLatin1Char('0')));
-    else if (m_edit->hasSelectedText() || !right.startsWith(Point))
+        edit()->insert(Point + QString(decimals, QLatin1Char('0')));
+    else if (edit()->hasSelectedText() || !right.startsWith(Point))
         return;
-    m_edit->setCursorPosition(shown().caretBefore(decimals) + 1);
+    edit()->setCursorPosition(shown().caretBefore(decimals) + 1);
     m_isFraction = true;
 }

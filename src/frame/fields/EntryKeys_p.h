@@ -20,7 +20,7 @@ struct Replaced {
 class EntryKeys
 {
 public:
-    EntryKeys(const QDoubleSpinBox* box, QLineEdit* edit) : m_box(box), m_edit(edit) {}
+    explicit EntryKeys(const QDoubleSpinBox* box) : m_box(box) {}
 
     /// Prefix and suffix may hold digits, too: nothing of them is replaced.
     void confine();
@@ -33,13 +33,13 @@ public:
     void leave() { m_isFraction = false; }
 
 private:
+    QLineEdit* edit() const;
     FieldText shown() const;
     void selectToDelete(bool forward, bool word);
     void keepCaret(const std::function<void()>& change);
     void typePoint();
 
     const QDoubleSpinBox* m_box;
-    QLineEdit* m_edit;
     bool m_isFraction = false; // the next digit replaces one behind the typed point
 };
 

@@ -16,17 +16,18 @@ void EntryLook::show(Entry entry)
             widget->setStyleSheet(sheet);
     };
     m_entry = entry;
+    auto* edit = m_box->findChild<QLineEdit*>(); // a subclass may have put in another one
     switch (entry) {
     case Entry::Clean:
-        apply(m_edit, QString());
+        apply(edit, QString());
         apply(m_box, QString());
         break;
     case Entry::Pending:
-        apply(m_edit, QStringLiteral("QLineEdit{color:navy; selection-color: gold}"));
+        apply(edit, QStringLiteral("QLineEdit{color:navy; selection-color: gold}"));
         apply(m_box, QStringLiteral("QAbstractSpinBox{color:navy; background-color: gold}"));
         break;
     case Entry::Invalid:
-        apply(m_edit, QStringLiteral("QLineEdit{color:white; selection-color: white}"));
+        apply(edit, QStringLiteral("QLineEdit{color:white; selection-color: white}"));
         apply(m_box, QStringLiteral("QAbstractSpinBox{color:white; background-color: crimson}"));
         break;
     }

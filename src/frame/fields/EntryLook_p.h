@@ -4,7 +4,6 @@
 #include <QPoint>
 
 class QAbstractSpinBox;
-class QLineEdit;
 class QString;
 
 enum class Entry { Clean, Pending, Invalid };
@@ -13,7 +12,7 @@ enum class Entry { Clean, Pending, Invalid };
 class EntryLook
 {
 public:
-    EntryLook(QAbstractSpinBox* box, QLineEdit* edit) : m_box(box), m_edit(edit) {}
+    explicit EntryLook(QAbstractSpinBox* box) : m_box(box) {}
 
     void show(Entry entry);
     Entry shown() const { return m_entry; }
@@ -24,7 +23,6 @@ public:
 
 private:
     QAbstractSpinBox* m_box;
-    QLineEdit* m_edit;
     Entry m_entry = Entry::Clean;
     bool m_isRangeShown = false;
 };

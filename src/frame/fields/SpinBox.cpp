@@ -27,8 +27,8 @@ SpinBox::SpinBox(QWidget* parent, QFlags<SpinBox::Option> options)
     : QDoubleSpinBox(parent)
     , m_units(std::make_unique<RealUnits>())
     , m_options(options)
-    , m_look(std::make_unique<EntryLook>(this, lineEdit()))
-    , m_keys(std::make_unique<EntryKeys>(this, lineEdit()))
+    , m_look(std::make_unique<EntryLook>(this))
+    , m_keys(std::make_unique<EntryKeys>(this))
 {
     setLocale(QLocale::c());
     setDecimals(0);

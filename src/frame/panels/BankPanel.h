@@ -3,8 +3,9 @@
 
 #include "ParameterPanel.h"
 
-/// Base of the panels that know a motor bank and no address, for hosts with one module. It only
-/// reads: what a panel sends besides, it declares itself.
+/// Base of the panels that ask and are answered with motor bank, type and value, without an
+/// address, for hosts with one module. It only reads: what a panel sends besides, it declares
+/// itself.
 class AXRGUI_EXPORT BankPanel : public ParameterPanel
 {
     Q_OBJECT

@@ -2,6 +2,8 @@
 
 #include "Instruction.h"
 
+#include <QPointer>
+
 TupleSettingsPanel::TupleSettingsPanel(QWidget* parent) : TuplePanel(parent) {}
 
 TupleSettingsPanel::~TupleSettingsPanel() = default;
@@ -14,7 +16,9 @@ void TupleSettingsPanel::requestedCommand(char address, char command, char type,
         requestedValue(address, motorBank, type, value);
 }
 
-void TupleSettingsPanel::change(const AxisParameter& parameter, int value)
+bool TupleSettingsPanel::change(const AxisParameter& parameter, int value)
 {
+    const QPointer<TupleSettingsPanel> self(this);
     emit changeValue(axis().getAddress(), axis().getMotorBank(), parameter.number(), value);
+    return self;
 }

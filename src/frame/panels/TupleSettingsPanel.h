@@ -22,8 +22,9 @@ public Q_SLOTS:
 protected:
     explicit TupleSettingsPanel(QWidget* parent);
 
-    /// Emits changeValue() for the parameter. A host may delete the panel inside it.
-    void change(const AxisParameter& parameter, int value);
+    /// Emits changeValue() for the parameter. Returns false when the panel was destroyed meanwhile:
+    /// a host may do that inside the emission.
+    bool change(const AxisParameter& parameter, int value);
 };
 
 #endif
