@@ -157,8 +157,10 @@ QString MainAppStyle::setMainStyleSheet(QWidget* widget)
 {
     qCDebug(axrShell) << AXR_METHOD.constData() << widget;
     if (widget) {
-        // What is below a window that was not polished yet would not hear of its next sheet.
+        // What was not polished yet would not hear of the next sheet, and would keep the palette of
+        // this one. A window that was polished does not pass it on to what came later.
         widget->ensurePolished();
+        forEachBelow<QWidget>(widget, [](QWidget* each) { each->ensurePolished(); });
         widget->setStyleSheet(windowSheet());
     }
     return QStringLiteral("qml/");
@@ -172,8 +174,8 @@ void MainAppStyle::SetAppStyle(const QString& extraSheet, const QColor& backgrou
     setBaseStyle(QStringLiteral("cleanlooks"));
     const QPalette palette = mainPalette(background);
     QApplication::setPalette(palette);
-    currentLook().darkBlueSheet = mainStyleSheet(scrollBarStyleSheet(palette, false));
-    qApp->setStyleSheet(currentLook().darkBlueSheet + extraSheet);
+    currentLook().darkBlueStart = mainStyleSheetStart();
+    qApp->setStyleSheet(mainStyleSheet(scrollBarStyleSheet(palette, false)) + extraSheet);
 }
 
 QString MainAppStyle::scrollBarStyleSheet(const QPalette& palette, bool hideArrows)

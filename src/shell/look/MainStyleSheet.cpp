@@ -282,6 +282,8 @@ QString mainStyleSheet(const QString& scrollBars)
            text(toolTips) + text(menuBars) + text(bars) + text(scrollAreasAtLast);
 }
 
+QString mainStyleSheetStart() { return text(spinBoxes); }
+
 QString scrollBarSheet(const QColor& track, const QColor& handle, bool hideArrows)
 {
     return (text(horizontalScrollBar) + text(verticalScrollBar) +

@@ -10,6 +10,9 @@ class QColor;
 /// \param scrollBars the rules of scroll bars, which have their place among the others
 QString mainStyleSheet(const QString& scrollBars);
 
+/// How that sheet begins. Of the rest a host may take rules out or replace them.
+QString mainStyleSheetStart();
+
 /// The rules of scroll bars. Only the arrows of vertical bars can be hidden.
 QString scrollBarSheet(const QColor& track, const QColor& handle, bool hideArrows);
 

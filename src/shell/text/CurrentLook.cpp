@@ -4,7 +4,7 @@
 
 bool CurrentLook::isDarkBlue() const
 {
-    return !darkBlueSheet.isEmpty() && qApp->styleSheet().startsWith(darkBlueSheet);
+    return !darkBlueStart.isEmpty() && qApp->styleSheet().startsWith(darkBlueStart);
 }
 
 CurrentLook& currentLook()

@@ -1,5 +1,6 @@
 #include "MainAppStyle.h"
 #include "AppSettings.h"
+#include "RoomForText_p.h"
 #include "SignalLog.h"
 #include "TestCase.h"
 #include "User.h"
@@ -193,6 +194,40 @@ QMainWindow 4 4 #9AA9B6 QSplitter 9 9 veil 1 #9AA9B6 QSizeGrip 16 16 QToolTip 1 
         polished.show();
         other.setMainStyle(false);
         QCOMPARE(button.sizeHint(), size);
+    }
+
+    /// Widgets that come to a window which is shown already, before the look is switched or after.
+    void whatCameLaterFollows()
+    {
+        for (const bool isOnBefore : {false, true}) {
+            QWidget window;
+            window.show();
+            MainAppStyle style(&window);
+            const QPalette plain = QApplication::palette("QLineEdit");
+            style.setMainStyle(isOnBefore);
+            auto* edit = new QLineEdit(&window);
+            style.setMainStyle(true);
+            style.setMainStyle(false);
+            edit->show();
+            for (const auto role : {QPalette::Base, QPalette::Text})
+                QCOMPARE(edit->palette().color(QPalette::Active, role),
+                         plain.color(QPalette::Active, role));
+        }
+    }
+
+    /// A host may change rules of the application's sheet.
+    void theLookIsKnownByItsBeginning()
+    {
+        QWidget window;
+        MainAppStyle style(&window);
+        QVERIFY(RoomForText::formSizesHold(&window));
+        style.setMainStyle(true);
+        const QString sheet = qApp->styleSheet();
+        qApp->setStyleSheet(QString(sheet).replace("tomato", "white"));
+        QVERIFY(qApp->styleSheet() != sheet);
+        QVERIFY(!RoomForText::formSizesHold(&window));
+        style.setMainStyle(false);
+        QVERIFY(RoomForText::formSizesHold(&window));
     }
 
     /// The owner, the window or the buttons end while the theme is at work.
