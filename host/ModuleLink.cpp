@@ -44,6 +44,7 @@ void ModuleLink::open(char address)
 
 void ModuleLink::close()
 {
+    ++m_session;
     m_lanes = RequestLanes();
     m_wire.close();
     setState(State::Closed);
@@ -132,7 +133,8 @@ void ModuleLink::doDirectRequest(Command* request, Command* reply)
             [&](const Command& finished) { done = done || isSameValue(finished, direct); });
     m_lanes.addUrgent(direct, time());
     const QPointer<ModuleLink> self(this);
-    while (self && !done && isOpen())
+    const int session = m_session; // a link that was closed and opened again has forgotten it
+    while (self && !done && isOpen() && m_session == session)
         m_clock.advance(1);
 }
 
@@ -164,9 +166,11 @@ void ModuleLink::take(const Command& reply)
     const auto answer = m_lanes.takeAnswered(reply);
     if (!answer)
         return;
-    const int trip = static_cast<int>(time() - answer->time);
-    m_answerTime =
-        qMax(1, qMax(trip, ((AnswersRemembered - 1) * m_answerTime + trip) / AnswersRemembered));
+    if (answer->isFirstTry) {
+        const int trip = static_cast<int>(time() - answer->time);
+        m_answerTime = qMax(
+            1, qMax(trip, ((AnswersRemembered - 1) * m_answerTime + trip) / AnswersRemembered));
+    }
     m_lastAnswer = time();
     ++m_answers;
     const QPointer<ModuleLink> self(this);

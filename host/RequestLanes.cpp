@@ -131,7 +131,7 @@ std::optional<RequestLanes::Sent> RequestLanes::takeAnswered(const Command& repl
     m_timeOuts = 0;
     if (entry.lane == Lane::Stop && u8(reply.getStatus()) != StatusOk)
         addOnce(entry); // a stop counts when it was acknowledged
-    return Sent{entry.request, entry.since};
+    return Sent{entry.request, entry.since, entry.tries == 1};
 }
 
 QVector<RequestLanes::GivenUp> RequestLanes::takeExpired(qint64 now)

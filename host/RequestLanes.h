@@ -31,6 +31,7 @@ public:
     struct Sent {
         Command request;
         qint64 time;
+        bool isFirstTry; ///< So the reply can be no late one to a try before.
     };
 
     void addCommand(const Command& request, qint64 now);

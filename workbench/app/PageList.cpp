@@ -25,7 +25,6 @@ PageList::PageList(QWidget* parent)
     m_filter->setAccessibleName(tr("Find a page"));
     m_filter->setPlaceholderText(tr("Find"));
     m_filter->setToolTip(tr("A part of a page's title and Return (Ctrl+F)"));
-    m_filter->installEventFilter(this);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_filter);
@@ -38,12 +37,13 @@ PageList::PageList(QWidget* parent)
     connect(m_filter, &QLineEdit::returnPressed, this, &PageList::turnToFirstFound);
     const auto addKey = [this](const QKeySequence& key, const auto& action) {
         auto* shortcut = new QShortcut(key, this);
-        shortcut->setContext(Qt::WindowShortcut);
-        shortcut->setAutoRepeat(false);
         connect(shortcut, &QShortcut::activated, this, action);
+        return shortcut;
     };
     for (int digit = 0; digit < Digits; ++digit)
-        addKey(Qt::CTRL + Qt::Key_0 + digit, [this, digit] { takeDigit(digit); });
+        addKey(Qt::CTRL + Qt::Key_0 + digit, [this, digit] {
+            takeDigit(digit);
+        })->setAutoRepeat(false);
     for (const int step : {-1, 1}) {
         addKey(Qt::CTRL + (step < 0 ? Qt::Key_PageUp : Qt::Key_PageDown),
                [this, step] { turnTo(m_list->currentRow() + step); });
@@ -52,7 +52,7 @@ PageList::PageList(QWidget* parent)
         m_filter->setFocus(Qt::ShortcutFocusReason);
         m_filter->selectAll();
     });
-    qApp->installEventFilter(this); // where Ctrl is let go of
+    qApp->installEventFilter(this); // where Ctrl is pressed and let go of
 }
 
 void PageList::add(const QString& title)
@@ -89,6 +89,8 @@ void PageList::filter(const QString& part)
 
 void PageList::turnToFirstFound()
 {
+    if (m_filter->text().isEmpty())
+        return;
     for (int row = 0; row < m_list->count(); ++row) {
         if (m_list->item(row)->isHidden())
             continue;
@@ -101,9 +103,9 @@ void PageList::turnToFirstFound()
 
 bool PageList::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::KeyRelease &&
-        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Control)
-        m_number = 0;
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+    if (isKey && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Control)
+        m_number = 0; // also at the press: another window may have had the release
     if (watched == m_filter && event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Escape)

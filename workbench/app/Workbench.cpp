@@ -107,7 +107,7 @@ Workbench::Workbench(const WorkbenchOptions& options)
     connect(&m_link, &ModuleLink::stateChanged, this, &Workbench::showLinkState);
     connect(&m_link, &ModuleLink::answered, this, &Workbench::takeAnswer);
     connect(&m_link, &ModuleLink::gaveUp, this, &Workbench::takeFailure);
-    connect(&m_wire, &Wire::lost, this, &Workbench::tell);
+    connect(&m_wire, &Wire::lost, this, &Workbench::takeLost); // the link has closed by then
     connect(&m_timer, &QTimer::timeout, this,
             [this] { advance(static_cast<int>(qMin<qint64>(m_realTime.restart(), LongestStep))); });
     connect(&m_guard, &StopGuard::stop, this, &Workbench::stopAxes);
@@ -125,6 +125,7 @@ Workbench::~Workbench()
     // The pages go while the link still carries their last words, such as the stop of a jog; what
     // those bring forth no longer concerns the window.
     disconnect(&m_link, nullptr, this, nullptr);
+    disconnect(&m_wire, nullptr, this, nullptr);
     for (const Page* page : qAsConst(m_pages))
         page->disconnect(this);
     delete takeCentralWidget();
@@ -351,6 +352,8 @@ void Workbench::takeOpened(const QString& link, char address)
     for (Page* page : qAsConst(m_pages))
         page->setAddress(address);
     m_link.open(address);
+    if (!m_link.isOpen())
+        return; // takeLost() has told why
     for (Page* page : qAsConst(m_pages))
         page->refresh();
     tell(tr("Connected to %1").arg(link));
@@ -365,6 +368,15 @@ void Workbench::takeClosed()
     m_link.close();
     tell(isStopLost ? tr("Disconnected. The module has NOT acknowledged the stop.")
                     : tr("Disconnected"));
+}
+
+void Workbench::takeLost(const QString& reason)
+{
+    giveUp();
+    m_withheld.clear();
+    for (Page* page : qAsConst(m_pages))
+        page->linkLost();
+    tell(tr("The link was lost: %1. An axis that turns was NOT stopped.").arg(reason));
 }
 
 void Workbench::takeAnswer(const Command& request, const Command& reply)

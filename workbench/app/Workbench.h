@@ -80,6 +80,7 @@ private:
     void giveUp();
     void takeOpened(const QString& link, char address);
     void takeClosed();
+    void takeLost(const QString& reason);
     void takeAnswer(const Command& request, const Command& reply);
     void takeFailure(const Command& request, const QString& reason);
     void showLinkState();

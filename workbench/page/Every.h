@@ -11,12 +11,12 @@ class Every
 public:
     explicit Every(int milliseconds) : m_length(milliseconds) {}
 
-    /// Once the stretch is over: the milliseconds since it last was, or since the first call. 0
+    /// Once the stretch is over, which it is at first: the milliseconds since it last was. 0
     /// before.
     int passed(qint64 now)
     {
-        const int since = static_cast<int>(now - m_since.value_or(now));
-        if (m_since && since < m_length)
+        const int since = m_since ? static_cast<int>(now - *m_since) : m_length;
+        if (since < m_length)
             return 0;
         m_since = now;
         return since;

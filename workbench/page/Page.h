@@ -30,6 +30,8 @@ public:
     /// Ends what the page has under way, so that nothing of it moves an axis any more: the user
     /// pressed the stop, or the link is about to close. The link is still open.
     virtual void giveUp() {}
+    /// The link has closed by itself, or could not be opened; giveUp() came before.
+    virtual void linkLost() {}
     /// Whether the user is entering the value that this read asks for.
     virtual bool isEditing(const Command& request) const
     {

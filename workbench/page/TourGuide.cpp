@@ -4,6 +4,8 @@
 #include "Instruction.h"
 #include "ModuleLink.h"
 #include "ScreenPicture.h"
+#include "SimulatedModule.h"
+#include "Simulator.h"
 #include "TraceCommand.h"
 #include "TraceController.h"
 #include "WTraceController.h"
@@ -103,7 +105,8 @@ void TourGuide::turn(int axis, int velocity)
     const Instruction instruction = velocity ? Instruction::ROR : Instruction::MST;
     link().command(Command(1, toByte(instruction), 0, toByte(axis), velocity));
     if (velocity == 0)
-        pass(StandsWithin);
+        wait(StandsWithin,
+             [&] { return std::abs(simulator().module.axis(axis).velocity()) < 0.01; });
 }
 
 void TourGuide::check(const QString& done, const QString& expected, const QString& seen, bool ok)

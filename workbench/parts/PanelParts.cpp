@@ -8,6 +8,7 @@
 
 #include <QGridLayout>
 #include <QPushButton>
+#include <QSpinBox>
 
 namespace
 {
@@ -32,6 +33,8 @@ QPushButton* startButton(const WRamDebug& panel) { return piece<QPushButton>(pan
 QPushButton* stopButton(const WRamDebug& panel) { return piece<QPushButton>(panel, "btnStop"); }
 
 QGridLayout* fields(const WRamDebug& panel) { return piece<QGridLayout>(panel, "gridLayout"); }
+
+QSpinBox* delayBox(const QWidget& controller) { return piece<QSpinBox>(controller, "sbDelay"); }
 
 QPushButton* moveRelativeButton(const PositionControl& panel)
 {

@@ -4,6 +4,7 @@
 class PositionControl;
 class QGridLayout;
 class QPushButton;
+class QSpinBox;
 class QWidget;
 class SpinBox;
 class ValueOverTimeGraph;
@@ -23,6 +24,9 @@ QPushButton* startButton(const WRamDebug& panel);
 QPushButton* stopButton(const WRamDebug& panel);
 /// The rows of fields above the drawer.
 QGridLayout* fields(const WRamDebug& panel);
+
+/// Of a trace controller.
+QSpinBox* delayBox(const QWidget& controller);
 
 QPushButton* moveRelativeButton(const PositionControl& panel);
 

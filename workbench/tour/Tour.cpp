@@ -8,10 +8,12 @@
 #include "TourInput.h"
 #include "Workbench.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDir>
 #include <QPushButton>
 #include <QSaveFile>
+#include <QSpinBox>
 #include <QTextStream>
 
 #include <algorithm>
@@ -23,6 +25,12 @@ namespace
 {
 
 constexpr int Velocity = 500; // rpm
+
+const QWidget* velocityPanel(const TourGuide& guide, int axis)
+{
+    const QByteArray name = "VelocityControl" + QByteArray::number(axis);
+    return TourGuide::find<QWidget>(guide.page(QStringLiteral("motion")), name);
+}
 
 } // namespace
 
@@ -81,7 +89,9 @@ void Tour::stopByKey()
     m_guide.showPage(QStringLiteral("motion"));
     const SimulatedModule& module = m_guide.simulator().module;
     for (int axis = 0; axis < SimulatedModule::Axes; ++axis) {
-        m_guide.turn(axis, Velocity);
+        const auto* panel = velocityPanel(m_guide, axis);
+        TourGuide::find<QSpinBox>(panel, "sbTargetVelocity")->setValue(Velocity);
+        click(TourGuide::find<QPushButton>(panel, "btnRight"));
     }
     const bool turning = m_guide.wait(
         3000, [&] { return module.axis(0).velocity() > 400 && module.axis(1).velocity() > 400; });
@@ -91,7 +101,7 @@ void Tour::stopByKey()
                       .arg(module.axis(1).velocity()),
                   turning);
     m_guide.showPage(QStringLiteral("parameters"));
-    press(m_guide.page(QStringLiteral("parameters")), Qt::Key_F12);
+    press(m_guide.page(QStringLiteral("parameters"))->findChild<QAbstractItemView*>(), Qt::Key_F12);
     const bool stopped = m_guide.wait(5000, [&] {
         return std::abs(module.axis(0).velocity()) + std::abs(module.axis(1).velocity()) < 0.01;
     });
@@ -110,7 +120,7 @@ void Tour::surviveSilence()
         3000, [&] { return m_guide.linkText().contains(QStringLiteral("has not answered")); });
     m_guide.check(QStringLiteral("the module falls silent"), QStringLiteral("a sign says so"),
                   m_guide.linkText(), told);
-    m_guide.turn(0, Velocity);
+    click(TourGuide::find<QPushButton>(velocityPanel(m_guide, 0), "btnRight"));
     m_guide.pass(2000);
     m_guide.photograph(QStringLiteral("motion"), QStringLiteral("silent"));
     m_guide.simulator().link.setSilent(false);

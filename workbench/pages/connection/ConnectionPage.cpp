@@ -170,6 +170,15 @@ const ConnectionPage::LinkPanel& ConnectionPage::lastPanel() const
     return last == m_panels.end() ? m_panels.first() : *last;
 }
 
+void ConnectionPage::linkLost()
+{
+    for (const LinkPanel& each : qAsConst(m_panels)) {
+        if (each.widget->isEnabled()) // the one that was open
+            each.disconnected();
+        each.widget->setEnabled(true);
+    }
+}
+
 QString ConnectionPage::lastLink() const { return lastPanel().name; }
 
 void ConnectionPage::connectLast() { PanelParts::connectButton(*lastPanel().widget)->click(); }

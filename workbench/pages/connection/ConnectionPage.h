@@ -28,6 +28,7 @@ public:
     /// of the first panel.
     void connectLast() override;
     QString lastLink() const override;
+    void linkLost() override;
 
     /// Brings the counters up to date, once in a second.
     void frame(qint64 now) override;

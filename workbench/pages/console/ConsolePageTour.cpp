@@ -34,8 +34,8 @@ void ConsolePage::tour(TourGuide& guide)
         int value;
         QString expected; // command, status, bank, value
     } requests[] = {
-        {"GAP actual position", Instruction::GAP, Number::ActualPosition, 0,
-         QStringLiteral("6 100 0 %1").arg(module.axis(0).read(Number::ActualPosition))},
+        {"GAP maximum velocity", Instruction::GAP, Number::MaxVelocity, 0,
+         QStringLiteral("6 100 0 %1").arg(module.axis(0).read(Number::MaxVelocity))},
         {"SAP acceleration", Instruction::SAP, Number::Acceleration, 3000,
          QStringLiteral("5 100 0 3000")},
         {"SAP out of range", Instruction::SAP, Number::Acceleration, -1,

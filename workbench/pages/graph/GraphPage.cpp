@@ -3,6 +3,7 @@
 #include "AppSettings.h"
 #include "Bytes.h"
 #include "Command.h"
+#include "DelayFloor.h"
 #include "Graph.h"
 #include "Instruction.h"
 #include "ModuleLink.h"
@@ -53,6 +54,7 @@ GraphPage::GraphPage(const PageContext& context)
     : m_link(context.link)
     , m_graph(new ValueOverTimeGraph(nullptr))
     , m_controller(new WTraceController)
+    , m_delay(new DelayFloor(m_controller))
     , m_rate(new QLabel)
 {
     m_rate->setObjectName(QStringLiteral("lblPolled"));
@@ -72,7 +74,6 @@ GraphPage::GraphPage(const PageContext& context)
     m_graph->setYAxisCaption(tr("device units"));
     m_graph->setChartSelectorEnabled(true);
     m_graph->setAppSettingKey(settingsKey);
-    m_controller->setMinimum(m_link.answerTime());
     m_graph->setClock(context.clock);
     m_graph->startDrawing(); // its panel says so from the start
 
@@ -188,7 +189,7 @@ void GraphPage::take(const Command& reply)
 
 void GraphPage::frame(qint64 now)
 {
-    m_controller->setMinimum(m_link.answerTime());
+    m_delay->follow(m_link.answerTime());
     const int milliseconds = m_second.passed(now);
     if (milliseconds == 0)
         return;

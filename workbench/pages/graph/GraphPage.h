@@ -7,6 +7,7 @@
 
 #include <vector>
 
+class DelayFloor;
 class ModuleLink;
 class QLabel;
 class ValueOverTimeGraph;
@@ -39,6 +40,7 @@ private:
     char m_address = 1;
     ValueOverTimeGraph* m_graph;
     WTraceController* m_controller;
+    DelayFloor* m_delay;
     QLabel* m_rate;
     std::vector<TraceCommand> m_offered; // stand still while the graph points to them
     std::vector<TraceCommand> m_polled;  // and these while the controller does

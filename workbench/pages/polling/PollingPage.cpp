@@ -1,6 +1,7 @@
 #include "PollingPage.h"
 
 #include "Command.h"
+#include "DelayFloor.h"
 #include "Fitting.h"
 #include "Instruction.h"
 #include "ModuleLink.h"
@@ -51,6 +52,7 @@ PollingPage::PollingPage(const PageContext& context)
     : m_link(context.link)
     , m_firstAxis(new WTraceController)
     , m_secondAxis(new TraceController)
+    , m_delays{new DelayFloor(m_firstAxis), new DelayFloor(m_secondAxis)}
     , m_table(new QTableWidget(0, ColumnCount))
 {
     m_table->setObjectName(QStringLiteral("twPolled"));
@@ -73,7 +75,6 @@ PollingPage::PollingPage(const PageContext& context)
 
     connect(m_firstAxis, &WTraceController::requestTraceCommand, this, &PollingPage::request);
     connect(m_secondAxis, &TraceController::requestTraceCommand, this, &PollingPage::request);
-    limitDelays();
     setAddress(1);
 }
 
@@ -127,15 +128,10 @@ void PollingPage::take(const Command& reply)
     }
 }
 
-void PollingPage::limitDelays()
-{
-    m_firstAxis->setMinimum(m_link.answerTime());
-    m_secondAxis->setMinimum(m_link.answerTime());
-}
-
 void PollingPage::frame(qint64 now)
 {
-    limitDelays();
+    for (DelayFloor* delay : m_delays)
+        delay->follow(m_link.answerTime());
     const int milliseconds = m_second.passed(now);
     if (milliseconds == 0)
         return;

@@ -5,8 +5,10 @@
 #include "Page.h"
 #include "TraceCommand.h"
 
+#include <array>
 #include <vector>
 
+class DelayFloor;
 class ModuleLink;
 class QTableWidget;
 class QTableWidgetItem;
@@ -38,11 +40,11 @@ private:
     };
 
     void request(const TraceCommand* wanted);
-    void limitDelays();
 
     const ModuleLink& m_link;
     WTraceController* m_firstAxis;
     TraceController* m_secondAxis;
+    std::array<DelayFloor*, 2> m_delays;
     QTableWidget* m_table;
     Every m_second{1000};
     std::vector<Value> m_values; // stands still while the controllers point into it
