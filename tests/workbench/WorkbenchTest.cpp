@@ -222,6 +222,21 @@ private Q_SLOTS:
         QCOMPARE(boxes, 5); // three delays, both ends of a scale
     }
 
+    void delaysFollowTheLinkBothWays()
+    {
+        OpenBench bench("polling", {"--delay", "40"});
+        auto* box = User::find<QWidget>(&bench, "polling")
+                        ->findChild<WTraceController*>()
+                        ->findChild<QSpinBox*>("sbDelay");
+        const int own = box->value();
+        QVERIFY(own < 40);
+        bench.open();
+        QVERIFY2(box->value() >= 40, qPrintable(QString::number(box->value())));
+        bench.wire().setWeather(Simulated::Weather());
+        bench.advance(10000);
+        QCOMPARE(box->value(), own);
+    }
+
     void whatIsBeingEditedIsNotAskedFor()
     {
         OpenBench bench("motion");
