@@ -44,7 +44,7 @@ void ModuleLink::open(char address)
 
 void ModuleLink::close()
 {
-    ++m_session;
+    ++m_openings;
     m_lanes = RequestLanes();
     m_wire.close();
     setState(State::Closed);
@@ -133,8 +133,8 @@ void ModuleLink::doDirectRequest(Command* request, Command* reply)
             [&](const Command& finished) { done = done || isSameValue(finished, direct); });
     m_lanes.addUrgent(direct, time());
     const QPointer<ModuleLink> self(this);
-    const int session = m_session; // a link that was closed and opened again has forgotten it
-    while (self && !done && isOpen() && m_session == session)
+    const int opening = m_openings; // a link closed and opened again has forgotten it
+    while (self && !done && isOpen() && m_openings == opening)
         m_clock.advance(1);
 }
 

@@ -90,7 +90,7 @@ private:
     State m_state = State::Closed;
     char m_address = 1;
     RequestLanes m_lanes;
-    int m_session = 0;
+    int m_openings = 0;
     int m_answers = 0;
     int m_answerTime = 1;
     qint64 m_lastAnswer = 0;
